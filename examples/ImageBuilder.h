@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+
+#include "velk/datablock/HwDatablock.h"
+#include "velk/datablock/HwDatablockEnd.h"
+
+namespace Examples {
+
+/// Puts a module memory together: block after block, then the end block and erased memory.
+class ImageBuilder {
+ public:
+  ImageBuilder& add(Velk::HwDatablock& block) {
+    bytes_ += block.getByteArrayData();
+    return *this;
+  }
+  /// A block of an id that no class serves.
+  ImageBuilder& add(unsigned short id, const QByteArray& payload) {
+    Velk::HwDatablock block(true);
+    QByteArray bytes = block.getByteArrayData() + payload;
+    block.setData(bytes);
+    block.setBlockSize(static_cast<unsigned short>(bytes.size()));
+    block.setBlockId(id);
+    return add(block);
+  }
+  QByteArray finish(qsizetype memorySize) {
+    Velk::HwDatablockEnd end;
+    add(end);
+    bytes_.append(std::max<qsizetype>(0, memorySize - bytes_.size()), '\xFF');
+    return bytes_;
+  }
+
+ private:
+  QByteArray bytes_;
+};
+
+}  // namespace Examples

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QByteArray>
+#include <fstream>
+#include <locale>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "velk/datablock/HwDatablock.h"
+#include "velk/platform/Console.h"
+#include "velk/platform/ErrorManager.h"
+
+namespace VelkTest {
+
+/// Collects what the library writes to the standard streams while it lives.
+class ConsoleCapture {
+ public:
+  ConsoleCapture()
+      : former_(Velk::Console::redirect([this](Velk::Console::Stream stream, std::string_view text) {
+          (stream == Velk::Console::Stream::Output ? output : error) += text;
+        })) {}
+  ConsoleCapture(const ConsoleCapture&) = delete;
+  ConsoleCapture& operator=(const ConsoleCapture&) = delete;
+  ~ConsoleCapture() { Velk::Console::redirect(former_); }
+
+  std::string output;
+  std::string error;
+
+ private:
+  Velk::Console::Handler former_;
+};
+
+/// Collects the errors that are signalled while it lives, as "1040001:text".
+class ErrorCapture {
+ public:
+  ErrorCapture()
+      : former_(Velk::ErrorManager()->setSink([this](int id, const QString& detail) {
+          errors.push_back(std::to_string(id) + ":" + detail.toStdString());
+        })) {}
+  ErrorCapture(const ErrorCapture&) = delete;
+  ErrorCapture& operator=(const ErrorCapture&) = delete;
+  ~ErrorCapture() { Velk::ErrorManager()->setSink(former_); }
+
+  std::vector<std::string> errors;
+
+ private:
+  Velk::CErrorManager::Sink former_;
+};
+
+/// "01 00 FF" as bytes.
+inline QByteArray fromHex(const char* text) { return QByteArray::fromHex(text); }
+
+inline std::string hexOf(Velk::HwDatablock& block) {
+  return block.getByteArrayData().toHex(' ').toUpper().toStdString();
+}
+
+inline std::string printed(Velk::HwDatablock& block) {
+  std::ostringstream os;
+  block.printToStream(os);
+  return os.str();
+}
+
+/// Writes numbers with a decimal comma and groups of digits, and with every flag that could reach a text.
+inline std::ostringstream hostileStream() {
+  class Comma : public std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  std::ostringstream os;
+  os.imbue(std::locale(os.getloc(), new Comma));
+  os << std::hex << std::showbase << std::showpos << std::uppercase << std::left << std::scientific;
+  os.fill('*');
+  os.precision(1);
+  os.width(30);
+  return os;
+}
+
+inline std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << path;
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The expected text in tests/golden/; VELK_UPDATE_GOLDEN in the environment writes it anew instead.
+inline std::string golden(const std::string& name, const std::string& actual) {
+  const std::string path = std::string(VELK_SOURCE_DIR "/tests/golden/") + name;
+  if (std::getenv("VELK_UPDATE_GOLDEN") != nullptr) std::ofstream(path, std::ios::binary) << actual;
+  return readFile(path);
+}
+
+}  // namespace VelkTest

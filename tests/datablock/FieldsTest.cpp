@@ -1,0 +1,127 @@
+#include "velk/datablock/Fields.h"
+
+#include "TestSupport.h"
+#include "velk/records/HwDatablockIdent.h"
+
+namespace Velk {
+namespace {
+
+struct VELK_RECORD Entry {
+  signed char gain;
+  float offset;
+};
+
+struct VELK_RECORD Sample {
+  HwSDatablockHeader header;
+  unsigned int word;
+  short cells[2][3];
+  Entry entries[2];
+  double value;
+};
+
+constexpr FieldInfo entryFields[] = {VELK_FIELD(Entry, gain), VELK_FIELD(Entry, offset)};
+constexpr FieldInfo sampleFields[] = {
+    VELK_FIELD(Sample, word).part("low", {.shift = 0, .width = 4}),
+    VELK_FIELD(Sample, word).part("high", {.shift = 21, .width = 11, .isSigned = true}),
+    VELK_FIELD(Sample, cells),
+    VELK_FIELD(Sample, entries).of(entryFields),
+    VELK_FIELD(Sample, value),
+};
+
+class FieldsOfASample : public testing::Test {
+ protected:
+  FieldResult set(std::string_view path, std::string_view text) {
+    const auto element = findField(sampleFields, path);
+    return element ? setFieldText(bytes_, *element, text) : FieldResult::NoSuchField;
+  }
+  std::string get(std::string_view path) { return fieldText(bytes_, findField(sampleFields, path).value()); }
+
+  std::vector<unsigned char> bytes_ = std::vector<unsigned char>(sizeof(Sample));
+};
+
+TEST_F(FieldsOfASample, AreNamedByTheirPaths) {
+  std::string paths;
+  visitFields(sampleFields, [&](const std::string& path, FieldElement) { paths += path + ' '; });
+  EXPECT_EQ(paths,
+            "low high cells[0][0] cells[0][1] cells[0][2] cells[1][0] cells[1][1] cells[1][2] entries[0].gain "
+            "entries[0].offset entries[1].gain entries[1].offset value ");
+  visitFields(sampleFields, [](const std::string& path, FieldElement element) {
+    EXPECT_EQ(findField(sampleFields, path).value().offset, element.offset) << path;
+  });
+}
+
+TEST_F(FieldsOfASample, AreStoredWhereTheRecordHasThem) {
+  EXPECT_EQ(set("cells[1][2]", "-300"), FieldResult::Done);
+  EXPECT_EQ(set("entries[1].gain", "-128"), FieldResult::Done);
+  EXPECT_EQ(set("entries[1].offset", "0.1"), FieldResult::Done);
+  EXPECT_EQ(set("value", "1e-300"), FieldResult::Done);
+  EXPECT_EQ(set("low", "15"), FieldResult::Done);
+  EXPECT_EQ(set("high", "-1024"), FieldResult::Done);
+  Sample sample;
+  std::memcpy(&sample, bytes_.data(), sizeof sample);
+  EXPECT_EQ(sample.cells[1][2] + 0, -300);
+  EXPECT_EQ(sample.entries[1].gain, -128);
+  EXPECT_EQ(sample.entries[1].offset + 0, 0.1F);
+  EXPECT_EQ(sample.value + 0, 1e-300);
+  EXPECT_EQ(sample.word + 0, 0x8000000FU);
+  EXPECT_EQ(get("entries[1].offset"), "0.1");
+  EXPECT_EQ(get("high"), "-1024");
+  EXPECT_EQ(get("value"), "1e-300");
+}
+
+TEST_F(FieldsOfASample, RefuseWhatTheyCannotHold) {
+  const std::vector<unsigned char> before = bytes_;
+  for (const char* const path : {"", "lo", "cells", "cells[0]", "cells[2][0]", "cells[0][3]", "cells[-1][0]",
+                                 "cells[0][0][0]", "cells[ 0][0]", "cells[0", "entries[0]", "entries[0].none",
+                                 "entries.gain", "low[0]", "low.x", "value ", "cells[99999999999999999999][0]"}) {
+    EXPECT_EQ(set(path, "1"), FieldResult::NoSuchField) << path;
+  }
+  EXPECT_EQ(set("low", "16"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("low", "-1"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("high", "1024"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("cells[0][0]", "32768"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("cells[0][0]", "99999999999999999999"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("entries[0].offset", "1e39"), FieldResult::OutOfRange);
+  for (const char* const text : {"", "x", "1x", " 1", "1.5", "0x10"}) {
+    EXPECT_EQ(set("cells[0][0]", text), FieldResult::NotAValue) << text;
+  }
+  bytes_.resize(20);
+  EXPECT_EQ(set("value", "1"), FieldResult::OutsideBlock);
+  EXPECT_EQ(get("value"), "0");
+  EXPECT_EQ(bytes_, std::vector<unsigned char>(before.begin(), before.begin() + 20));
+}
+
+TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
+  HwDatablockIdent ident;
+  const auto set = [&](std::string_view path, std::string_view text) {
+    return setFieldText({ident.getData(), 44}, findField(identFields, path).value(), text);
+  };
+  EXPECT_EQ(set("serialNumber", "4294967295"), FieldResult::Done);
+  EXPECT_EQ(set("variant", "2"), FieldResult::Done);
+  EXPECT_EQ(set("productDate", "2017-03-15"), FieldResult::Done);
+  EXPECT_EQ(set("name", "RF board 4711x"), FieldResult::Done) << "14 bytes fill the name";
+  EXPECT_EQ(ident.getSerialNumber(), 4294967295U);
+  EXPECT_EQ(ident.getVariant(), 2);
+  EXPECT_EQ(ident.getProductDate(), 0x4A6F);
+  EXPECT_EQ(ident.getName(), "RF board 4711x");
+
+  EXPECT_EQ(set("variant", "256"), FieldResult::OutOfRange);
+  EXPECT_EQ(set("name", "RF board 4711xy"), FieldResult::OutOfRange);
+  for (const char* const date : {"1979-01-01", "2108-01-01", "2017-13-01", "2017-00-10", "2017-01-32"}) {
+    EXPECT_EQ(set("productDate", date), FieldResult::OutOfRange) << date;
+  }
+  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F"}) {
+    EXPECT_EQ(set("productDate", date), FieldResult::NotAValue) << date;
+  }
+
+  std::string text;
+  visitFields(identFields, [&](const std::string& path, FieldElement element) {
+    text += path + '=' + fieldText({ident.getData(), 44}, element) + '\n';
+  });
+  EXPECT_EQ(text,
+            "eepromSize=0\npartNumber=0\nvariant=2\nhardwareCode=0\nproductIndex=0\nserialNumber=4294967295\n"
+            "productDate=2017-03-15\nreadCode=0\ntestInstruction=0\nname=RF board 4711x\n");
+}
+
+}  // namespace
+}  // namespace Velk

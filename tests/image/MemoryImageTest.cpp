@@ -1,0 +1,147 @@
+#include "velk/image/MemoryImage.h"
+
+#include "ImageBuilder.h"
+#include "TestSupport.h"
+#include "velk/records/HwDatablockIdent.h"
+
+namespace Velk {
+namespace {
+
+using Examples::ImageBuilder;
+using VelkTest::fromHex;
+
+/// "0 IDENT_2 44 sound, 44 END 4 sound": what the walk sees, one block after another.
+std::string walked(const QByteArray& bytes, std::uint64_t start = 0) {
+  std::string text;
+  for (const BlockView& block : MemoryImage(bytes, start)) {
+    if (!text.empty()) text += ", ";
+    text += std::to_string(block.offset) + ' ' + blockName(block) + ' ' + std::to_string(block.bytes.size()) + ' ' +
+            verdictName(block);
+  }
+  return text;
+}
+
+HwDatablockIdent ident(unsigned serialNumber) {
+  HwDatablockIdent block;
+  block.setSerialNumber(serialNumber);
+  return block;
+}
+
+QByteArray twoIdents() {
+  HwDatablockIdent first = ident(1);
+  HwDatablockIdent second = ident(2);
+  return ImageBuilder().add(first).add(second).finish(128);
+}
+
+TEST(MemoryImage, IsBlocksUpToTheEndBlock) {
+  EXPECT_EQ(walked(twoIdents()), "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound");
+  EXPECT_EQ(walked(twoIdents(), 44), "44 IDENT_2 44 sound, 88 END 4 sound");
+  EXPECT_EQ(walked(twoIdents(), 1000), "");
+  EXPECT_EQ(walked(twoIdents().left(88)), "0 IDENT_2 44 sound, 44 IDENT_2 44 sound");
+}
+
+TEST(MemoryImage, SmallestInputs) {
+  EXPECT_EQ(walked({}), "");
+  EXPECT_EQ(walked(fromHex("02")), "0 - 1 too short for a block");
+  EXPECT_EQ(walked(fromHex("FF")), "0 - 1 too short for a block");
+  EXPECT_EQ(walked(fromHex("FF FF")), "0 END 2 sound");
+  EXPECT_EQ(walked(fromHex("FF FF 00 00 FF")), "0 END 4 sound");
+  EXPECT_EQ(walked(fromHex("02 00 08 00 00 00 00")), "0 - 7 too short for a block");
+}
+
+TEST(MemoryImage, SizesThatCannotBeBelievedAreSkippedToTheNextSoundBlock) {
+  for (const int size : {0, 1, 7, 12, 45, 129, 65535}) {
+    QByteArray image = twoIdents();
+    image[2] = static_cast<char>(size & 0xFF);
+    image[3] = static_cast<char>(size >> 8);
+    EXPECT_EQ(walked(image), "0 IDENT_2 44 damaged size, 44 IDENT_2 44 sound, 88 END 4 sound") << size;
+  }
+}
+
+TEST(MemoryImage, DamageBeforeTheEndBlockIsSkippedToIt) {
+  QByteArray image = twoIdents();
+  image[46] = 3;
+  EXPECT_EQ(walked(image), "0 IDENT_2 44 sound, 44 IDENT_2 44 damaged size, 88 END 4 sound");
+  image.truncate(88);
+  EXPECT_EQ(walked(image), "0 IDENT_2 44 sound, 44 IDENT_2 44 damaged size");
+  EXPECT_EQ(walked(image.left(80)), "0 IDENT_2 44 sound, 44 IDENT_2 36 damaged size");
+}
+
+TEST(MemoryImage, ABelievableSizeIsKeptWhateverTheBytes) {
+  QByteArray image = twoIdents();
+  image[20] = 9;
+  EXPECT_EQ(walked(image), "0 IDENT_2 44 wrong checksum, 44 IDENT_2 44 sound, 88 END 4 sound");
+  image = twoIdents();
+  image[0] = 99;
+  EXPECT_EQ(walked(image), "0 ID_99 44 wrong checksum, 44 IDENT_2 44 sound, 88 END 4 sound");
+}
+
+TEST(MemoryImage, ASoundBlockMayHaveAnUnexpectedSize) {
+  HwDatablock longer(true);
+  longer.resizeData(48);
+  longer.setBlockSize(48);
+  longer.setBlockId(2);
+  const QByteArray bytes = ImageBuilder().add(longer).finish(0);
+  EXPECT_EQ(walked(bytes), "0 IDENT_2 48 sound, 48 END 4 sound");
+  const BlockView block = *MemoryImage(bytes).begin();
+  EXPECT_TRUE(block.has(Finding::SizeNotOfClass));
+  EXPECT_EQ(describe(block, Finding::SizeNotOfClass), "size 48, blocks of this id have 44");
+}
+
+TEST(MemoryImage, BytesBehindTheEndBlockHaveToBeErased) {
+  QByteArray image = twoIdents();
+  image[120] = 0;
+  EXPECT_EQ(walked(image), "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 92 - 36 not erased");
+  const MemoryImage walkedImage(image);
+  for (const BlockView& block : walkedImage) {
+    if (block.kind == BlockKind::Stray) {
+      EXPECT_EQ(describe(block, Finding::NotErased),
+                "36 bytes behind the end block are not erased, the first at 0x0078");
+    }
+  }
+}
+
+TEST(MemoryImage, CrcAndEventCounterIdentifierDecideBeforeTheId) {
+  // The id of the ident block, in a block that describes itself.
+  QByteArray crc = fromHex("02 00 10 00 00 00 00 00 00 00 00 00 AA BB CC DD");
+  HwDatablock block(true);
+  const unsigned value = block.computeChecksum32(reinterpret_cast<unsigned char*>(crc.data()), 16);
+  std::memcpy(crc.data() + 8, &value, sizeof value);
+  EXPECT_EQ(walked(crc), "0 ID_2 16 sound");
+  EXPECT_EQ(MemoryImage(crc).begin()->kind, BlockKind::SecondEdition);
+  EXPECT_TRUE(MemoryImage(crc).begin()->has(Finding::WrongSumBesideCrc));
+
+  const QByteArray counter = fromHex("05 00 10 00 00 00 00 00 10 00 2D 45 00 00 00 00");
+  EXPECT_EQ(walked(counter), "0 ID_5 16 sound");
+  EXPECT_EQ(MemoryImage(counter).begin()->kind, BlockKind::EventCounter);
+}
+
+TEST(MemoryImage, EveryByteIsInAViewWhateverIsDamaged) {
+  const QByteArray image = twoIdents();
+  for (qsizetype length = 0; length <= image.size(); ++length) {
+    for (const int damaged : {-1, 2, 3, 46, 47}) {
+      QByteArray bytes = image.left(length);
+      if (damaged >= 0 && damaged < length) bytes[damaged] = 0x55;
+      std::uint64_t position = 0;
+      bool ended = false;
+      for (const BlockView& block : MemoryImage(bytes)) {
+        EXPECT_EQ(block.offset, position);
+        position += block.bytes.size();
+        ended = ended || block.kind == BlockKind::End;
+      }
+      EXPECT_TRUE(ended || position == static_cast<std::uint64_t>(length)) << length << ' ' << damaged;
+    }
+  }
+}
+
+TEST(MemoryImage, LongDamagedImagesAreWalkedInProportionToTheirLength) {
+  // A header of a long block at every fourth byte, none of them sound.
+  const qsizetype size = 8 * 1024 * 1024;
+  QByteArray image;
+  image.reserve(size);
+  while (image.size() < size) image += fromHex("02 00 FF FF");
+  EXPECT_EQ(walked(image), "0 IDENT_2 8388602 damaged size, 8388602 END 4 sound");
+}
+
+}  // namespace
+}  // namespace Velk

@@ -1,0 +1,77 @@
+#include "velk/oldstyle/BlockCatalogue.h"
+
+#include "TestSupport.h"
+#include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
+
+namespace Velk {
+namespace {
+
+using VelkTest::ConsoleCapture;
+using VelkTest::fromHex;
+
+TEST(BlockCatalogue, RowsTellTheTruthAboutTheirClasses) {
+  for (const CatalogueRow& row : dictionaryRows()) {
+    for (int id = row.firstId; id <= row.lastId; ++id) {
+      SCOPED_TRACE(row.className + std::string(", id ") + std::to_string(id));
+      const auto blockId = static_cast<unsigned short>(id);
+      EXPECT_EQ(findDictionaryRow(id), &row);
+      EXPECT_EQ(findCatalogueRow(id), &row);
+      const std::unique_ptr<HwDatablock> block = row.make(blockId);
+      EXPECT_EQ(block->getBlockSize(), row.size);
+      EXPECT_EQ(block->getByteArrayData().size(), row.size);
+      // The text names the block by its key.
+      if (block->getId() == blockId) EXPECT_NE(VelkTest::printed(*block).find(row.key(blockId)), std::string::npos);
+    }
+  }
+  EXPECT_EQ(findDictionaryRow(1), nullptr);
+  EXPECT_EQ(findDictionaryRow(65536), nullptr);
+  EXPECT_EQ(findCatalogueRow(-1), nullptr);
+}
+
+TEST(BlockCatalogue, FieldsLieInsideTheirBlocksAndHaveNamesOfTheirOwn) {
+  for (const CatalogueRow& row : dictionaryRows()) {
+    visitFields(row.fields, [&](const std::string& path, FieldElement element) {
+      EXPECT_LE(element.offset + element.field->stride, row.size) << row.className << ' ' << path;
+      const auto found = findField(row.fields, path);
+      EXPECT_TRUE(found && found->field == element.field) << row.className << ' ' << path;
+    });
+  }
+}
+
+TEST(OldStyleInterpreter, PrintsABlockByItsId) {
+  HwDatablockOldStyleInterpreter interpreter;
+  HwDatablock block(false);
+  block.setData(fromHex("FF FF 00 00"));
+  std::ostringstream os;
+  EXPECT_TRUE(interpreter.printHwDatablockOldStyleInfo(&block, os));
+  EXPECT_EQ(os.str(), "# Das ist der END Block\nID:              END\n\n");
+}
+
+TEST(OldStyleInterpreter, PrintsDamagedAndShortBlocksWithZerosForWhatIsMissing) {
+  ConsoleCapture console;
+  HwDatablockOldStyleInterpreter interpreter;
+  HwDatablock block(false);
+  block.setData(fromHex("03 00 2C 00 11 11 05 00 00 10 00 00 38 1E"));
+  for (int times = 0; times < 2; ++times) {
+    std::ostringstream os;
+    EXPECT_TRUE(interpreter.printHwDatablockOldStyleInfo(&block, os));
+    EXPECT_EQ(os.str().substr(0, 118),
+              "# Das sind die Kopfdaten\nID:              IDENT_3\nALIGNMENT:       5\nEEPROMSIZE:      4096\n"
+              "PARTNUMBER:      0.0000.00\n");
+  }
+  EXPECT_EQ(VelkTest::hexOf(block), "03 00 2C 00 11 11 05 00 00 10 00 00 38 1E");
+}
+
+TEST(OldStyleInterpreter, RefusesWhatItDoesNotKnowEveryTime) {
+  HwDatablockOldStyleInterpreter interpreter;
+  std::ostringstream os;
+  HwDatablock block(false);
+  block.setBlockId(12309);
+  EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(nullptr, os));
+  EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&block, os));
+  EXPECT_FALSE(interpreter.printHwDatablockOldStyleInfo(&block, os));
+  EXPECT_EQ(os.str(), "");
+}
+
+}  // namespace
+}  // namespace Velk

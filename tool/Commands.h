@@ -1,0 +1,15 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "Session.h"
+
+namespace VelkTool {
+
+/// Each adds one subcommand to the command line; its work is done while the line is parsed.
+void addList(CLI::App& app, Session& session);
+void addCheck(CLI::App& app, Session& session);
+void addPrint(CLI::App& app, Session& session);
+void addIds(CLI::App& app, Session& session);
+
+}  // namespace VelkTool

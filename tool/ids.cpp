@@ -1,0 +1,31 @@
+#include "Commands.h"
+#include "velk/oldstyle/BlockCatalogue.h"
+
+namespace VelkTool {
+namespace {
+
+std::string row(const Velk::CatalogueRow& catalogued, unsigned short id) {
+  std::string line = std::to_string(id);
+  line.resize(7, ' ');
+  line += catalogued.className;
+  line.resize(std::max<std::size_t>(line.size() + 1, 54), ' ');
+  line += catalogued.key(id);
+  line.resize(std::max<std::size_t>(line.size() + 1, 92), ' ');
+  return line + std::to_string(catalogued.size) + (catalogued.longerToo ? "+" : "") + '\n';
+}
+
+}  // namespace
+
+void addIds(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("ids", "Every block id that is known: its class, key and size");
+  command->footer("A + behind a size: blocks may be longer.\n\nExample:\n  velk ids | grep -i ident");
+  command->callback([&session] {
+    for (const Velk::CatalogueRow& catalogued : Velk::dictionaryRows()) {
+      for (int id = catalogued.firstId; id <= catalogued.lastId; ++id) {
+        session.write(row(catalogued, static_cast<unsigned short>(id)));
+      }
+    }
+  });
+}
+
+}  // namespace VelkTool

@@ -1,0 +1,30 @@
+#include "Commands.h"
+#include "velk/platform/Console.h"
+
+int main(int argc, char** argv) {
+  using namespace VelkTool;
+  // What the library has to say of a damaged block the command says itself, with file and offset.
+  Velk::Console::redirect([](Velk::Console::Stream, std::string_view) {});
+
+  CLI::App app("Looks into the memory images of instrument modules: lists, checks and prints their datablocks.",
+               "velk");
+  app.set_version_flag("--version", "velk " VELK_VERSION);
+  app.require_subcommand(1);
+  app.footer(
+      "A memory image is a raw dump of a module's EEPROM or of a flash sector.\n"
+      "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 a file could not be read or written.\n"
+      "\"velk COMMAND --help\" tells more and shows an example.");
+
+  Session session;
+  addList(app, session);
+  addCheck(app, session);
+  addPrint(app, session);
+  addIds(app, session);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? static_cast<int>(Exit::Good) : static_cast<int>(Exit::Usage);
+  }
+  session.flush();
+  return session.exitCode();
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <span>
+
+#include "velk/datablock/ByteOrder.h"
+
+namespace Velk::detail {
+
+using ConstBytes = std::span<const unsigned char>;
+using MutableBytes = std::span<unsigned char>;
+
+/// Whether `count` bytes from `offset` lie wholly inside `size` bytes; cannot overflow.
+constexpr bool fits(std::size_t size, std::size_t offset, std::size_t count) noexcept {
+  return count <= size && offset <= size - count;
+}
+
+/// The stored value at `offset`, or 0 where it is not wholly inside the bytes.
+template <class T>
+T load(ConstBytes bytes, std::size_t offset) noexcept {
+  T value{};
+  if (fits(bytes.size(), offset, sizeof(T))) {
+    std::memcpy(&value, bytes.data() + offset, sizeof(T));
+    swapStoredAndHost(value);
+  }
+  return value;
+}
+
+/// Stores `value` at `offset`; does nothing and returns false where it is not wholly inside the bytes.
+template <class T>
+bool store(MutableBytes bytes, std::size_t offset, T value) noexcept {
+  if (!fits(bytes.size(), offset, sizeof(T))) return false;
+  swapStoredAndHost(value);
+  std::memcpy(bytes.data() + offset, &value, sizeof(T));
+  return true;
+}
+
+}  // namespace Velk::detail

@@ -1,0 +1,167 @@
+#pragma once
+
+#include <QByteArray>
+#include <array>
+#include <cstdint>
+#include <iosfwd>
+
+#include "velk/datablock/Bytes.h"
+#include "velk/datablock/HwDatablockTypes.h"
+#include "velk/diag/HwObject.h"
+
+namespace Velk {
+
+/// One record of a module memory (serial EEPROM or flash sector): an 8-byte header and a payload that the block id or,
+/// in second-edition blocks, the payload itself describes. The base of every datablock class.
+///
+/// The block owns its bytes in a shared QByteArray that is detached before each write. Nothing that a block's bytes
+/// claim is believed: a header field that is not wholly inside the buffer reads as 0 and is not written, and a block
+/// size beyond the buffer is cut to it. Errors are results, never exceptions. An object belongs to one thread at a
+/// time; buffers may be handed between threads freely.
+class VELK_EXPORT HwDatablock : public HwObject {
+ public:
+  /// The characters of an event counter block's identifier, without a terminating zero.
+  static constexpr std::array<char, 16> eventCountIdentifier = {'-', 'E', 'V', 'E', 'N', 'T', '-', '-',
+                                                                'C', 'O', 'U', 'N', 'T', 'E', 'R', '-'};
+  /// The byte table of the standard CRC-32 (reflected polynomial 0xEDB88320).
+  static constexpr std::array<std::uint32_t, 256> sTable = [] {
+    std::array<std::uint32_t, 256> table{};
+    for (std::uint32_t i = 0; i < table.size(); ++i) {
+      std::uint32_t crc = i;
+      for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ ((crc & 1U) != 0 ? 0xEDB88320U : 0U);
+      table[i] = crc;
+    }
+    return table;
+  }();
+
+  /// An empty block: a header with id 0 and size 8. The flag tells callers whether converting the block should stop at
+  /// an error; the library only keeps it.
+  explicit HwDatablock(bool stopConversionOnError);
+
+  /// The block's 16-bit checksum; leaves 0 in the stored checksum. Store the result with setChecksum.
+  virtual unsigned short computeChecksum();
+  /// The 16-bit checksum of a record in memory, at any address; the record is only read.
+  virtual unsigned short computeChecksum(unsigned short* words, unsigned short byteCount);
+
+  virtual unsigned short getId();
+  /// The size that the header claims; 4 for erased memory.
+  virtual unsigned short getBlockSize();
+  virtual unsigned short getChecksum();
+  virtual unsigned short getAlignment();
+  /// The block's bytes, detached, for reading and writing in place; valid until the block changes.
+  virtual unsigned char* getData();
+  virtual QByteArray getByteArrayData();
+
+  /// Where the caller found the block in its memory.
+  virtual unsigned int getEepromAddress();
+  virtual unsigned int getEepromSector();
+  virtual HwEDataFormatTyp getDataFormatTyp();
+  virtual HwEDatablockClassTyp getDatablockClassTyp();
+  /// What an event counter block of this size carries in place of a CRC-32.
+  virtual unsigned int getMagicIdentifierEventCount();
+  virtual bool getStopConversionOnError();
+
+  /// Takes over the bytes of `other`, and nothing else of it.
+  virtual void replaceDataInList(HwDatablock* other);
+
+  /// Whether the block's 16-bit words add up to 0.
+  virtual bool verifyChecksum();
+  /// Whether a record's 16-bit words add up to 0; the record may be at any address. The flag has no effect.
+  virtual bool verifyChecksum(unsigned short* words, unsigned short byteCount, bool flag);
+
+  /// Each header setter but the last two stores a fresh checksum.
+  virtual void setBlockId(unsigned short id);
+  virtual void setBlockSize(unsigned short size);
+  virtual void setBlockSizeWithoutCalcChecksumm(unsigned short size);
+  virtual void setChecksum(unsigned short checksum);
+  virtual void setAlignment(unsigned short alignment);
+
+  /// Each setData takes the bytes whatever they are and returns whether their checksum is right; false for null.
+  virtual bool setData(QByteArray bytes);
+  virtual bool setData(HwDatablock* source);
+  virtual bool setDataWithoutChecksumCheck(HwDatablock* source);
+  virtual bool setData(const unsigned char* bytes, unsigned int count);
+  /// Always true; null leaves the block alone.
+  virtual bool setDataWithoutChecksumCheck(const unsigned char* bytes, unsigned int count);
+  /// Brings `source` into the firmware's own layout and takes it over.
+  virtual void setHwDatablockFirmwareConform(HwDatablock* source);
+
+  virtual bool setEepromAddress(unsigned int address);
+  virtual bool setEepromSector(unsigned int sector);
+  /// Records the byte order of the bytes without touching them.
+  virtual bool setDataFormatTyp(HwEDataFormatTyp format);
+  virtual bool setDatablockClassTyp(HwEDatablockClassTyp type);
+
+  /// Makes the buffer `size` bytes long: zeroes what it adds, gives back what it cuts. The header stays.
+  virtual void resizeData(unsigned int size);
+
+  /// Writes the block's text form; this base form is the raw bytes in lines of 60.
+  virtual std::ostream& printToStream(std::ostream& os);
+
+  /// The CRC-32 at bytes 8 to 11, or 0.
+  unsigned int getChecksum32();
+  /// Marks the block for its caller; the library itself never looks at the mark.
+  void setDatablockToCorrupt(bool corrupt);
+  /// Writes `count` bytes in hexadecimal to the Console's output, 16 a line.
+  void printHexDump(char* bytes, unsigned int count);
+
+  /// CRC-32 of a block image without its bytes 4 to 11.
+  unsigned int computeChecksum32();
+  unsigned int computeChecksum32(unsigned char* bytes, unsigned int count);
+  /// Whether the stored CRC-32 is right or the block carries the event counter identifier; the latter sets the class
+  /// type.
+  bool verifyChecksum32();
+  /// Whether this block's stored CRC-32 is that of another image.
+  bool verifyChecksum32(unsigned char* bytes, unsigned int count);
+
+  /// Convert a value in place between the stored layout and the host's.
+  static void SwapIntel2Ppc(unsigned short& value);
+  static void SwapIntel2Ppc(short& value);
+  static void SwapIntel2Ppc(unsigned int& value);
+  static void SwapIntel2Ppc(unsigned long& value);  ///< of its lower 32 bits
+  static void SwapIntel2Ppc(int& value);
+  static void SwapIntel2Ppc(float& value);
+  static void SwapIntel2Ppc(double& value);
+  static void SwapCharString(char* text, unsigned int length);
+
+  /// Converts a second-edition image in place, by its own description.
+  void swapBlock(HwEDataFormatTyp target, char* bytes, unsigned short length);
+  /// Converts this block, a second-edition block, to `target` unless it has that format.
+  void swapBlock(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
+  /// Brings `block` into the target format: by its own description where its CRC-32 is right, by block id otherwise.
+  /// A block of an unknown id stays as it is.
+  void swapDataTo(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
+
+  /// Registers the library's error table; call it once at start-up.
+  static void registerErrors();
+
+ protected:
+  detail::ConstBytes bytes() const;
+  /// The buffer, detached.
+  detail::MutableBytes mutableBytes();
+
+  /// The one gate to a field: 0, and no store, where the field is not wholly inside the buffer.
+  template <class T>
+  T load(std::size_t offset) const {
+    return detail::load<T>(bytes(), offset);
+  }
+  template <class T>
+  bool store(std::size_t offset, T value) {
+    return detail::fits(bytes().size(), offset, sizeof(T)) && detail::store(mutableBytes(), offset, value);
+  }
+
+ private:
+  /// The bytes that the header's size covers, cut to the buffer; a cut is reported under the caller's name.
+  detail::ConstBytes checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const;
+  void reportWrongChecksum();
+
+  bool stopConversionOnError_;
+  unsigned int eepromAddress_ = 0;
+  unsigned int eepromSector_ = 0;
+  HwEDataFormatTyp dataFormat_ = INTEL_Conform;
+  HwEDatablockClassTyp classType_ = HwDatablockClassOrdinary;
+  bool corrupt_ = false;
+  QByteArray data_;
+};
+
+}  // namespace Velk

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "velk/datablock/Fields.h"
+#include "velk/datablock/HwDatablock.h"
+
+namespace Velk {
+
+struct VELK_RECORD HwSDatablockEnd {
+  unsigned short id;
+  unsigned short data;
+
+  bool operator==(const HwSDatablockEnd&) const = default;
+};
+static_assert(sizeof(HwSDatablockEnd) == 4);
+
+inline constexpr FieldInfo endFields[] = {VELK_FIELD(HwSDatablockEnd, id), VELK_FIELD(HwSDatablockEnd, data)};
+
+/// The marker behind the last block of a memory: the id of erased memory and a data word. It has no checksum and
+/// nothing to protect, so it always verifies.
+class VELK_EXPORT HwDatablockEnd : public HwDatablock {
+ public:
+  HwDatablockEnd();
+
+  /// The detached record; a shorter buffer is extended with zeros first.
+  HwSDatablockEnd* getBlock();
+  void setEndBlock();
+  void setEndBlockID(unsigned short id);
+  void setEndBlockData(unsigned short data);
+  /// Takes any record over; always 0.
+  int setBlock(const HwSDatablockEnd* record);
+
+  using HwDatablock::computeChecksum;
+  using HwDatablock::verifyChecksum;
+  unsigned short computeChecksum() override;
+  unsigned short getBlockSize() override;
+  unsigned short getChecksum() override;
+  bool verifyChecksum() override;
+  void setChecksum(unsigned short checksum) override;
+  std::ostream& printToStream(std::ostream& os) override;
+
+  virtual unsigned short computeChecksum(unsigned short* words, short byteCount);
+  virtual bool verifyChecksum(unsigned short* words, short byteCount);
+};
+
+}  // namespace Velk

@@ -1,0 +1,73 @@
+#include "velk/datablock/HwRecordBlock.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "velk/diag/HwErrors.h"
+#include "velk/platform/ErrorManager.h"
+
+namespace Velk {
+namespace detail {
+
+void applyRecordRules(MutableBytes record, const RecordTraits& traits, AlignmentRule alignment) {
+  store(record, offsetof(HwSDatablockHeader, blockSize), traits.size);
+  if (alignment == AlignmentRule::Clear) store<unsigned short>(record, offsetof(HwSDatablockHeader, alignment), 0);
+  const MutableBytes text = record.subspan(traits.text.offset, traits.text.length);
+  std::fill(std::find(text.begin(), text.end(), 0), text.end(), static_cast<unsigned char>(0));
+}
+
+}  // namespace detail
+
+HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError)
+    : HwRecordBlock(traits, stopConversionOnError, traits.id) {}
+
+HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError, unsigned short id)
+    : HwDatablock(stopConversionOnError), traits_(&traits) {
+  HwDatablock::resizeData(traits.size);
+  store(offsetof(HwSDatablockHeader, id), id);
+  store(offsetof(HwSDatablockHeader, blockSize), traits.size);
+}
+
+unsigned char* HwRecordBlock::recordBytes() {
+  if (bytes().size() < traits_->size) resizeData(traits_->size);
+  return mutableBytes().data();
+}
+
+int HwRecordBlock::setRecord(const void* record) {
+  // The record is only read; the signature lacks the const.
+  auto* const words = static_cast<unsigned short*>(const_cast<void*>(record));
+  if (record == nullptr || !verifyChecksum(words, traits_->size, true)) {
+    ErrorManager()->signal(IdErrEprDataEepromVerifyChksumFailed, ("   " + QByteArray(traits_->refusal)).constData());
+    return 1;
+  }
+  copyRecord(record, traits_->onSet);
+  return 0;
+}
+
+void HwRecordBlock::swapRecord(const void* record) {
+  if (record != nullptr) copyRecord(record, traits_->onSwap);
+}
+
+void HwRecordBlock::copyRecord(const void* record, AlignmentRule alignment) {
+  unsigned char* const own = recordBytes();
+  std::memmove(own, record, traits_->size);
+  detail::applyRecordRules({own, traits_->size}, *traits_, alignment);
+}
+
+std::string_view HwRecordBlock::loadText(std::size_t offset, std::size_t length) const {
+  const detail::ConstBytes all = bytes();
+  const std::size_t begin = std::min(offset, all.size());
+  const detail::ConstBytes text = all.subspan(begin, std::min(length, all.size() - begin));
+  const auto end = std::find(text.begin(), text.end(), 0);
+  return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
+}
+
+void HwRecordBlock::storeText(std::size_t offset, std::size_t length, const QByteArray& text) {
+  for (std::size_t i = 0; i < length; ++i) {
+    const auto at = static_cast<qsizetype>(i);
+    store(offset + i, at < text.size() ? text.at(at) : '\0');
+  }
+  storeFreshChecksum();
+}
+
+}  // namespace Velk

@@ -1,0 +1,211 @@
+#include "velk/image/MemoryImage.h"
+
+#include <algorithm>
+
+#include "velk/datablock/Checksums.h"
+
+namespace Velk {
+namespace {
+
+using detail::ConstBytes;
+
+constexpr std::size_t headerSize = sizeof(HwSDatablockHeader);
+constexpr std::size_t endSize = 4;
+constexpr unsigned char erased = 0xFF;
+
+unsigned short idOf(ConstBytes block) { return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, id)); }
+
+unsigned short sizeOf(ConstBytes block) {
+  return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
+}
+
+/// The kind of a block whose size can be believed.
+BlockKind kindOf(ConstBytes bytes, const CatalogueRow* row) {
+  if (bytes.size() >= detail::shortestCrcBlock) {
+    const auto stored = detail::load<std::uint32_t>(bytes, detail::crcOffset);
+    if (stored == detail::crcOf(bytes)) return BlockKind::SecondEdition;
+    if (stored == detail::eventCounterMagic(sizeOf(bytes))) return BlockKind::EventCounter;
+  }
+  return row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
+}
+
+bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
+
+std::string hex(std::uint64_t value, unsigned width) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string text;
+  for (; value != 0 || text.size() < width; value >>= 4U) text.insert(text.begin(), digits[value & 0xFU]);
+  return "0x" + text;
+}
+
+std::string describeChecksum(const BlockView& block) {
+  const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
+  return "checksum is " + hex(stored, 4) + ", the bytes give " + hex(detail::checksumOf(block.bytes), 4);
+}
+
+std::string describeNotErased(const BlockView& block) {
+  const auto first = std::find_if(block.bytes.begin(), block.bytes.end(), [](unsigned char b) { return b != erased; });
+  const auto at = static_cast<std::uint64_t>(first - block.bytes.begin());
+  return std::to_string(block.bytes.size()) + " bytes behind the end block are not erased, the first at " +
+         hex(block.offset + at, 4);
+}
+
+struct FindingName {
+  Finding finding;
+  const char* name;
+};
+
+constexpr FindingName findingNames[] = {
+    {Finding::UnbelievableSize, "damaged size"},  {Finding::WrongChecksum, "wrong checksum"},
+    {Finding::TooShort, "too short for a block"}, {Finding::NotErased, "not erased"},
+    {Finding::SizeNotOfClass, "unexpected size"}, {Finding::WrongSumBesideCrc, "wrong 16-bit checksum"},
+};
+
+constexpr Finding firstRemark = Finding::SizeNotOfClass;
+
+}  // namespace
+
+bool BlockView::isSound() const {
+  return std::ranges::none_of(
+      findingNames, [this](const FindingName& entry) { return entry.finding < firstRemark && has(entry.finding); });
+}
+
+const char* kindName(BlockKind kind) {
+  constexpr const char* names[] = {"old-style", "second-edition", "event-counter", "end", "unknown", "stray"};
+  return names[static_cast<std::size_t>(kind)];
+}
+
+std::string blockName(const BlockView& block) {
+  if (block.row != nullptr) return block.row->key(block.id);
+  return block.kind == BlockKind::Stray ? "-" : "ID_" + std::to_string(block.id);
+}
+
+const char* verdictName(const BlockView& block) {
+  if (block.isSound()) return "sound";
+  return std::ranges::find_if(findingNames, [&](const FindingName& entry) { return block.has(entry.finding); })->name;
+}
+
+std::string describe(const BlockView& block, Finding finding) {
+  switch (finding) {
+    case Finding::UnbelievableSize:
+      return "size " + std::to_string(block.declaredSize) + " cannot be right, " + std::to_string(block.bytes.size()) +
+             " bytes taken up to the next block";
+    case Finding::WrongChecksum:
+    case Finding::WrongSumBesideCrc:
+      return describeChecksum(block);
+    case Finding::TooShort:
+      return std::to_string(block.bytes.size()) + " bytes are too few for a block";
+    case Finding::NotErased:
+      return describeNotErased(block);
+    case Finding::SizeNotOfClass:
+      return "size " + std::to_string(block.declaredSize) + ", blocks of this id have " +
+             std::to_string(block.row->size);
+  }
+  return {};
+}
+
+MemoryImage::MemoryImage(QByteArray bytes, std::uint64_t start) : bytes_(std::move(bytes)), start_(start) {}
+
+ConstBytes MemoryImage::bytes() const {
+  return {reinterpret_cast<const unsigned char*>(bytes_.constData()), static_cast<std::size_t>(bytes_.size())};
+}
+
+MemoryImage::Iterator MemoryImage::begin() const { return Iterator(BlockWalk(bytes(), start_)); }
+
+std::optional<BlockView> BlockWalk::next() {
+  if (position_ >= image_.size()) return std::nullopt;
+  if (ended_) return afterEnd();
+  if (rest().size() < sizeof(erasedBlockId)) return stray(Finding::TooShort);
+  const unsigned short id = idOf(rest());
+  if (id == erasedBlockId) return endBlock();
+  if (rest().size() < headerSize) return stray(Finding::TooShort);
+  return block(id);
+}
+
+BlockView BlockWalk::endBlock() {
+  BlockView view{.offset = position_, .bytes = rest().first(std::min(endSize, rest().size())), .id = erasedBlockId};
+  view.declaredSize = static_cast<unsigned short>(view.bytes.size());
+  view.kind = BlockKind::End;
+  view.row = findCatalogueRow(erasedBlockId);
+  position_ += view.bytes.size();
+  ended_ = true;
+  return view;
+}
+
+std::optional<BlockView> BlockWalk::afterEnd() {
+  if (std::ranges::all_of(rest(), [](unsigned char byte) { return byte == erased; })) {
+    position_ = image_.size();
+    return std::nullopt;
+  }
+  return stray(Finding::NotErased);
+}
+
+BlockView BlockWalk::stray(Finding finding) {
+  BlockView view{.offset = position_, .bytes = rest(), .kind = BlockKind::Stray};
+  view.add(finding);
+  position_ = image_.size();
+  return view;
+}
+
+BlockView BlockWalk::block(unsigned short id) {
+  const std::size_t size = sizeOf(rest());
+  BlockView view{.offset = position_, .id = id, .declaredSize = sizeOf(rest()), .row = findCatalogueRow(id)};
+  bool believable = size >= headerSize && size <= rest().size();
+  if (believable) {
+    view.bytes = rest().first(size);
+    view.kind = kindOf(view.bytes, view.row);
+    const bool rightSum = detail::sumOfWords(view.bytes) == 0;
+    if (hasCrc(view.kind)) {
+      view.row = nullptr;
+      if (!rightSum) view.add(Finding::WrongSumBesideCrc);
+    } else {
+      const bool ownSize = view.row == nullptr || view.row->acceptsSize(view.declaredSize);
+      believable = rightSum || ownSize;
+      if (!rightSum) view.add(Finding::WrongChecksum);
+      if (!ownSize) view.add(Finding::SizeNotOfClass);
+    }
+  }
+  if (!believable) {
+    view.bytes = rest().first(resumeBehind(position_) - position_);
+    view.kind = view.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
+    view.findings.reset();
+    view.add(Finding::UnbelievableSize);
+  }
+  position_ += view.bytes.size();
+  return view;
+}
+
+/// Where the walk goes on behind a block whose size is damaged.
+std::uint64_t BlockWalk::resumeBehind(std::uint64_t offset) {
+  surveyImage();
+  for (std::uint64_t at = offset + 2 - offset % 2; at + endSize <= image_.size(); at += 2) {
+    if (endBlockAt(at) || soundBlockAt(at)) return at;
+  }
+  return image_.size();
+}
+
+/// Whether nothing but erased memory, with or without an end block before it, follows.
+bool BlockWalk::endBlockAt(std::uint64_t offset) const {
+  return offset >= erasedFrom_ || (offset + endSize == erasedFrom_ && idOf(image_.subspan(offset)) == erasedBlockId);
+}
+
+bool BlockWalk::soundBlockAt(std::uint64_t offset) const {
+  const ConstBytes block = image_.subspan(offset);
+  const std::size_t size = sizeOf(block);
+  if (size < headerSize || size > block.size()) return false;
+  const CatalogueRow* const row = findCatalogueRow(idOf(block));
+  return row != nullptr && row->acceptsSize(static_cast<unsigned short>(size)) &&
+         sums_[(offset + size) / 2] == sums_[offset / 2];
+}
+
+void BlockWalk::surveyImage() {
+  if (!sums_.empty()) return;
+  const auto lastUsed = std::find_if(image_.rbegin(), image_.rend(), [](unsigned char byte) { return byte != erased; });
+  erasedFrom_ = static_cast<std::uint64_t>(image_.rend() - lastUsed);
+  sums_.resize(image_.size() / 2 + 1);
+  for (std::size_t word = 0; word + 1 < sums_.size(); ++word) {
+    sums_[word + 1] = static_cast<unsigned short>(sums_[word] + detail::load<unsigned short>(image_, 2 * word));
+  }
+}
+
+}  // namespace Velk

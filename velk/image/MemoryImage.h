@@ -1,0 +1,140 @@
+#pragma once
+
+#include <QByteArray>
+#include <bitset>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "velk/datablock/Bytes.h"
+#include "velk/oldstyle/BlockCatalogue.h"
+
+namespace Velk {
+
+enum class BlockKind : unsigned char {
+  OldStyle,       ///< a class knows its id
+  SecondEdition,  ///< describes itself and has a right CRC-32
+  EventCounter,   ///< carries the event counter identifier
+  End,            ///< erased memory: no block follows
+  Unknown,        ///< nobody knows its id
+  Stray,          ///< bytes that belong to no block
+};
+
+/// What is wrong with a block, in the order in which it matters.
+enum class Finding : unsigned char {
+  UnbelievableSize,   ///< below the header's or beyond the image's end, or a wrong size with a wrong checksum
+  WrongChecksum,      ///< the 16-bit words do not add up to 0
+  TooShort,           ///< stray: fewer bytes than a header has
+  NotErased,          ///< stray: bytes behind the end block that are not erased
+  SizeNotOfClass,     ///< remark: the block is sound, but not as long as blocks of its id are
+  WrongSumBesideCrc,  ///< remark: the CRC-32 is right and the 16-bit checksum is not
+};
+inline constexpr std::size_t findingCount = 6;
+
+/// One block of an image, or bytes that belong to none. `bytes` points into the image.
+struct VELK_EXPORT BlockView {
+  std::uint64_t offset = 0;
+  detail::ConstBytes bytes{};       ///< as many as the image holds of the block
+  unsigned short id = 0;            ///< as the header claims
+  unsigned short declaredSize = 0;  ///< as the header claims
+  BlockKind kind = BlockKind::Unknown;
+  std::bitset<findingCount> findings{};
+  const CatalogueRow* row = nullptr;  ///< of an old-style or end block
+
+  bool has(Finding finding) const { return findings[static_cast<std::size_t>(finding)]; }
+  void add(Finding finding) { findings.set(static_cast<std::size_t>(finding)); }
+  /// Whether the block passes its own check; remarks do not count.
+  bool isSound() const;
+};
+
+/// The name of a kind, as "old-style".
+VELK_EXPORT const char* kindName(BlockKind kind);
+/// A block's name: the key of its id, or what its kind says of it.
+VELK_EXPORT std::string blockName(const BlockView& block);
+/// The most important finding in two or three words, or "sound".
+VELK_EXPORT const char* verdictName(const BlockView& block);
+/// A finding with its numbers, as "checksum is 0x1234, the bytes give 0x4321".
+VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
+
+/// The bytes of a module memory as a sequence of blocks, each as long as its header says, up to the end block or the
+/// last byte.
+///
+/// Nothing is lost: every byte is in some view, but for the erased memory behind the end block. Where a block's size
+/// cannot be believed, its view reaches to the next even offset at which a block with a known id, its own size and a
+/// right checksum begins, or else the end of the memory is due. The image owns its bytes; views and iterators are valid
+/// while it lives. Walking takes time in proportion to the bytes, whatever they are.
+class VELK_EXPORT MemoryImage {
+ public:
+  class Iterator;
+
+  /// Walks `bytes` from offset `start` on.
+  explicit MemoryImage(QByteArray bytes, std::uint64_t start = 0);
+
+  Iterator begin() const;
+  static std::default_sentinel_t end() { return {}; }
+
+  detail::ConstBytes bytes() const;
+
+ private:
+  friend class BlockWalk;
+
+  QByteArray bytes_;
+  std::uint64_t start_;
+};
+
+/// The walk itself: gives one block after another.
+class VELK_EXPORT BlockWalk {
+ public:
+  BlockWalk(detail::ConstBytes image, std::uint64_t start) : image_(image), position_(start) {}
+
+  /// The next block, or nothing after the last.
+  std::optional<BlockView> next();
+
+ private:
+  BlockView endBlock();
+  std::optional<BlockView> afterEnd();
+  BlockView stray(Finding finding);
+  BlockView block(unsigned short id);
+  std::uint64_t resumeBehind(std::uint64_t offset);
+  bool soundBlockAt(std::uint64_t offset) const;
+  bool endBlockAt(std::uint64_t offset) const;
+  void surveyImage();
+
+  detail::ConstBytes rest() const { return image_.subspan(position_); }
+
+  detail::ConstBytes image_;
+  std::uint64_t position_;
+  bool ended_ = false;
+  /// What is known of the whole image once a block is sought in damaged bytes: the sum of the words before each even
+  /// offset, and where the erased memory at its end begins.
+  std::vector<unsigned short> sums_;
+  std::uint64_t erasedFrom_ = 0;
+};
+
+class MemoryImage::Iterator {
+ public:
+  using iterator_category = std::input_iterator_tag;
+  using value_type = BlockView;
+  using difference_type = std::ptrdiff_t;
+  using pointer = const BlockView*;
+  using reference = const BlockView&;
+
+  explicit Iterator(BlockWalk walk) : walk_(std::move(walk)), current_(walk_.next()) {}
+
+  reference operator*() const { return *current_; }
+  pointer operator->() const { return &*current_; }
+  Iterator& operator++() {
+    current_ = walk_.next();
+    return *this;
+  }
+  void operator++(int) { ++*this; }
+  bool operator==(std::default_sentinel_t) const { return !current_; }
+
+ private:
+  BlockWalk walk_;
+  std::optional<BlockView> current_;
+};
+
+}  // namespace Velk

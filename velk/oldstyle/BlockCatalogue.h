@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "velk/datablock/HwDatablock.h"
+#include "velk/datablock/HwRecordBlock.h"
+
+namespace Velk {
+
+/// What a conversion between the two byte orders does to a block beside passing its values through the primitives,
+/// which change nothing on this host.
+enum class Conversion : unsigned char {
+  None,    ///< blocks of these ids are not converted
+  Values,  ///< nothing else
+  Record,  ///< the header and the text become those that the record class keeps
+  Table,   ///< the alignment word is cleared
+};
+
+/// What is known of the blocks of one id, or of neighbouring ids that one class serves.
+struct CatalogueRow {
+  unsigned short firstId;
+  unsigned short lastId;
+  const char* className;
+  std::span<const char* const> keys;  ///< the blocks' names, from firstId on; a single one serves all
+  unsigned short size;                ///< bytes of a block
+  bool longerToo;                     ///< blocks of this class may be longer
+  std::span<const FieldInfo> fields;
+  /// A new, empty block.
+  std::unique_ptr<HwDatablock> (*make)(unsigned short id);
+  Conversion conversion;
+  const RecordTraits* record;  ///< of record classes, else null
+
+  const char* key(unsigned short id) const { return keys.size() == 1 ? keys[0] : keys[id - firstId]; }
+  bool acceptsSize(unsigned short blockSize) const { return longerToo ? blockSize >= size : blockSize == size; }
+};
+
+/// The rows of the old-style dictionary, in ascending order of their ids.
+VELK_EXPORT std::span<const CatalogueRow> dictionaryRows();
+
+/// The dictionary's row for an id, or null.
+VELK_EXPORT const CatalogueRow* findDictionaryRow(int id);
+
+/// The row for an id, in the dictionary or else among the ids that have a class but no place there; or null.
+VELK_EXPORT const CatalogueRow* findCatalogueRow(int id);
+
+}  // namespace Velk

@@ -1,0 +1,77 @@
+#include "velk/oldstyle/DeviceNames.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace Velk {
+namespace {
+
+constexpr unsigned boardCount = 149;
+constexpr std::size_t tagLength = 13;
+
+struct KnownBoard {
+  unsigned row;  ///< its place in the table
+  std::string_view name;
+  std::string_view tag;
+};
+
+// Board 82 has two rows, so that the rows behind it lie one behind their board's number; the last row repeats board
+// 102.
+constexpr KnownBoard knownBoards[] = {
+    {0, "DACIF", "DACIF        "},
+    {1, "DACB", ""},
+    {8, "IQOP3", "IQOP3_LCM    "},
+    {18, "IQOP3_RFM", "IQOP3_RFM    "},
+    {19, "FMR6", "FRONTMODUL   "},
+    {59, "EX_IQ_BOX_IN", "EX_IQ_BOX    "},
+    {60, "EX_IQ_BOX_OUT", "EX_IQ_BOX    "},
+    {61, "DACB", ""},
+    {64, "BABO", ""},
+    {71, "BABO", ""},
+    {82, "FILTER6", ""},
+    {83, "FILTER13", ""},
+    {103, "BBB", "BBB          "},
+    {104, "BBB", "BBB          "},
+    {105, "BBB", "BBB          "},
+    {106, "BBW", ""},
+    {107, "BBW", ""},
+    {108, "BBW", ""},
+    {121, "IQUPCON20", "IQUPCON20"},
+    {149, "BTC_CODER", "BBB"},
+};
+
+constexpr unsigned boardOfRow(unsigned row) {
+  constexpr unsigned rowsTo82 = 83;
+  constexpr unsigned lastRow = 149;
+  constexpr unsigned boardOfLastRow = 102;
+  if (row == lastRow) return boardOfLastRow;
+  return row < rowsTo82 ? row : row - 1;
+}
+
+/// The rows and the terminator, whose board number is one more than the last.
+constexpr auto boards = [] {
+  std::array<DeviceBoardString, boardCount + 2> table{};
+  for (unsigned row = 0; row + 1 < table.size(); ++row) table[row].board = boardOfRow(row);
+  for (const KnownBoard& known : knownBoards) {
+    std::copy(known.name.begin(), known.name.end(), table[known.row].name);
+    std::copy(known.tag.begin(), known.tag.end(), table[known.row].tag);
+  }
+  table.back().board = boardCount;
+  return table;
+}();
+
+}  // namespace
+
+std::span<const DeviceBoardString> deviceTable() { return std::span(boards).first(boards.size() - 1); }
+
+bool checkDeviceName(const QString& text) {
+  const QByteArray local = text.toLocal8Bit();
+  const std::string_view name(local.constData());
+  return std::ranges::any_of(deviceTable(), [&](const DeviceBoardString& board) {
+    const std::string_view tag(board.tag);
+    return name.substr(0, tagLength) == tag || name == tag.substr(0, tag.find_last_not_of(' ') + 1);
+  });
+}
+
+}  // namespace Velk

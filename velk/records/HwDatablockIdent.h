@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QString>
+
+#include "velk/datablock/HwRecordBlock.h"
+
+namespace Velk {
+
+namespace detail {
+class TextWriter;
+}
+
+/// Who a module is, when it was made and how large its memory is.
+struct VELK_RECORD HwSDatablockIdent {
+  HwSDatablockHeader header;
+  unsigned int eepromSize;
+  unsigned int partNumber;  ///< eight digits, written as 1141.1000
+  unsigned char variant;    ///< of the part number
+  unsigned char hardwareCode;
+  unsigned short productIndex;  ///< written as two groups of two digits
+  unsigned int serialNumber;
+  unsigned short productDate;      ///< packed, see PackedDate
+  unsigned short readCode;         ///< of the part that reads the module
+  unsigned short testInstruction;  ///< written like the product index
+  char name[14];                   ///< padded with zeros; a full one has no terminating zero
+
+  bool operator==(const HwSDatablockIdent&) const = default;
+};
+static_assert(sizeof(HwSDatablockIdent) == 44);
+
+inline constexpr FieldInfo identFields[] = {
+    VELK_FIELD(HwSDatablockIdent, eepromSize),
+    VELK_FIELD(HwSDatablockIdent, partNumber),
+    VELK_FIELD(HwSDatablockIdent, variant),
+    VELK_FIELD(HwSDatablockIdent, hardwareCode),
+    VELK_FIELD(HwSDatablockIdent, productIndex),
+    VELK_FIELD(HwSDatablockIdent, serialNumber),
+    VELK_FIELD(HwSDatablockIdent, productDate).asDate(),
+    VELK_FIELD(HwSDatablockIdent, readCode),
+    VELK_FIELD(HwSDatablockIdent, testInstruction),
+    VELK_FIELD(HwSDatablockIdent, name).asText(),
+};
+
+/// The ident record as a block: its fields and the lines that they print.
+class VELK_EXPORT HwIdentRecordBlock : public HwTypedRecordBlock<HwSDatablockIdent> {
+ public:
+  unsigned int getEepromSize() const { return get(&HwSDatablockIdent::eepromSize); }
+  unsigned int getPartNumber() const { return get(&HwSDatablockIdent::partNumber); }
+  unsigned char getVariant() const { return get(&HwSDatablockIdent::variant); }
+  unsigned char getHardwareCode() const { return get(&HwSDatablockIdent::hardwareCode); }
+  unsigned short getProductIndex() const { return get(&HwSDatablockIdent::productIndex); }
+  unsigned int getSerialNumber() const { return get(&HwSDatablockIdent::serialNumber); }
+  unsigned short getProductDate() const { return get(&HwSDatablockIdent::productDate); }
+  unsigned short getReadCode() const { return get(&HwSDatablockIdent::readCode); }
+  unsigned short getTestInstruction() const { return get(&HwSDatablockIdent::testInstruction); }
+  QString getName() const;
+
+  void setEepromSize(unsigned int size) { set(&HwSDatablockIdent::eepromSize, size); }
+  void setPartNumber(unsigned int number) { set(&HwSDatablockIdent::partNumber, number); }
+  void setVariant(unsigned char variant) { set(&HwSDatablockIdent::variant, variant); }
+  void setHardwareCode(unsigned char code) { set(&HwSDatablockIdent::hardwareCode, code); }
+  void setProductIndex(unsigned short index) { set(&HwSDatablockIdent::productIndex, index); }
+  void setSerialNumber(unsigned int number) { set(&HwSDatablockIdent::serialNumber, number); }
+  void setProductDate(unsigned short date) { set(&HwSDatablockIdent::productDate, date); }
+  void setReadCode(unsigned short code) { set(&HwSDatablockIdent::readCode, code); }
+  void setTestInstruction(unsigned short instruction) { set(&HwSDatablockIdent::testInstruction, instruction); }
+  /// Keeps the first 14 bytes of the name's local 8-bit form.
+  void setName(const QString& name);
+
+ protected:
+  using HwTypedRecordBlock::HwTypedRecordBlock;
+
+  void printPartNumber(detail::TextWriter& text) const;
+  /// The lines from HWCODE on, without EEPROM size and name.
+  void printProduct(detail::TextWriter& text) const;
+  std::string_view nameBytes() const { return getText(&HwSDatablockIdent::name); }
+};
+
+/// The identification block at the start of every module memory.
+class VELK_EXPORT HwDatablockIdent : public HwIdentRecordBlock {
+ public:
+  static constexpr const char* keys[] = {"IDENT_2", "IDENT_3", "IDENT_4", "IDENT_5", "IDENT_6",
+                                         "IDENT_7", "IDENT_8", "IDENT_9", "IDENT_10"};
+  static constexpr RecordTraits traits{
+      .id = 2,
+      .size = sizeof(HwSDatablockIdent),
+      .refusal = "HwDatablockIdent",
+      .keys = keys,
+      .fields = identFields,
+      .onSet = AlignmentRule::Take,
+      .onSwap = AlignmentRule::Take,
+      .text = {offsetof(HwSDatablockIdent, name), sizeof HwSDatablockIdent::name},
+  };
+
+  HwDatablockIdent() : HwIdentRecordBlock(traits, true) {}
+
+  /// Leaves the fill character '0' and right alignment set on the stream.
+  std::ostream& printToStream(std::ostream& os) override;
+};
+
+}  // namespace Velk

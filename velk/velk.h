@@ -1,0 +1,23 @@
+#pragma once
+
+// Every public header of the library.
+#include "velk/datablock/Fields.h"
+#include "velk/datablock/HwDatablock.h"
+#include "velk/datablock/HwDatablockEnd.h"
+#include "velk/datablock/HwRecordBlock.h"
+#include "velk/datablock/NumberText.h"
+#include "velk/datablock/PackedDate.h"
+#include "velk/diag/HwDebug.h"
+#include "velk/diag/HwErrors.h"
+#include "velk/diag/HwObject.h"
+#include "velk/image/ImageFile.h"
+#include "velk/image/MemoryImage.h"
+#include "velk/oldstyle/BlockCatalogue.h"
+#include "velk/oldstyle/DeviceNames.h"
+#include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
+#include "velk/platform/Console.h"
+#include "velk/platform/Debug.h"
+#include "velk/platform/ErrorLog.h"
+#include "velk/platform/ErrorManager.h"
+#include "velk/platform/TarnProperties.h"
+#include "velk/records/HwDatablockIdent.h"
