@@ -14,17 +14,24 @@ std::string row(const Velk::CatalogueRow& catalogued, unsigned short id) {
   return line + std::to_string(catalogued.size) + (catalogued.longerToo ? "+" : "") + '\n';
 }
 
+void writeRows(Session& session, std::span<const Velk::CatalogueRow> rows) {
+  for (const Velk::CatalogueRow& catalogued : rows) {
+    for (int id = catalogued.firstId; id <= catalogued.lastId; ++id) {
+      session.write(row(catalogued, static_cast<unsigned short>(id)));
+    }
+  }
+}
+
 }  // namespace
 
 void addIds(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("ids", "Every block id that is known: its class, key and size");
   command->footer("A + behind a size: blocks may be longer.\n\nExample:\n  velk ids | grep -i ident");
   command->callback([&session] {
-    for (const Velk::CatalogueRow& catalogued : Velk::dictionaryRows()) {
-      for (int id = catalogued.firstId; id <= catalogued.lastId; ++id) {
-        session.write(row(catalogued, static_cast<unsigned short>(id)));
-      }
-    }
+    writeRows(session, Velk::dictionaryRows());
+    if (Velk::otherRows().empty()) return;
+    session.write("\nOutside the old-style dictionary:\n");
+    writeRows(session, Velk::otherRows());
   });
 }
 

@@ -64,8 +64,14 @@ class Printer {
   void write(const BlockView& block, std::ostream& stream) {
     Velk::HwDatablock raw(true);
     raw.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
-    // The base form is there for what no class prints.
-    if (block.row == nullptr || !interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) raw.printToStream(stream);
+    if (block.row != nullptr && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
+    if (block.row == nullptr) {
+      raw.printToStream(stream);  // the base form is there for what no class prints
+      return;
+    }
+    const std::unique_ptr<Velk::HwDatablock> typed = block.row->make(block.id);
+    typed->setDataWithoutChecksumCheck(&raw);
+    typed->printToStream(stream);
   }
 
   Session& session_;

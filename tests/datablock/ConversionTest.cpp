@@ -1,5 +1,6 @@
 #include <random>
 
+#include "CatalogueSupport.h"
 #include "TestSupport.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
@@ -85,7 +86,7 @@ QByteArray anything(std::mt19937& random, unsigned short id, unsigned size) {
 TEST(Conversion, OfAnyBytesUnderEveryKnownIdKeepsPayloadChecksumAndLength) {
   ConsoleCapture console;
   std::mt19937 random(3);
-  for (const CatalogueRow& row : dictionaryRows()) {
+  for (const CatalogueRow& row : VelkTest::allRows()) {
     for (const unsigned size : {0U, 1U, 7U, 8U, row.size - 1U, row.size + 0U, row.size + 5U}) {
       SCOPED_TRACE(std::string(row.className) + ", " + std::to_string(size) + " bytes");
       const QByteArray before = anything(random, row.firstId, size);

@@ -1,6 +1,7 @@
 #include "velk/oldstyle/BlockCatalogue.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "velk/datablock/HwDatablockEnd.h"
@@ -30,6 +31,9 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockIdent>("HwDatablockIdent", 2, 10, make<HwDatablockIdent>, Conversion::Record),
     {65535, 65535, "HwDatablockEnd", endKeys, sizeof(HwSDatablockEnd), false, endFields, make<HwDatablockEnd>, Conversion::None, nullptr},
 };
+
+constexpr std::array<CatalogueRow, 0> others = {{
+}};
 // clang-format on
 
 constexpr bool isWellFormed(std::span<const CatalogueRow> rows) {
@@ -42,7 +46,7 @@ constexpr bool isWellFormed(std::span<const CatalogueRow> rows) {
   }
   return true;
 }
-static_assert(isWellFormed(dictionary), "rows ascend, and each has its names and fields");
+static_assert(isWellFormed(dictionary) && isWellFormed(others), "rows ascend, and each has its names and fields");
 
 const CatalogueRow* findIn(std::span<const CatalogueRow> rows, int id) {
   const auto row = std::lower_bound(rows.begin(), rows.end(), id, [](const CatalogueRow& candidate, int wanted) {
@@ -55,8 +59,13 @@ const CatalogueRow* findIn(std::span<const CatalogueRow> rows, int id) {
 
 std::span<const CatalogueRow> dictionaryRows() { return dictionary; }
 
+std::span<const CatalogueRow> otherRows() { return others; }
+
 const CatalogueRow* findDictionaryRow(int id) { return findIn(dictionary, id); }
 
-const CatalogueRow* findCatalogueRow(int id) { return findDictionaryRow(id); }
+const CatalogueRow* findCatalogueRow(int id) {
+  const CatalogueRow* const row = findDictionaryRow(id);
+  return row != nullptr ? row : findIn(others, id);
+}
 
 }  // namespace Velk

@@ -38,10 +38,14 @@ struct CatalogueRow {
 /// The rows of the old-style dictionary, in ascending order of their ids.
 VELK_EXPORT std::span<const CatalogueRow> dictionaryRows();
 
+/// The rows of ids that have a class but no place in the dictionary, in ascending order: the velk command knows them,
+/// the old-style interpreter prints only what the dictionary has.
+VELK_EXPORT std::span<const CatalogueRow> otherRows();
+
 /// The dictionary's row for an id, or null.
 VELK_EXPORT const CatalogueRow* findDictionaryRow(int id);
 
-/// The row for an id, in the dictionary or else among the ids that have a class but no place there; or null.
+/// The row for an id, in the dictionary or else among the other rows; or null.
 VELK_EXPORT const CatalogueRow* findCatalogueRow(int id);
 
 }  // namespace Velk

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vector>
+
+#include "velk/oldstyle/BlockCatalogue.h"
+
+namespace VelkTest {
+
+/// The rows of the dictionary and the others.
+inline std::vector<Velk::CatalogueRow> allRows() {
+  const auto dictionary = Velk::dictionaryRows();
+  const auto others = Velk::otherRows();
+  std::vector<Velk::CatalogueRow> rows(dictionary.begin(), dictionary.end());
+  rows.insert(rows.end(), others.begin(), others.end());
+  return rows;
+}
+
+}  // namespace VelkTest
