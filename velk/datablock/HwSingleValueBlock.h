@@ -49,4 +49,17 @@ class VELK_EXPORT HwSingleValueBlock : public HwTypedRecordBlock<SingleValueReco
   const char* failure_;
 };
 
+/// The accessors of the blocks that tune a reference oscillator. Index 0 is the only one.
+class VELK_EXPORT HwReferenceOscillatorBlock : public HwSingleValueBlock {
+ public:
+  void setCount(unsigned char count) { storeCount(count); }
+  int getOcxoRefCalValue(unsigned char index) const { return value(index); }
+  /// 0, or -1 and an error signal when the stored value reads back differently.
+  int setOcxoRefCalValue(int value, unsigned char index) { return storeValue(value, index); }
+
+ protected:
+  explicit HwReferenceOscillatorBlock(const RecordTraits& traits, bool stopConversionOnError = true)
+      : HwSingleValueBlock(traits, "store new ocxo- value failed", stopConversionOnError) {}
+};
+
 }  // namespace Velk

@@ -4,6 +4,9 @@
 #include <iterator>
 
 #include "velk/datablock/HwDatablockEnd.h"
+#include "velk/mainboard/ExternalLevelCalibration.h"
+#include "velk/mainboard/PathLists.h"
+#include "velk/mainboard/RfResponse.h"
 #include "velk/modulecal/AduCalibration.h"
 #include "velk/modulecal/CwOp3Calibration.h"
 #include "velk/modulecal/DetLimiterCalibration.h"
@@ -17,6 +20,10 @@
 #include "velk/records/HwDatablockIdent.h"
 #include "velk/records/MainboardRecords.h"
 #include "velk/records/ServiceRecords.h"
+#include "velk/tables/BasebandInputTables.h"
+#include "velk/tables/DacBoardTables.h"
+#include "velk/tables/ObelTables.h"
+#include "velk/tables/PimTables.h"
 
 namespace Velk {
 namespace {
@@ -59,6 +66,12 @@ constexpr CatalogueRow record(const char* className, unsigned short firstId, uns
 template <class Block>
 constexpr CatalogueRow record(const char* className, Conversion conversion = Conversion::None) {
   return record<Block>(className, Block::traits.id, Block::traits.id, make<Block>, conversion);
+}
+
+/// The row of a class that is told whether its conversion stops at an error.
+template <class Block>
+constexpr CatalogueRow flagged(const char* className) {
+  return record<Block>(className, Block::traits.id, Block::traits.id, make<Block, true>);
 }
 
 /// The row of a class with `count` paths or copies.
@@ -119,15 +132,66 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockMbrdSerialNumber>("HwDatablockMbrdSerialNumber", Conversion::Record),
     record<HwDatablockMbrdModel>("HwDatablockMbrdModel", Conversion::Record),
     record<HwDatablockMbrdMac>("HwDatablockMbrdMac"),
+    flagged<HwDatablockPimMwIfExtLevCalDataFreq>("HwDatablockPimMwIfExtLevCalDataFreq"),
+    flagged<HwDatablockPimMwIfExtLevCalData>("HwDatablockPimMwIfExtLevCalData"),
+    flagged<HwDatablockPimMwIfExtLevCalDataAbsCorr>("HwDatablockPimMwIfExtLevCalDataAbsCorr"),
+    flagged<HwDatablockPimMwIfExtLevCalDataRelCorr>("HwDatablockPimMwIfExtLevCalDataRelCorr"),
+    flagged<HwDatablockPimAttCalDatFreq>("HwDatablockPimAttCalDatFreq"),
+    flagged<HwDatablockPimAttCalDat>("HwDatablockPimAttCalDat"),
+    flagged<HwDatablockPimAttCalDatFreqSe>("HwDatablockPimAttCalDatFreqSe"),
+    flagged<HwDatablockPimAttCalDatSe>("HwDatablockPimAttCalDatSe"),
+    paths<HwDatablockMbrdExtLevCalDataFreq>("HwDatablockMbrdExtLevCalDataFreq", 4),
+    paths<HwDatablockMbrdExtLevCalData>("HwDatablockMbrdExtLevCalData", 4),
+    paths<HwDatablockMbrdExtLevCalDataFreq_Enh>("HwDatablockMbrdExtLevCalDataFreq_Enh", 2),
+    paths<HwDatablockMbrdExtLevCalData_Enh>("HwDatablockMbrdExtLevCalData_Enh", 2),
+    paths<HwDatablockMbrdExtLevCalDataFreq2Edition_Enh>("HwDatablockMbrdExtLevCalDataFreq2Edition_Enh", 2),
+    record<HwDatablockMbrdExtLevCalData2Edition_Enh>("HwDatablockMbrdExtLevCalData2Edition_Enh", 12095, 12096, makeInstance<HwDatablockMbrdExtLevCalData2Edition_Enh, true, 13012>, Conversion::None, {.also = HwDatablockMbrdExtLevCalData2Edition_Enh::smallSize}),
+    paths<HwDatablockMbrdIqImbalanceRfFreq>("HwDatablockMbrdIqImbalanceRfFreq", 4),
+    paths<HwDatablockMbrdIqImbalanceRfEvenAmp>("HwDatablockMbrdIqImbalanceRfEvenAmp", 4),
+    paths<HwDatablockMbrdIqImbalanceRfEvenPh>("HwDatablockMbrdIqImbalanceRfEvenPh", 4),
+    paths<HwDatablockMbrdIqImbalanceRfOddAmp>("HwDatablockMbrdIqImbalanceRfOddAmp", 4),
+    paths<HwDatablockMbrdIqImbalanceRfOddPh>("HwDatablockMbrdIqImbalanceRfOddPh", 4),
+    paths<HwDatablockMbrdExtLevCalDataFreq2Edition>("HwDatablockMbrdExtLevCalDataFreq2Edition", 4),
+    paths<HwDatablockMbrdExtLevCalData2Edition>("HwDatablockMbrdExtLevCalData2Edition", 4),
     paths<HwDatablockAttCalDataFreq2Edition>("HwDatablockAttCalDataFreq2Edition", 4),
     paths<HwDatablockAttCalData2Edition>("HwDatablockAttCalData2Edition", 4),
     paths<HwDatablockCwop3DetTuneFreq>("HwDatablockCwop3DetTuneFreq", 4),
     paths<HwDatablockCwop3DetTuneDac>("HwDatablockCwop3DetTuneDac", 4),
+    paths<HwDatablockMbrdRfResponseLpFreq>("HwDatablockMbrdRfResponseLpFreq", 4),
+    paths<HwDatablockMbrdRfResponseIoPepInfo>("HwDatablockMbrdRfResponseIoPepInfo", 4),
+    paths<HwDatablockMbrdRfResponseLpAmp>("HwDatablockMbrdRfResponseLpAmp", 4),
+    paths<HwDatablockMbrdRfResponseLpPh>("HwDatablockMbrdRfResponseLpPh", 4),
+    paths<HwDatablockMbrdRfResponseBbFreq>("HwDatablockMbrdRfResponseBbFreq", 4),
+    paths<HwDatablockMbrdRfResponseAttFreq>("HwDatablockMbrdRfResponseAttFreq", 4),
+    paths<HwDatablockMbrdRfResponseAttAmpl>("HwDatablockMbrdRfResponseAttAmpl", 4),
     record<HwDatablockSittMbrdPllDacCalibValue>("HwDatablockSittMbrdPllDacCalibValue"),
     paths<HwDatablockCwopDetLinCorrFreq>("HwDatablockCwopDetLinCorrFreq", 2),
     paths<HwDatablockCwopDetLinCorrData>("HwDatablockCwopDetLinCorrData", 2),
+    record<HwDatablockDacIfFullScale>("HwDatablockDacIfFullScale"),
+    flagged<HwDatablockBbinsCompFilterTabsI>("HwDatablockBbinsCompFilterTabsI"),
+    flagged<HwDatablockBbinsCompFilterTabsQ>("HwDatablockBbinsCompFilterTabsQ"),
+    flagged<HwDatablockBbinsUncalibratedFirAmplitudeI>("HwDatablockBbinsUncalibratedFirAmplitudeI"),
+    flagged<HwDatablockBbinsUncalibratedFirPhiI>("HwDatablockBbinsUncalibratedFirPhiI"),
+    flagged<HwDatablockBbinsUncalibratedFirAmplitudeQ>("HwDatablockBbinsUncalibratedFirAmplitudeQ"),
+    flagged<HwDatablockBbinsUncalibratedFirPhiQ>("HwDatablockBbinsUncalibratedFirPhiQ"),
+    flagged<HwDatablockDacbFrequencyCompFreq>("HwDatablockDacbFrequencyCompFreq"),
+    flagged<HwDatablockDacbFrequencyCompAmp>("HwDatablockDacbFrequencyCompAmp"),
+    flagged<HwDatablockDacbFrequencyCompPh>("HwDatablockDacbFrequencyCompPh"),
+    flagged<HwDatablockDacbFrequencyCompDt>("HwDatablockDacbFrequencyCompDt"),
+    flagged<HwDatablockDacbIqImbalanceFreq>("HwDatablockDacbIqImbalanceFreq"),
+    flagged<HwDatablockDacbIqImbalanceAmp>("HwDatablockDacbIqImbalanceAmp"),
+    flagged<HwDatablockDacbIqImbalancePh>("HwDatablockDacbIqImbalancePh"),
+    flagged<HwDatablockDacbIqImbalanceSwapAmp>("HwDatablockDacbIqImbalanceSwapAmp"),
+    flagged<HwDatablockDacbIqImbalanceSwapPh>("HwDatablockDacbIqImbalanceSwapPh"),
+    flagged<HwDatablockDacbFrequencyCompAmpRear>("HwDatablockDacbFrequencyCompAmpRear"),
+    flagged<HwDatablockDacbFrequencyCompPhRear>("HwDatablockDacbFrequencyCompPhRear"),
+    flagged<HwDatablockDacbFrequencyCompDtRear>("HwDatablockDacbFrequencyCompDtRear"),
+    flagged<HwDatablockDacbIqImbalanceRearAmp>("HwDatablockDacbIqImbalanceRearAmp"),
+    flagged<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh"),
+    record<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh", 14801, 14801, make<HwDatablockDacbIqImbalanceRearPh, false>),
     record<HwDatablockSynexOcxoRefCalValue>("HwDatablockSynexOcxoRefCalValue"),
     record<HwDatablockFsynTcxoRefCalValue>("HwDatablockFsynTcxoRefCalValue"),
+    record<HwDatablockPimOcxoRefCalValue>("HwDatablockPimOcxoRefCalValue"),
     record<HwDatablockDetLimiterMaxVoltFreq>("HwDatablockDetLimiterMaxVoltFreq"),
     record<HwDatablockDetLimiterMaxVoltData>("HwDatablockDetLimiterMaxVoltData"),
     record<HwDatablockAduLevCoarseCalibData>("HwDatablockAduLevCoarseCalibData"),
@@ -139,6 +203,15 @@ constexpr CatalogueRow others[] = {
     record<HwDatablockIpcUser10000>("HwDatablockIpcUser10000"),
     record<HwDatablockIpcUser10040>("HwDatablockIpcUser10040"),
     record<HwObelDatablockAnalogOutputCalibration>("HwObelDatablockAnalogOutputCalibration", 15500, 15501, makeInstance<HwObelDatablockAnalogOutputCalibration, false>),
+    record<HwDatablockOBELDelay>("HwDatablockOBELDelay"),
+    flagged<HwDatablockObelAnalogImbalanceFreq>("HwDatablockObelAnalogImbalanceFreq"),
+    flagged<HwDatablockObelAnalogImbalanceGainI>("HwDatablockObelAnalogImbalanceGainI"),
+    flagged<HwDatablockObelAnalogImbalanceGainQ>("HwDatablockObelAnalogImbalanceGainQ"),
+    flagged<HwDatablockObelAnalogImbalancePhI>("HwDatablockObelAnalogImbalancePhI"),
+    flagged<HwDatablockObelAnalogImbalancePhQ>("HwDatablockObelAnalogImbalancePhQ"),
+    record<HwDatablockObelBaseboardCalibValue>("HwDatablockObelBaseboardCalibValue"),
+    record<HwDatablockObelWiqSensorData>("HwDatablockObelWiqSensorData"),
+    record<HwDatablockObelWIQQuadDac>("HwDatablockObelWIQQuadDac"),
 };
 // clang-format on
 
