@@ -72,6 +72,12 @@ TEST_F(Command, GoldenTextsOfTheExamples) {
   EXPECT_EQ(ids.output, VelkTest::golden("ids.txt", ids.output));
 }
 
+TEST_F(Command, LayoutsInTheDocumentationAreThoseOfTheCode) {
+  const std::string page = VelkTest::readFile(VELK_SOURCE_DIR "/docs/layouts.md");
+  const std::string layouts = run({"ids", "--layout"}).output;
+  EXPECT_TRUE(page.ends_with(layouts)) << "make the page anew: ./dev docs";
+}
+
 TEST_F(Command, DamageIsToldAndPrintedAllTheSame) {
   QByteArray damaged = rfBoard();
   damaged[20] = static_cast<char>(damaged[20] ^ 1);

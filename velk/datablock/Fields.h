@@ -41,7 +41,8 @@ struct FieldInfo {
   unsigned short cols = 1;
   Bits bits{};
   FieldKind kind = FieldKind::Number;
-  double scale = 1;  ///< presented = stored * scale
+  double scale = 1;  ///< presented = stored * scale + bias
+  double bias = 0;
   const char* unit = "";
   std::span<const FieldInfo> members{};  ///< of a sub-record
   bool openEnded = false;                ///< a list of as many elements as the block has room for
@@ -67,10 +68,11 @@ struct FieldInfo {
     field.bits = partBits;
     return field;
   }
-  constexpr FieldInfo in(const char* unitName, double factor = 1) const {
+  constexpr FieldInfo in(const char* unitName, double factor = 1, double distance = 0) const {
     FieldInfo field = *this;
     field.unit = unitName;
     field.scale = factor;
+    field.bias = distance;
     return field;
   }
   constexpr FieldInfo openList() const {

@@ -14,14 +14,17 @@ struct VELK_RECORD CountedRecord {
   bool operator==(const CountedRecord&) const = default;
 };
 
-template <class Record>
-inline constexpr FieldInfo countedFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, values)};
+template <class Record, int scale>
+inline constexpr FieldInfo countedFields[] = {
+    VELK_FIELD(Record, count),
+    VELK_FIELD(Record, values).in("", scale),
+};
 
-/// Completes the traits of a list class by what its record tells.
-template <class Record>
+/// Completes the traits of a list class by what its record tells. Its text presents the values times `scale`.
+template <class Record, int scale = 1>
 constexpr RecordTraits listTraits(RecordTraits traits) {
   traits.size = sizeof(Record);
-  traits.fields = countedFields<Record>;
+  traits.fields = countedFields<Record, scale>;
   return traits;
 }
 

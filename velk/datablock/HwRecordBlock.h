@@ -53,8 +53,7 @@ struct TextForm {
   unsigned char firstRow = 1;  ///< number of the first row
   unsigned char rowStep = 1;
   signed char decimals = -1;  ///< of a value; -1: integers in decimal, others in general notation
-  double scale = 0;           ///< presented = stored * scale; 0: values are shown as they are stored
-  double twinStep = 0;        ///< added to a presented value that is stored like the one before it
+  double twinStep = 0;        ///< added to a scaled value that is stored like the one before it
 };
 
 /// What sets one fixed-layout class apart from the others, as data.

@@ -73,7 +73,7 @@ double presentedValue(ConstBytes block, const FieldInfo& values, const TextForm&
   if (static_cast<std::uint64_t>(index) >= values.rows) return 0;
   const auto stored = element<unsigned>(block, values, index);
   const bool isTwin = index > 0 && stored == element<unsigned>(block, values, index - 1);
-  return stored * form.scale + (isTwin ? form.twinStep : 0);
+  return stored * values.scale + (isTwin ? form.twinStep : 0);
 }
 
 std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits) {
@@ -87,7 +87,7 @@ std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& 
   withScalarType(values.type, [&]<class T>(T) {
     for (std::int64_t i = 0; i < count && text.ok(); ++i) {
       text.text(form.rowKey).number(i + form.firstRow).text(form.separator);
-      if (form.scale != 0) {
+      if (values.scale != 1) {
         text.fixed(presentedValue(block, values, form, i), form.decimals);
       } else {
         writeValue(text, element<T>(block, values, i), form.decimals);

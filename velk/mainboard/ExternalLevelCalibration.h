@@ -22,8 +22,8 @@ class VELK_EXPORT HwPathFrequencyList : public HwInstance<HwCountedBlock<Record>
   using HwInstance<HwCountedBlock<Record>>::HwInstance;
 
   static constexpr RecordTraits frequencyTraits(RecordTraits traits) {
-    traits.text = {.comments = {"# Das sind die Frequenzst�tzstellen"}, .decimals = 2, .scale = 10.0, .twinStep = 0.01};
-    return listTraits<Record>(traits);
+    traits.text = {.comments = {"# Das sind die Frequenzst�tzstellen"}, .decimals = 2, .twinStep = 0.01};
+    return listTraits<Record, 10>(traits);
   }
 };
 

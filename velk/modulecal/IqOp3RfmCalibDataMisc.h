@@ -34,7 +34,7 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceDetAtt).in("dB", 1.0 / 128),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detFullScale).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, numberOfOperatingStates),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", 1.0 / 128),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", 1.0 / 128, -0.5 / 128),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz).in("dB", 1.0 / 128),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz),

@@ -85,13 +85,13 @@ inline constexpr FieldInfo iqOp3CalibBlockFields[] = {
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, steps).part("detConvDeflection", {.shift = 9, .width = 16}),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt15", {.shift = 0, .width = 10, .isSigned = true})
-        .in("dB", dbPerStep),
+        .in("dB", dbPerStep, 15),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt30", {.shift = 10, .width = 11, .isSigned = true})
-        .in("dB", dbPerStep),
+        .in("dB", dbPerStep, 30),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt45", {.shift = 21, .width = 11, .isSigned = true})
-        .in("dB", dbPerStep),
+        .in("dB", dbPerStep, 45),
 };
 inline constexpr FieldInfo iqOp3CalibFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibData, operatingState),

@@ -38,11 +38,11 @@ class VELK_EXPORT HwPimFrequencyList : public HwCountedBlock<Record> {
   using HwCountedBlock<Record>::HwCountedBlock;
 
   static constexpr RecordTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
-    return listTraits<Record>({
+    return listTraits<Record, 100>({
         .id = id,
         .refusal = refusal,
         .keys = {key},
-        .text = {.comments = {"# Frequenzst�tzstellen [Hz]"}, .decimals = 3, .scale = 100.0, .twinStep = 0.001},
+        .text = {.comments = {"# Frequenzst�tzstellen [Hz]"}, .decimals = 3, .twinStep = 0.001},
     });
   }
 };
