@@ -1,44 +1,12 @@
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include "TestSupport.h"
+#include "CommandSupport.h"
 
 namespace {
 
-struct Outcome {
-  int exitCode;
-  std::string output;
-  std::string errors;
-};
+using VelkTest::Command;
+using VelkTest::Outcome;
+using VelkTest::run;
 
-Outcome run(const QStringList& arguments, const QByteArray& input = {}, const char* program = VELK_COMMAND) {
-  QProcess process;
-  process.setWorkingDirectory(VELK_SOURCE_DIR "/examples/images");
-  process.start(program, arguments);
-  process.write(input);
-  process.closeWriteChannel();
-  EXPECT_TRUE(process.waitForFinished());
-  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-  return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-          process.readAllStandardError().toStdString()};
-}
-
-QByteArray rfBoard() {
-  return QByteArray::fromStdString(VelkTest::readFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin"));
-}
-
-class Command : public testing::Test {
- protected:
-  QString file(const char* name, const QByteArray& bytes) {
-    QString path = directory_.filePath(name);
-    QFile out(path);
-    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(bytes);
-    return path;
-  }
-
-  QTemporaryDir directory_;
-};
+QByteArray rfBoard() { return VelkTest::exampleImage("rf_board.bin"); }
 
 TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   ASSERT_EQ(run({directory_.path()}, {}, VELK_MAKE_IMAGES).exitCode, 0);
