@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -25,15 +24,6 @@ inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, c
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   return {process.exitCode(), process.readAllStandardOutput().toStdString(),
           process.readAllStandardError().toStdString()};
-}
-
-/// The file names of all example images.
-inline QStringList exampleImages() {
-  return QDir(VELK_SOURCE_DIR "/examples/images").entryList({"*.bin"}, QDir::Files, QDir::Name);
-}
-
-inline QByteArray exampleImage(const QString& name) {
-  return QByteArray::fromStdString(readFile((VELK_SOURCE_DIR "/examples/images/" + name).toStdString()));
 }
 
 /// Tests of the command with files of their own.
