@@ -1,8 +1,12 @@
 #include "velk/image/ImageFile.h"
 
-#include <QFile>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
-#include <cstdio>
+#include <cerrno>
+#include <cstring>
 
 #include "velk/image/HexText.h"
 #include "velk/image/IntelHex.h"
@@ -12,6 +16,43 @@ namespace Velk {
 namespace {
 
 constexpr char erased = '\xFF';
+
+/// A file that is read whole. The system's own calls, since opening counts where many small files are read.
+class OpenFile {
+ public:
+  explicit OpenFile(const std::string& path)
+      : descriptor_(path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  ~OpenFile() {
+    if (descriptor_ > STDIN_FILENO) close(descriptor_);
+  }
+
+  /// Reads up to the file's end; false, and errno says why, where it could not be opened or read.
+  bool readTo(QByteArray& contents) const {
+    constexpr qsizetype piece = 64 * 1024;
+    if (descriptor_ < 0) return false;
+    const qsizetype known = knownSize();
+    for (qsizetype count = 0;;) {
+      contents.resize(known != 0 ? known : count + std::max(count, piece));
+      const ssize_t got = read(descriptor_, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
+      if (got < 0 && errno != EINTR) return false;
+      count += std::max<ssize_t>(got, 0);
+      if (got != 0 && (known == 0 || count < known)) continue;
+      contents.truncate(count);
+      return true;
+    }
+  }
+
+ private:
+  /// 0 where only reading tells.
+  qsizetype knownSize() const {
+    struct stat status {};
+    return fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
+  }
+
+  int descriptor_;
+};
 
 /// One text container: how to know it, to read and to write it.
 struct TextFormat {
@@ -123,11 +164,9 @@ const char* formatName(ImageFormat format) {
 }
 
 ImageFile readImageFile(const std::string& path, std::optional<ImageFormat> format) {
-  QFile file(QFile::decodeName(path.c_str()));
-  const bool opened = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-  if (!opened) return {.error = file.errorString().toStdString()};
-  QByteArray contents = file.readAll();
-  if (file.error() != QFileDevice::NoError) return {.error = file.errorString().toStdString()};
+  const OpenFile file(path);
+  QByteArray contents;
+  if (!file.readTo(contents)) return {.error = std::strerror(errno)};
   return decodeImage(std::move(contents), format);
 }
 
