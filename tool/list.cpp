@@ -1,7 +1,7 @@
-#include <memory>
-
 #include "Commands.h"
 #include "Images.h"
+#include "Inputs.h"
+#include "JsonReport.h"
 
 namespace VelkTool {
 namespace {
@@ -29,22 +29,28 @@ std::string row(const Velk::BlockView& block) {
 constexpr std::string_view heading =
     "offset      id     name                                 size   kind            verdict\n";
 
+void writeText(Session& session, const Inputs& inputs) {
+  forEachInput(session, inputs, [&](const Input& input) {
+    if (inputs.files.size() > 1) session.write(input.name + ":\n");
+    session.write(heading);
+    for (const Velk::BlockView& block : input.image) {
+      session.write(row(block));
+      complainOf(session, input.name, block);
+    }
+  });
+}
+
 }  // namespace
 
 void addList(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("list", "One line for each block of memory images");
-  const auto files = std::make_shared<std::vector<std::string>>();
-  command->add_option("FILE", *files, "Memory images; - is standard input")->required();
-  command->footer("Example:\n  velk list module.bin");
-  command->callback([&session, files] {
-    forEachImage(session, *files, [&](const std::string& file, const Velk::MemoryImage& image) {
-      if (files->size() > 1) session.write(file + ":\n");
-      session.write(heading);
-      for (const Velk::BlockView& block : image) {
-        session.write(row(block));
-        complainOf(session, file, block);
-      }
-    });
+  const auto inputs = addInputs(*command);
+  const auto json = addJson(*command);
+  command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
+  command->callback([&session, inputs, json] {
+    if (!*json) return writeText(session, *inputs);
+    writeJsonReport(session, *inputs,
+                    [&](const Input& input, const Velk::BlockView& block) { complainOf(session, input.name, block); });
   });
 }
 

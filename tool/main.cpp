@@ -11,7 +11,7 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", "velk " VELK_VERSION);
   app.require_subcommand(1);
   app.footer(
-      "A memory image is a raw dump of a module's EEPROM or of a flash sector.\n"
+      "A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n"
       "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 a file could not be read or written.\n"
       "\"velk COMMAND --help\" tells more and shows an example.");
 

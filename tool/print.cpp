@@ -5,6 +5,7 @@
 
 #include "Commands.h"
 #include "Images.h"
+#include "Inputs.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
 namespace VelkTool {
@@ -88,9 +89,8 @@ class Printer {
 
 void addPrint(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("print", "The text forms of blocks, in the order of the image");
-  const auto files = std::make_shared<std::vector<std::string>>();
+  const auto inputs = addInputs(*command);
   const auto ids = std::make_shared<std::vector<int>>();
-  command->add_option("FILE", *files, "Memory images; - is standard input")->required();
   command->add_option("--id", *ids, "Only blocks of this id; may be given again")
       ->check(CLI::Range(0, 65535))
       ->type_name("N")
@@ -99,10 +99,10 @@ void addPrint(CLI::App& app, Session& session) {
   command->footer(
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
       "Example:\n  velk print --id 2 module.bin");
-  command->callback([&session, files, ids] {
+  command->callback([&session, inputs, ids] {
     Printer printer(session, *ids);
-    forEachImage(session, *files, [&](const std::string& file, const Velk::MemoryImage& image) {
-      for (const BlockView& block : image) printer.print(file, block);
+    forEachInput(session, *inputs, [&](const Input& input) {
+      for (const BlockView& block : input.image) printer.print(input.name, block);
     });
   });
 }

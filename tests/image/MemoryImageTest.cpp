@@ -11,9 +11,9 @@ using Examples::ImageBuilder;
 using VelkTest::fromHex;
 
 /// "0 IDENT_2 44 sound, 44 END 4 sound": what the walk sees, one block after another.
-std::string walked(const QByteArray& bytes, std::uint64_t start = 0) {
+std::string walked(const QByteArray& bytes, std::uint64_t start = 0, std::uint64_t sectorSize = 0) {
   std::string text;
-  for (const BlockView& block : MemoryImage(bytes, start)) {
+  for (const BlockView& block : MemoryImage(bytes, start, sectorSize)) {
     if (!text.empty()) text += ", ";
     text += std::to_string(block.offset) + ' ' + blockName(block) + ' ' + std::to_string(block.bytes.size()) + ' ' +
             verdictName(block);
@@ -99,6 +99,28 @@ TEST(MemoryImage, BytesBehindTheEndBlockHaveToBeErased) {
                 "36 bytes behind the end block are not erased, the first at 0x0078");
     }
   }
+}
+
+TEST(MemoryImage, EachSectorIsASequenceOfItsOwn) {
+  const QByteArray erasedSector(128, '\xFF');
+  EXPECT_EQ(walked(twoIdents() + erasedSector + twoIdents().left(44), 0, 128),
+            "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 128 END 4 sound, 256 IDENT_2 44 sound");
+  // The first sector begins where the walk does.
+  EXPECT_EQ(walked(QByteArray(7, 'x') + erasedSector + twoIdents(), 7, 128),
+            "7 END 4 sound, 135 IDENT_2 44 sound, 179 IDENT_2 44 sound, 223 END 4 sound");
+  EXPECT_EQ(walked(twoIdents(), 0, 1000), walked(twoIdents()));
+  // No block reaches over a sector's end, and damage in one sector is no matter of the next.
+  EXPECT_EQ(walked(twoIdents(), 0, 64),
+            "0 IDENT_2 44 sound, 44 IDENT_2 20 damaged size, 64 IDENT_2 24 damaged size, 88 END 4 sound");
+  EXPECT_EQ(walked(twoIdents().left(1), 5, 1), "");
+}
+
+TEST(MemoryImage, NoSectorIsWalkedTwiceForDamageInIt) {
+  QByteArray image;
+  while (image.size() < 8 * 1024 * 1024) image += fromHex("02 00 FF FF 55 55 55 55");
+  std::size_t blocks = 0;
+  for (const BlockView& block : MemoryImage(image, 0, 64)) blocks += block.has(Finding::UnbelievableSize) ? 1 : 0;
+  EXPECT_EQ(blocks, 8U * 1024 * 1024 / 64);
 }
 
 TEST(MemoryImage, CrcAndEventCounterIdentifierDecideBeforeTheId) {

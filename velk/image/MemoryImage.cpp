@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velk/datablock/Checksums.h"
+#include "velk/image/HexText.h"
 
 namespace Velk {
 namespace {
@@ -31,23 +32,17 @@ BlockKind kindOf(ConstBytes bytes, const CatalogueRow* row) {
 
 bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
 
-std::string hex(std::uint64_t value, unsigned width) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string text;
-  for (; value != 0 || text.size() < width; value >>= 4U) text.insert(text.begin(), digits[value & 0xFU]);
-  return "0x" + text;
-}
-
 std::string describeChecksum(const BlockView& block) {
   const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
-  return "checksum is " + hex(stored, 4) + ", the bytes give " + hex(detail::checksumOf(block.bytes), 4);
+  return "checksum is " + detail::hexText(stored, 4) + ", the bytes give " +
+         detail::hexText(detail::checksumOf(block.bytes), 4);
 }
 
 std::string describeNotErased(const BlockView& block) {
   const auto first = std::find_if(block.bytes.begin(), block.bytes.end(), [](unsigned char b) { return b != erased; });
   const auto at = static_cast<std::uint64_t>(first - block.bytes.begin());
   return std::to_string(block.bytes.size()) + " bytes behind the end block are not erased, the first at " +
-         hex(block.offset + at, 4);
+         detail::hexText(block.offset + at, 4);
 }
 
 struct FindingName {
@@ -67,7 +62,7 @@ constexpr Finding firstRemark = Finding::SizeNotOfClass;
 
 bool BlockView::isSound() const {
   return std::ranges::none_of(
-      findingNames, [this](const FindingName& entry) { return entry.finding < firstRemark && has(entry.finding); });
+      findingNames, [this](const FindingName& entry) { return !isRemark(entry.finding) && has(entry.finding); });
 }
 
 const char* kindName(BlockKind kind) {
@@ -79,6 +74,12 @@ std::string blockName(const BlockView& block) {
   if (block.row != nullptr) return block.row->key(block.id);
   return block.kind == BlockKind::Stray ? "-" : "ID_" + std::to_string(block.id);
 }
+
+const char* findingName(Finding finding) {
+  return std::ranges::find(findingNames, finding, &FindingName::finding)->name;
+}
+
+bool isRemark(Finding finding) { return finding >= firstRemark; }
 
 const char* verdictName(const BlockView& block) {
   if (block.isSound()) return "sound";
@@ -104,13 +105,38 @@ std::string describe(const BlockView& block, Finding finding) {
   return {};
 }
 
-MemoryImage::MemoryImage(QByteArray bytes, std::uint64_t start) : bytes_(std::move(bytes)), start_(start) {}
+MemoryImage::MemoryImage(QByteArray bytes, std::uint64_t start, std::uint64_t sectorSize)
+    : bytes_(std::move(bytes)), start_(start), sectorSize_(sectorSize) {}
 
 ConstBytes MemoryImage::bytes() const {
   return {reinterpret_cast<const unsigned char*>(bytes_.constData()), static_cast<std::size_t>(bytes_.size())};
 }
 
-MemoryImage::Iterator MemoryImage::begin() const { return Iterator(BlockWalk(bytes(), start_)); }
+MemoryImage::Iterator MemoryImage::begin() const { return Iterator(*this); }
+
+MemoryImage::Iterator::Iterator(const MemoryImage& image)
+    : sectorSize_(image.sectorSize_),
+      sectorStart_(std::min<std::uint64_t>(image.start_, image.bytes().size())),
+      ahead_(image.bytes().subspan(sectorStart_)),
+      walk_(takeSector()) {
+  ++*this;
+}
+
+detail::ConstBytes MemoryImage::Iterator::takeSector() {
+  const std::size_t size = sectorSize_ == 0 ? ahead_.size() : std::min<std::uint64_t>(sectorSize_, ahead_.size());
+  const ConstBytes sector = ahead_.first(size);
+  ahead_ = ahead_.subspan(size);
+  return sector;
+}
+
+MemoryImage::Iterator& MemoryImage::Iterator::operator++() {
+  while (!(current_ = walk_.next()) && !ahead_.empty()) {
+    sectorStart_ += sectorSize_;
+    walk_ = BlockWalk(takeSector());
+  }
+  if (current_) current_->offset += sectorStart_;
+  return *this;
+}
 
 std::optional<BlockView> BlockWalk::next() {
   if (position_ >= image_.size()) return std::nullopt;

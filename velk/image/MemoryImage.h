@@ -51,6 +51,10 @@ struct VELK_EXPORT BlockView {
 
 /// The name of a kind, as "old-style".
 VELK_EXPORT const char* kindName(BlockKind kind);
+/// A finding in two or three words, as "wrong checksum".
+VELK_EXPORT const char* findingName(Finding finding);
+/// Whether a block may be sound all the same.
+VELK_EXPORT bool isRemark(Finding finding);
 /// A block's name: the key of its id, or what its kind says of it.
 VELK_EXPORT std::string blockName(const BlockView& block);
 /// The most important finding in two or three words, or "sound".
@@ -65,12 +69,15 @@ VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 /// cannot be believed, its view reaches to the next even offset at which a block with a known id, its own size and a
 /// right checksum begins, or else the end of the memory is due. The image owns its bytes; views and iterators are valid
 /// while it lives. Walking takes time in proportion to the bytes, whatever they are.
+///
+/// A flash memory has such a sequence in each of its sectors; offsets count from the image's first byte there too.
 class VELK_EXPORT MemoryImage {
  public:
   class Iterator;
 
-  /// Walks `bytes` from offset `start` on.
-  explicit MemoryImage(QByteArray bytes, std::uint64_t start = 0);
+  /// Walks `bytes` from offset `start` on: as one sequence of blocks, or in sectors of `sectorSize` bytes, the first of
+  /// which begins at `start` and the last of which may be shorter.
+  explicit MemoryImage(QByteArray bytes, std::uint64_t start = 0, std::uint64_t sectorSize = 0);
 
   Iterator begin() const;
   static std::default_sentinel_t end() { return {}; }
@@ -78,16 +85,15 @@ class VELK_EXPORT MemoryImage {
   detail::ConstBytes bytes() const;
 
  private:
-  friend class BlockWalk;
-
   QByteArray bytes_;
   std::uint64_t start_;
+  std::uint64_t sectorSize_;
 };
 
-/// The walk itself: gives one block after another.
+/// The walk over one sequence of blocks: gives one block after another.
 class VELK_EXPORT BlockWalk {
  public:
-  BlockWalk(detail::ConstBytes image, std::uint64_t start) : image_(image), position_(start) {}
+  explicit BlockWalk(detail::ConstBytes image) : image_(image) {}
 
   /// The next block, or nothing after the last.
   std::optional<BlockView> next();
@@ -105,7 +111,7 @@ class VELK_EXPORT BlockWalk {
   detail::ConstBytes rest() const { return image_.subspan(position_); }
 
   detail::ConstBytes image_;
-  std::uint64_t position_;
+  std::uint64_t position_ = 0;
   bool ended_ = false;
   /// What is known of the whole image once a block is sought in damaged bytes: the sum of the words before each even
   /// offset, and where the erased memory at its end begins.
@@ -113,7 +119,7 @@ class VELK_EXPORT BlockWalk {
   std::uint64_t erasedFrom_ = 0;
 };
 
-class MemoryImage::Iterator {
+class VELK_EXPORT MemoryImage::Iterator {
  public:
   using iterator_category = std::input_iterator_tag;
   using value_type = BlockView;
@@ -121,18 +127,20 @@ class MemoryImage::Iterator {
   using pointer = const BlockView*;
   using reference = const BlockView&;
 
-  explicit Iterator(BlockWalk walk) : walk_(std::move(walk)), current_(walk_.next()) {}
+  explicit Iterator(const MemoryImage& image);
 
   reference operator*() const { return *current_; }
   pointer operator->() const { return &*current_; }
-  Iterator& operator++() {
-    current_ = walk_.next();
-    return *this;
-  }
+  Iterator& operator++();
   void operator++(int) { ++*this; }
   bool operator==(std::default_sentinel_t) const { return !current_; }
 
  private:
+  detail::ConstBytes takeSector();
+
+  std::uint64_t sectorSize_;
+  std::uint64_t sectorStart_;
+  detail::ConstBytes ahead_;  ///< what is behind the sector that is walked
   BlockWalk walk_;
   std::optional<BlockView> current_;
 };

@@ -1,0 +1,108 @@
+// Checksums and the life of one block, each against the least that its work can cost.
+#include <benchmark/benchmark.h>
+#include <libdeflate.h>
+
+#include <cstring>
+
+#include "AllocationCount.h"
+#include "velk/velk.h"
+
+namespace {
+
+using Velk::HwDatablock;
+
+/// A block of `size` bytes whose checks are both right.
+HwDatablock soundBlock(std::size_t size) {
+  QByteArray bytes(static_cast<qsizetype>(size), '\0');
+  for (qsizetype i = 12; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7);
+  HwDatablock block(true);
+  block.setData(bytes);
+  block.setBlockSize(static_cast<unsigned short>(size));
+  const unsigned crc = block.computeChecksum32();
+  std::memcpy(block.getData() + 8, &crc, sizeof crc);
+  block.setChecksum(block.computeChecksum());
+  return block;
+}
+
+/// The bare loop over 16-bit words.
+[[gnu::noinline]] unsigned short sumOf(const unsigned char* bytes, std::size_t size) {
+  unsigned short sum = 0;
+  for (std::size_t i = 0; i + 1 < size; i += 2) {
+    unsigned short word = 0;
+    std::memcpy(&word, bytes + i, sizeof word);
+    sum = static_cast<unsigned short>(sum + word);
+  }
+  return sum;
+}
+
+void sumVerified(benchmark::State& state) {
+  HwDatablock block = soundBlock(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    const bool right = block.verifyChecksum();
+    benchmark::DoNotOptimize(right);
+    if (!right) state.SkipWithError("wrong checksum");
+  }
+}
+
+void sumBare(benchmark::State& state) {
+  HwDatablock block = soundBlock(static_cast<std::size_t>(state.range(0)));
+  const unsigned char* bytes = block.getData();
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(bytes);
+    benchmark::DoNotOptimize(sumOf(bytes, static_cast<std::size_t>(state.range(0))));
+  }
+}
+
+void crcVerified(benchmark::State& state) {
+  HwDatablock block = soundBlock(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    const bool right = block.verifyChecksum32();
+    benchmark::DoNotOptimize(right);
+    if (!right) state.SkipWithError("wrong CRC-32");
+  }
+}
+
+void crcBare(benchmark::State& state) {
+  HwDatablock block = soundBlock(static_cast<std::size_t>(state.range(0)));
+  const unsigned char* bytes = block.getData();
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(bytes);
+    benchmark::DoNotOptimize(libdeflate_crc32(0, bytes, static_cast<std::size_t>(state.range(0))));
+  }
+}
+
+void identLife(benchmark::State& state) {
+  const std::size_t before = VelkBench::allocationCount();
+  for (auto _ : state) {
+    Velk::HwDatablockIdent ident;
+    ident.setSerialNumber(100234);
+    benchmark::DoNotOptimize(ident.verifyChecksum());
+  }
+  state.counters["allocations"] = benchmark::Counter(static_cast<double>(VelkBench::allocationCount() - before),
+                                                     benchmark::Counter::kAvgIterations);
+}
+
+/// The same with a plain record in a buffer of its own.
+void identBare(benchmark::State& state) {
+  for (auto _ : state) {
+    QByteArray bytes(sizeof(Velk::HwSDatablockIdent), '\0');
+    auto* const record = reinterpret_cast<Velk::HwSDatablockIdent*>(bytes.data());
+    record->header = {2, sizeof *record, 0, 0};
+    record->serialNumber = 100234;
+    const auto* const words = reinterpret_cast<const unsigned char*>(record);
+    record->header.checksum = static_cast<unsigned short>(-sumOf(words, sizeof *record));
+    benchmark::DoNotOptimize(sumOf(words, sizeof *record));
+  }
+}
+
+constexpr int small = 64;
+constexpr int large = 65532;
+
+BENCHMARK(sumVerified)->Arg(small)->Arg(large);
+BENCHMARK(sumBare)->Arg(small)->Arg(large);
+BENCHMARK(crcVerified)->Arg(small)->Arg(large);
+BENCHMARK(crcBare)->Arg(small)->Arg(large);
+BENCHMARK(identLife);
+BENCHMARK(identBare);
+
+}  // namespace

@@ -1,0 +1,140 @@
+// Whole images: the walk against reading the bytes once, the command over many files against reading them.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <numeric>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "velk/velk.h"
+
+namespace {
+
+/// Sound blocks of ids that nobody knows, of 1 to 3 KiB each, up to `size` bytes.
+QByteArray blocks(qsizetype size) {
+  std::mt19937 random(1);
+  QByteArray image;
+  image.reserve(size);
+  while (image.size() < size) {
+    const auto wanted = static_cast<qsizetype>(1024 + random() % 2048 / 4 * 4);
+    const qsizetype length = size - image.size() - wanted < 1024 ? size - image.size() : wanted;
+    QByteArray bytes(length, '\0');
+    for (qsizetype i = 8; i < length; ++i) bytes[i] = static_cast<char>(random());
+    Velk::HwDatablock block(true);
+    block.setData(bytes);
+    block.setBlockSize(static_cast<unsigned short>(length));
+    block.setBlockId(static_cast<unsigned short>(20000 + random() % 1000));
+    image += block.getByteArrayData();
+  }
+  return image;
+}
+
+const QByteArray& largeImage() {
+  static const QByteArray image = blocks(64 * 1024 * 1024);
+  return image;
+}
+
+void imageWalked(benchmark::State& state) {
+  const Velk::MemoryImage image(largeImage());
+  for (auto _ : state) {
+    std::size_t sound = 0;
+    for (const Velk::BlockView& block : image) sound += block.isSound() ? 1 : 0;
+    benchmark::DoNotOptimize(sound);
+  }
+}
+
+void imageRead(benchmark::State& state) {
+  const auto* const bytes = largeImage().constData();
+  const auto size = static_cast<std::size_t>(largeImage().size());
+  for (auto _ : state) {
+    std::uint64_t sum = 0;
+    for (std::size_t i = 0; i < size; i += sizeof sum) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, bytes + i, sizeof word);
+      sum += word;
+    }
+    benchmark::DoNotOptimize(sum);
+  }
+}
+
+/// Ten thousand images of 8 KiB in files that are gone at the end of the run.
+class ManyFiles {
+ public:
+  ManyFiles() {
+    std::filesystem::create_directories(directory_);
+    const QByteArray image = blocks(8 * 1024);
+    for (int i = 0; i < 10'000; ++i) {
+      names_.push_back(directory_ / (std::to_string(i) + ".bin"));
+      std::ofstream(names_.back(), std::ios::binary).write(image.constData(), image.size());
+    }
+  }
+  ManyFiles(const ManyFiles&) = delete;
+  ManyFiles& operator=(const ManyFiles&) = delete;
+  ~ManyFiles() { std::filesystem::remove_all(directory_); }
+
+  const std::vector<std::string>& names() const { return names_; }
+
+ private:
+  std::filesystem::path directory_ =
+      std::filesystem::temp_directory_path() / ("velk_bench_" + std::to_string(getpid()));
+  std::vector<std::string> names_;
+};
+
+const std::vector<std::string>& manyFiles() {
+  static const ManyFiles files;
+  return files.names();
+}
+
+/// Runs the command with standard output thrown away; its exit code.
+int runList(const std::vector<std::string>& names) {
+  std::vector<std::string> words = {VELK_COMMAND, "list"};
+  words.insert(words.end(), names.begin(), names.end());
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  pid_t child = 0;
+  int status = -1;
+  if (posix_spawn(&child, VELK_COMMAND, &actions, nullptr, arguments.data(), environ) == 0) {
+    waitpid(child, &status, 0);
+  }
+  posix_spawn_file_actions_destroy(&actions);
+  return status;
+}
+
+void filesListed(benchmark::State& state) {
+  const auto& names = manyFiles();
+  for (auto _ : state) {
+    if (runList(names) != 0) state.SkipWithError("velk list failed");
+  }
+}
+
+void filesRead(benchmark::State& state) {
+  std::vector<char> buffer(64 * 1024);
+  for (auto _ : state) {
+    ssize_t total = 0;
+    for (const std::string& name : manyFiles()) {
+      const int file = open(name.c_str(), O_RDONLY);
+      ssize_t count = 0;
+      while ((count = read(file, buffer.data(), buffer.size())) > 0) total += count;
+      close(file);
+    }
+    if (total != 10'000 * 8192) state.SkipWithError("files cannot be read");
+  }
+}
+
+BENCHMARK(imageWalked)->UseRealTime();
+BENCHMARK(imageRead)->UseRealTime();
+BENCHMARK(filesListed)->UseRealTime();
+BENCHMARK(filesRead)->UseRealTime();
+
+}  // namespace

@@ -1,0 +1,85 @@
+// Runs every bench in one go, in mixed order, and compares the medians: figures of one run on one machine.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Comparison {
+  const char* what;
+  const char* measured;
+  const char* floor;
+  const char* floorName;
+  double goal;           ///< times the floor
+  double goalAbove = 0;  ///< or, where it is not 0, nanoseconds above it
+};
+
+constexpr Comparison comparisons[] = {
+    {"16-bit verify, 64 bytes", "sumVerified/64", "sumBare/64", "bare loop", 1.2},
+    {"16-bit verify, 64 KB", "sumVerified/65532", "sumBare/65532", "bare loop", 1.2},
+    {"CRC-32 verify, 64 bytes", "crcVerified/64", "crcBare/64", "libdeflate", 0, 40},
+    {"CRC-32 verify, 64 KB", "crcVerified/65532", "crcBare/65532", "libdeflate", 1.1},
+    {"walk of 64 MiB", "imageWalked/real_time", "imageRead/real_time", "one read pass", 2},
+    {"list of 10,000 files of 8 KB", "filesListed/real_time", "filesRead/real_time", "reading them", 1.5},
+    {"ident made, changed, verified", "identLife", "identBare", "plain record", 0},
+};
+
+/// Keeps the median of each bench.
+class Medians : public benchmark::BenchmarkReporter {
+ public:
+  bool ReportContext(const Context& /*context*/) override { return true; }
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.error_occurred) std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+      if (run.aggregate_name != "median") continue;
+      const std::string name = run.run_name.str();
+      nanoseconds[name] = run.GetAdjustedRealTime();
+      const auto found = run.counters.find("allocations");
+      if (found != run.counters.end()) allocations[name] = found->second.value;
+    }
+  }
+
+  std::map<std::string, double> nanoseconds;
+  std::map<std::string, double> allocations;
+};
+
+void print(const Comparison& comparison, const Medians& medians) {
+  const double measured = medians.nanoseconds.at(comparison.measured);
+  const double floor = medians.nanoseconds.at(comparison.floor);
+  std::printf("%-32s%14.1f ns%14.1f ns  %-14s%8.2f", comparison.what, measured, floor, comparison.floorName,
+              measured / floor);
+  const bool difference = comparison.goalAbove != 0;
+  if (difference) {
+    std::printf("   %.1f ns above; goal %.0f", measured - floor, comparison.goalAbove);
+  } else if (comparison.goal != 0) {
+    std::printf("   goal %.1f", comparison.goal);
+  }
+  const bool reached = difference ? measured - floor <= comparison.goalAbove : measured <= comparison.goal * floor;
+  std::printf("%s\n", comparison.goal == 0 && !difference ? "" : reached ? ", reached" : ", missed");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<char*> arguments(argv, argv + argc);
+  std::string options[] = {"--benchmark_repetitions=9", "--benchmark_enable_random_interleaving=true",
+                           "--benchmark_min_time=0.1"};
+  for (std::string& option : options) arguments.insert(arguments.begin() + 1, option.data());
+  int count = static_cast<int>(arguments.size());
+  arguments.push_back(nullptr);
+  benchmark::Initialize(&count, arguments.data());
+  Medians medians;
+  benchmark::RunSpecifiedBenchmarks(&medians);
+  std::printf("%-32s%17s%17s  %-14s%8s\n", "", "velk", "floor", "which is", "ratio");
+  for (const Comparison& comparison : comparisons) {
+    if (medians.nanoseconds.count(comparison.measured) != 0) print(comparison, medians);
+  }
+  for (const auto& [name, allocations] : medians.allocations) {
+    std::printf("heap allocations of an ident made, changed and verified: %.0f   goal 2%s\n", allocations,
+                allocations <= 2 ? ", reached" : ", missed");
+  }
+  return 0;
+}

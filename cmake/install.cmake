@@ -1,0 +1,27 @@
+# What "cmake --install" puts where. The installed tree may be moved as a whole.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/velk)
+set(pc_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH tool_to_libraries /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+file(RELATIVE_PATH VELK_PC_TO_PREFIX /${pc_dir} /)
+
+# Before 1.0 any minor version may change the interface.
+set_target_properties(velk velk-platform PROPERTIES
+  VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR} INSTALL_RPATH "$ORIGIN")
+set_target_properties(velk-tool PROPERTIES INSTALL_RPATH "$ORIGIN/${tool_to_libraries}")
+
+configure_package_config_file(cmake/velkConfig.cmake.in ${PROJECT_BINARY_DIR}/velkConfig.cmake
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/velkConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+configure_file(cmake/velk.pc.in ${PROJECT_BINARY_DIR}/velk.pc @ONLY)
+
+install(TARGETS velk velk-platform velk-tool EXPORT velkTargets)
+install(EXPORT velkTargets NAMESPACE velk:: DESTINATION ${package_dir})
+install(FILES ${PROJECT_BINARY_DIR}/velkConfig.cmake ${PROJECT_BINARY_DIR}/velkConfigVersion.cmake
+  DESTINATION ${package_dir})
+install(FILES ${PROJECT_BINARY_DIR}/velk.pc DESTINATION ${pc_dir})
+install(DIRECTORY velk DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
+install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -1,0 +1,69 @@
+// Makes the seed corpora of the fuzz targets: from the example images, and a new block of every catalogued id.
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "FuzzSupport.h"
+#include "velk/image/ImageFile.h"
+#include "velk/image/MemoryImage.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace Velk;
+
+void write(const fs::path& path, std::string_view bytes) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void write(const fs::path& path, const QByteArray& bytes) {
+  write(path, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+void seedFrom(const fs::path& file, const fs::path& seeds) {
+  const std::string name = file.stem().string();
+  ImageFile image = readImageFile(file.string());
+  write(seeds / "image" / name, image.bytes);
+  for (const BlockView& block : MemoryImage(image.bytes)) {
+    const std::string_view bytes(reinterpret_cast<const char*>(block.bytes.data()), block.bytes.size());
+    write(seeds / "block" / (name + '_' + std::to_string(block.offset)), bytes);
+  }
+  for (const ImageFormat format : {ImageFormat::IntelHex, ImageFormat::SRecord}) {
+    image.format = format;
+    write(seeds / "text" / (name + '.' + formatName(format)), encodeImage(image));
+  }
+}
+
+void seedFromCatalogue(const fs::path& seeds) {
+  for (const unsigned short id : VelkFuzz::catalogueIds()) {
+    const std::unique_ptr<HwDatablock> block = findCatalogueRow(id)->make(id);
+    block->setBlockId(id);
+    write(seeds / "block" / ("id_" + std::to_string(id)), block->getByteArrayData());
+  }
+}
+
+void seedTexts(const fs::path& seeds) {
+  write(seeds / "text" / "every_type.hex",
+        std::string_view(":020000021234B6\n:0101000011ED\n:0400000312345678E5\n:020000040001F9\n:0101000011ED\n"
+                         ":0400000512345678E3\n:00000001FF\n"));
+  write(seeds / "text" / "every_type.srec",
+        std::string_view("S00600004844521B\nS105010011AA3E\nS206010000AABB93\nS30780000000AABB13\nS5030003F9\n"
+                         "S604000003F8\nS70580000010"
+                         "6A\n"));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: make_seeds IMAGES SEEDS\n");
+    return 2;
+  }
+  const fs::path seeds = argv[2];
+  fs::remove_all(seeds);
+  for (const auto& entry : fs::directory_iterator(argv[1])) seedFrom(entry.path(), seeds);
+  seedFromCatalogue(seeds);
+  seedTexts(seeds);
+  return 0;
+}

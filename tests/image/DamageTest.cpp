@@ -1,0 +1,122 @@
+// Every truncation and every flipped bit of the example images is reported, but for what nothing in a memory protects:
+//   - an image that is cut between two blocks, or behind the id of its end block: the end of the memory ends it as well
+//   - the data word of the end block
+//   - the odd last byte of a block without a CRC-32, which no 16-bit word covers
+#include <algorithm>
+#include <random>
+
+#include "TestSupport.h"
+#include "velk/image/MemoryImage.h"
+
+namespace Velk {
+namespace {
+
+using detail::ConstBytes;
+
+/// Larger images are damaged in samples.
+constexpr std::size_t wholly = 4096;
+
+std::vector<BlockView> walk(ConstBytes image) {
+  std::vector<BlockView> blocks;
+  BlockWalk blockWalk(image);
+  while (const std::optional<BlockView> block = blockWalk.next()) blocks.push_back(*block);
+  return blocks;
+}
+
+/// Whether a walk finds what the walk over the undamaged image did not.
+bool reports(ConstBytes damaged, const std::vector<BlockView>& before) {
+  return std::ranges::any_of(walk(damaged), [&](const BlockView& block) {
+    return block.findings.any() && std::ranges::none_of(before, [&](const BlockView& former) {
+             return former.offset == block.offset && former.findings == block.findings;
+           });
+  });
+}
+
+bool hasCrc(const BlockView& block) {
+  return block.kind == BlockKind::SecondEdition || block.kind == BlockKind::EventCounter;
+}
+
+bool cutIsNotSeen(const std::vector<BlockView>& blocks, std::size_t length) {
+  return std::ranges::any_of(blocks, [&](const BlockView& block) {
+    const bool behindEndId = block.kind == BlockKind::End && length >= block.offset + sizeof block.id;
+    return length == block.offset || behindEndId;
+  });
+}
+
+/// The block that a byte belongs to, or null.
+const BlockView* blockAt(const std::vector<BlockView>& blocks, std::size_t offset) {
+  const auto found = std::ranges::find_if(blocks, [&](const BlockView& block) {
+    return offset >= block.offset && offset - block.offset < block.bytes.size();
+  });
+  return found != blocks.end() ? &*found : nullptr;
+}
+
+/// What is damaged already has its finding.
+bool isDamagedAt(const std::vector<BlockView>& blocks, std::size_t offset) {
+  const BlockView* const block = blockAt(blocks, offset);
+  return block != nullptr && !block->isSound();
+}
+
+bool flipIsNotSeen(const std::vector<BlockView>& blocks, std::size_t offset) {
+  const BlockView* const block = blockAt(blocks, offset);
+  if (block == nullptr) return false;
+  const std::size_t at = offset - block->offset;
+  if (block->kind == BlockKind::End) return at >= sizeof block->id;
+  return block->bytes.size() % 2 != 0 && at + 1 == block->bytes.size() && !hasCrc(*block);
+}
+
+/// The bits to flip, counted from the first of the image.
+std::vector<std::size_t> bitsToFlip(std::size_t size, const std::vector<BlockView>& blocks) {
+  std::vector<std::size_t> bits;
+  if (size <= wholly) {
+    for (std::size_t bit = 0; bit < 8 * size; ++bit) bits.push_back(bit);
+    return bits;
+  }
+  constexpr std::size_t longestHeader = 12;
+  constexpr int samples = 4096;
+  std::mt19937_64 random(size);
+  for (const BlockView& block : blocks) {
+    const std::size_t header = std::min(block.bytes.size(), longestHeader);
+    for (std::size_t bit = 0; bit < 8 * header; ++bit) bits.push_back(8 * block.offset + bit);
+  }
+  for (int i = 0; i < samples; ++i) bits.push_back(random() % (8 * size));
+  return bits;
+}
+
+template <class Act>
+void forEachExample(Act act) {
+  for (const QString& name : VelkTest::exampleImages()) {
+    SCOPED_TRACE(name.toStdString());
+    QByteArray image = VelkTest::exampleImage(name);
+    act(detail::MutableBytes(reinterpret_cast<unsigned char*>(image.data()), static_cast<std::size_t>(image.size())));
+  }
+}
+
+TEST(Damage, EveryTruncationIsReported) {
+  forEachExample([](ConstBytes image) {
+    const std::vector<BlockView> blocks = walk(image);
+    // Behind the last block every length is like the one before.
+    const std::size_t used = blocks.back().offset + blocks.back().bytes.size();
+    const std::size_t longest = image.size() <= wholly ? image.size() : std::min(image.size(), used + 64);
+    for (std::size_t length = 0; length < longest; ++length) {
+      if (isDamagedAt(blocks, length)) continue;
+      EXPECT_EQ(reports(image.first(length), blocks), !cutIsNotSeen(blocks, length)) << length;
+    }
+  });
+}
+
+TEST(Damage, EveryFlippedBitIsReported) {
+  forEachExample([](detail::MutableBytes image) {
+    const std::vector<BlockView> blocks = walk(image);
+    for (const std::size_t bit : bitsToFlip(image.size(), blocks)) {
+      if (isDamagedAt(blocks, bit / 8)) continue;
+      const auto mask = static_cast<unsigned char>(1U << bit % 8);
+      image[bit / 8] ^= mask;
+      EXPECT_EQ(reports(image, blocks), !flipIsNotSeen(blocks, bit / 8)) << "bit " << bit;
+      image[bit / 8] ^= mask;
+    }
+  });
+}
+
+}  // namespace
+}  // namespace Velk

@@ -1,0 +1,87 @@
+#include "velk/image/ImageFile.h"
+
+#include "TestSupport.h"
+
+namespace Velk {
+namespace {
+
+using VelkTest::fromHex;
+
+constexpr const char* hexWithGaps = ":0201000011AA42\n:0101040022D8\n:0101060033C5\n:00000001FF\n";
+constexpr const char* recordsWithGap = "S00600004844521B\nS105010011AA3E\nS104010533C2\nS9030010EC\n";
+
+TEST(ImageFile, IsWhatEveryLineOfItIs) {
+  struct Case {
+    const char* contents;
+    ImageFormat format;
+    const char* warning;
+  };
+  const Case cases[] = {
+      {hexWithGaps, ImageFormat::IntelHex, ""},
+      {"\n:00000001FF", ImageFormat::IntelHex, ""},
+      {recordsWithGap, ImageFormat::SRecord, ""},
+      {":0201000011AA42", ImageFormat::IntelHex, "has no end record; it may have been cut"},
+      {":0201000011AA42\nS9030000FC\n", ImageFormat::Raw,
+       "would be Intel HEX but for line 2: no ':' at its start; taken as a raw dump"},
+      {"S105010011AA3E\n\xFF\xFF", ImageFormat::Raw,
+       "would be S-record but for line 2: no S and digit at its start; taken as a raw dump"},
+      {":0201", ImageFormat::Raw, ""},
+      {"S", ImageFormat::Raw, ""},
+      {"", ImageFormat::Raw, ""},
+      {"\n\n", ImageFormat::Raw, ""},
+      {"\x02", ImageFormat::Raw, ""},
+  };
+  for (const Case& expected : cases) {
+    SCOPED_TRACE(expected.contents);
+    const ImageFile image = decodeImage(expected.contents);
+    EXPECT_EQ(image.format, expected.format);
+    EXPECT_EQ(image.warning, expected.warning);
+    EXPECT_EQ(image.error, "");
+    if (expected.format == ImageFormat::Raw) EXPECT_EQ(image.bytes, QByteArray(expected.contents));
+  }
+}
+
+TEST(ImageFile, AFormatThatIsAskedForHasToFit) {
+  EXPECT_EQ(decodeImage(hexWithGaps, ImageFormat::SRecord).error, "line 1: no S and digit at its start");
+  EXPECT_EQ(decodeImage(":0201000011AA42\n:0", ImageFormat::IntelHex).error, "line 2: an odd number of digits");
+  EXPECT_EQ(decodeImage(hexWithGaps, ImageFormat::Raw).bytes, QByteArray(hexWithGaps));
+  EXPECT_EQ(decodeImage("", ImageFormat::IntelHex).warning, "has no end record; it may have been cut");
+}
+
+TEST(ImageFile, BeginsAtTheLowestAddressAndIsErasedInItsGaps) {
+  const ImageFile image = decodeImage(hexWithGaps);
+  EXPECT_EQ(image.address, 0x100U);
+  EXPECT_EQ(image.bytes, fromHex("11 AA FF FF 22 FF 33"));
+  ASSERT_EQ(image.gaps.size(), 2U);
+  EXPECT_EQ(image.gaps[0].offset, 2U);
+  EXPECT_EQ(image.gaps[0].size, 2U);
+  EXPECT_EQ(image.gaps[1].offset, 5U);
+}
+
+TEST(ImageFile, IsWrittenAsItWasRead) {
+  for (const QByteArray contents : {hexWithGaps, recordsWithGap, "\x02\x01"}) {
+    EXPECT_EQ(encodeImage(decodeImage(contents)), contents);
+  }
+}
+
+TEST(ImageFile, OnlyGapsThatAreStillErasedAreLeftOut) {
+  ImageFile image = decodeImage(hexWithGaps);
+  image.bytes[2] = 0x77;
+  const ImageFile again = decodeImage(encodeImage(image));
+  EXPECT_EQ(again.bytes, fromHex("11 AA 77 FF 22 FF 33"));
+  ASSERT_EQ(again.gaps.size(), 1U);
+  EXPECT_EQ(again.gaps[0].offset, 5U);
+}
+
+TEST(ImageFile, AFewBytesCannotClaimAllMemory) {
+  const ImageFile wide = decodeImage("S30600000000AA4F\nS306FFFFFFFFAA53\nS9030000FC\n");
+  EXPECT_EQ(wide.error, "2 bytes are scattered over addresses 0x00000000 to 0xFFFFFFFF");
+  EXPECT_EQ(wide.bytes.size(), 0);
+  const ImageFile farAway = decodeImage("S306FFFFFFFFAA53\nS9030000FC\n");
+  EXPECT_EQ(farAway.error, "");
+  EXPECT_EQ(farAway.bytes, fromHex("AA"));
+  EXPECT_EQ(decodeImage("S30600000000AA4F\nS30600FFFFFFAA52\nS9030000FC\n").bytes.size(), 16 * 1024 * 1024);
+}
+
+}  // namespace
+}  // namespace Velk

@@ -1,0 +1,107 @@
+// The forms in which an image comes, and where in it the walk begins: the same for every subcommand.
+#include "CommandSupport.h"
+#include "velk/image/ImageFile.h"
+
+namespace {
+
+using VelkTest::Command;
+using VelkTest::exampleImage;
+using VelkTest::Outcome;
+using VelkTest::run;
+
+/// The sections of an object file tool, as an opinion on both containers that is not ours.
+QByteArray converted(const QString& from, const QString& to, const char* format) {
+  const Outcome result = run({"-I", "binary", "-O", format, from, to}, {}, "objcopy");
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  return QByteArray::fromStdString(VelkTest::readFile(to.toStdString()));
+}
+
+void expectSameTexts(const QStringList& first, const QStringList& second) {
+  for (const char* const verb : {"list", "check", "print"}) {
+    const Outcome one = run(QStringList{verb} + first);
+    const Outcome other = run(QStringList{verb} + second);
+    EXPECT_EQ(one.output, other.output);
+    EXPECT_EQ(one.exitCode, other.exitCode);
+    EXPECT_EQ(other.errors, "");
+  }
+}
+
+class Inputs : public Command {};
+
+TEST_F(Inputs, EveryFormOfAnImageIsTheSameImage) {
+  for (const QString& name : VelkTest::exampleImages()) {
+    SCOPED_TRACE(name.toStdString());
+    for (const char* const format : {"ihex", "srec"}) {
+      const QString path = directory_.filePath(name + '.' + format);
+      const QByteArray theirs = converted(name, path, format);
+      expectSameTexts({name}, {path});
+      const Velk::ImageFile image = Velk::decodeImage(theirs);
+      EXPECT_EQ(image.bytes, exampleImage(name));
+      EXPECT_EQ(image.gaps.size(), 0U);
+      EXPECT_EQ(Velk::encodeImage(image).toStdString(), theirs.toStdString()) << "written as it was read";
+      EXPECT_EQ(run({"list", "-"}, theirs).output, run({"list", name}).output);
+    }
+  }
+}
+
+TEST_F(Inputs, TheFormIsToldByTheContentsOrByHand) {
+  const QByteArray image = exampleImage("rf_board.bin");
+  const QString path = file("image.txt", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));
+  EXPECT_EQ(run({"list", path}).exitCode, 0);
+  EXPECT_EQ(run({"list", "--input", "hex", path}).exitCode, 0);
+  EXPECT_EQ(run({"list", "--input", "raw", path}).exitCode, 1) << "text is no datablock";
+  const Outcome wrong = run({"list", "--input", "srec", path});
+  EXPECT_EQ(wrong.exitCode, 3);
+  EXPECT_EQ(wrong.errors, "velk: " + path.toStdString() + ": line 1: no S and digit at its start\n");
+  EXPECT_EQ(run({"list", "--input", "elf", path}).exitCode, 2);
+}
+
+TEST_F(Inputs, GapsAreToldAndErased) {
+  // The end block, and erased memory far behind it.
+  const QString path = file("gap.s19", QByteArray("S1070100FFFF0000F9\nS1070200FFFFFFFFFA\nS9030000FC\n"));
+  const Outcome result = run({"check", path});
+  EXPECT_EQ(result.exitCode, 0) << "a gap is no damage";
+  EXPECT_EQ(result.errors,
+            "velk: " + path.toStdString() + ": offset 0x00000004: 252 bytes are not in the file, taken as erased\n");
+  EXPECT_EQ(result.output, "0x00000000  END: sound\n");
+}
+
+TEST_F(Inputs, DoubtsAboutAFileCount) {
+  const QString cut = file("cut.s19", "S1070100FFFF0000F9\n");
+  for (const char* const verb : {"list", "check", "print"}) {
+    const Outcome result = run({verb, cut});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.errors, "velk: " + cut.toStdString() + ": has no end record; it may have been cut\n");
+    EXPECT_NE(result.output, "");
+  }
+}
+
+TEST_F(Inputs, TheWalkBeginsAtTheOffsetInEveryForm) {
+  const QByteArray image = QByteArray(48, 'x') + exampleImage("rf_board.bin");
+  const QString raw = file("raw", image);
+  const QString hex = file("hex", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));
+  expectSameTexts({"--offset", "48", raw}, {"--offset", "0x30", hex});
+  EXPECT_EQ(run({"print", "--offset", "48", raw}).output, run({"print", "rf_board.bin"}).output);
+  const Outcome behind = run({"list", "--offset", "0x10000", raw});
+  EXPECT_EQ(behind.exitCode, 2);
+  EXPECT_EQ(behind.errors, "velk: " + raw.toStdString() + ": offset 0x00010000 is behind its 1072 bytes\n");
+  for (const char* const wrong : {"x", "-1", "0x", "1k", "", "99999999999999999999"}) {
+    EXPECT_EQ(run({"list", "--offset", wrong, raw}).exitCode, 2) << wrong;
+  }
+}
+
+TEST_F(Inputs, AFlashDumpIsWalkedSectorBySector) {
+  const QByteArray sector = exampleImage("rf_board.bin");
+  const QByteArray flash = sector + QByteArray(sector.size(), '\xFF') + sector;
+  const QString path = file("flash", flash);
+  EXPECT_EQ(run({"check", path}).exitCode, 1) << "without sectors, bytes behind the end block are a finding";
+  const Outcome result = run({"check", "--sector-size", "0x400", path});
+  EXPECT_EQ(result.exitCode, 0);
+  EXPECT_EQ(
+      result.output,
+      "0x00000000  IDENT_2: sound\n0x0000002C  IDENT_10: sound\n0x00000058  ID_4242: sound\n0x0000006E  END: sound\n"
+      "0x00000400  END: sound\n"
+      "0x00000800  IDENT_2: sound\n0x0000082C  IDENT_10: sound\n0x00000858  ID_4242: sound\n0x0000086E  END: sound\n");
+}
+
+}  // namespace

@@ -1,0 +1,33 @@
+"""Holds JSON documents against a schema: hold_against_schema.py SCHEMA DOCUMENT...
+
+Members that the schema does not name are errors here: readers may meet new ones, but this schema has to describe all.
+"""
+import json
+import sys
+
+import jsonschema
+
+
+def close(schema):
+    if isinstance(schema, dict):
+        if "properties" in schema:
+            schema["additionalProperties"] = False
+        for part in schema.values():
+            close(part)
+    elif isinstance(schema, list):
+        for part in schema:
+            close(part)
+
+
+with open(sys.argv[1], encoding="utf-8") as file:
+    schema = json.load(file)
+jsonschema.Draft202012Validator.check_schema(schema)
+close(schema)
+validator = jsonschema.Draft202012Validator(schema)
+faults = 0
+for name in sys.argv[2:]:
+    with open(name, encoding="utf-8") as file:
+        for fault in validator.iter_errors(json.load(file)):
+            print(f"{name}: {fault.json_path}: {fault.message}")
+            faults += 1
+sys.exit(1 if faults else 0)

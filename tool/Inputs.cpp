@@ -1,0 +1,97 @@
+#include "Inputs.h"
+
+#include <charconv>
+#include <map>
+
+#include "Images.h"
+
+namespace VelkTool {
+namespace {
+
+/// Decimal, or hexadecimal behind 0x.
+std::optional<std::uint64_t> parseSize(std::string_view text) {
+  const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
+  if (hexadecimal) text.remove_prefix(2);
+  std::uint64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
+  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+CLI::Option* addSize(CLI::App& command, const std::string& name, std::uint64_t& value, const std::string& description) {
+  const auto take = [&value](const CLI::results_t& texts) {
+    const std::optional<std::uint64_t> size = parseSize(texts.front());
+    value = size.value_or(0);
+    return size.has_value();
+  };
+  return command.add_option(name, take, description)->type_name("N");
+}
+
+void tellGaps(Session& session, const Input& input) {
+  constexpr std::size_t most = 4;
+  const std::vector<Velk::ImageGap>& gaps = input.file.gaps;
+  for (std::size_t i = 0; i < std::min(gaps.size(), most); ++i) {
+    session.complain(input.name, "offset " + offsetText(gaps[i].offset) + ": " + std::to_string(gaps[i].size) +
+                                     " bytes are not in the file, taken as erased");
+  }
+  if (gaps.size() > most) session.complain(input.name, std::to_string(gaps.size() - most) + " more gaps");
+}
+
+/// Whether the image reaches to where the walk is to begin.
+bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
+  const auto size = static_cast<std::uint64_t>(input.file.bytes.size());
+  if (offset == 0 || offset < size) return true;
+  session.complain(input.name, "offset " + offsetText(offset) + " is behind its " + std::to_string(size) + " bytes");
+  return false;
+}
+
+}  // namespace
+
+std::shared_ptr<const Inputs> addInputs(CLI::App& command) {
+  const auto inputs = std::make_shared<Inputs>();
+  static const std::map<std::string, Velk::ImageFormat> formats = [] {
+    std::map<std::string, Velk::ImageFormat> byName;
+    for (const auto format : {Velk::ImageFormat::Raw, Velk::ImageFormat::IntelHex, Velk::ImageFormat::SRecord}) {
+      byName[Velk::formatName(format)] = format;
+    }
+    return byName;
+  }();
+  command.add_option("FILE", inputs->files, "Memory images; - is standard input")->required();
+  command
+      .add_option_function<std::string>(
+          "--input", [inputs](const std::string& name) { inputs->format = formats.at(name); },
+          "What the files are: raw, hex (Intel HEX) or srec (S-record); told by their contents unless given")
+      ->check(CLI::IsMember(formats))
+      ->type_name("FORMAT");
+  addSize(command, "--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same");
+  addSize(command, "--sector-size", inputs->sectorSize,
+          "The image is a flash memory: each N bytes are a sequence of blocks of their own");
+  return inputs;
+}
+
+Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
+  Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
+  Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
+  Input input{name, std::move(file), std::move(image)};
+  if (!input.file.error.empty()) {
+    session.complain(name, input.file.error);
+    session.worsen(Exit::NoAccess);
+    return input;
+  }
+  if (!input.file.warning.empty()) {
+    session.complain(name, input.file.warning);
+    session.worsen(Exit::Findings);
+  }
+  tellGaps(session, input);
+  if (!reachesOffset(session, input, inputs.offset)) session.worsen(Exit::Usage);
+  return input;
+}
+
+void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act) {
+  for (const std::string& name : inputs.files) {
+    const Input input = openInput(session, inputs, name);
+    if (input.file.error.empty()) act(input);
+  }
+}
+
+}  // namespace VelkTool

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Session.h"
+#include "velk/image/ImageFile.h"
+#include "velk/image/MemoryImage.h"
+
+namespace VelkTool {
+
+/// Which files a subcommand reads, and how: the same arguments and options for every subcommand that reads images.
+struct Inputs {
+  std::vector<std::string> files;
+  std::optional<Velk::ImageFormat> format;  ///< nothing: told by the contents
+  std::uint64_t offset = 0;
+  std::uint64_t sectorSize = 0;
+};
+
+/// Adds the FILE arguments and the options about them to a subcommand; the values are there when its callback runs.
+std::shared_ptr<const Inputs> addInputs(CLI::App& command);
+
+/// One file of a run, and its image where it could be read.
+struct Input {
+  std::string name;
+  Velk::ImageFile file;
+  Velk::MemoryImage image;
+};
+
+/// Reads one file. Why it cannot be read, doubts about it and its gaps are told on standard error; all but gaps count.
+Input openInput(Session& session, const Inputs& inputs, const std::string& name);
+
+/// Hands on every input that can be read, in order.
+void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act);
+
+}  // namespace VelkTool

@@ -1,0 +1,74 @@
+#include "JsonReport.h"
+
+#include "Images.h"
+#include "JsonWriter.h"
+
+namespace VelkTool {
+namespace {
+
+void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
+  json.key("findings").beginArray();
+  forEachFinding(block, [&](Velk::Finding finding) {
+    json.beginObject();
+    json.member("finding", Velk::findingName(finding));
+    json.member("remark", Velk::isRemark(finding));
+    json.member("text", Velk::describe(block, finding));
+    json.endObject();
+  });
+  json.endArray();
+}
+
+void writeBlock(JsonWriter& json, const Velk::BlockView& block) {
+  json.beginObject();
+  json.member("offset", block.offset).member("size", block.bytes.size());
+  if (block.kind != Velk::BlockKind::Stray) {
+    json.member("id", block.id).member("name", Velk::blockName(block)).member("declaredSize", block.declaredSize);
+  }
+  json.member("kind", Velk::kindName(block.kind)).member("verdict", Velk::verdictName(block));
+  json.member("sound", block.isSound());
+  writeFindings(json, block);
+  json.endObject();
+}
+
+void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
+  json.member("format", Velk::formatName(file.format)).member("address", file.address);
+  json.member("size", file.bytes.size());
+  if (!file.warning.empty()) json.member("warning", file.warning);
+  json.key("gaps").beginArray();
+  for (const Velk::ImageGap& gap : file.gaps) {
+    json.beginObject().member("offset", gap.offset).member("size", gap.size).endObject();
+  }
+  json.endArray();
+}
+
+}  // namespace
+
+std::shared_ptr<const bool> addJson(CLI::App& command) {
+  auto json = std::make_shared<bool>(false);
+  command.add_flag("--json", *json, "As JSON, for programs");
+  return json;
+}
+
+void writeJsonReport(Session& session, const Inputs& inputs,
+                     const std::function<void(const Input& input, const Velk::BlockView& block)>& visit) {
+  JsonWriter json([&](std::string_view text) { session.write(text); });
+  json.beginObject().member("schema", jsonSchema).key("files").beginArray();
+  for (const std::string& name : inputs.files) {
+    const Input input = openInput(session, inputs, name);
+    json.beginObject().member("file", name);
+    if (!input.file.error.empty()) {
+      json.member("error", input.file.error).endObject();
+      continue;
+    }
+    writeFile(json, input.file);
+    json.key("blocks").beginArray();
+    for (const Velk::BlockView& block : input.image) {
+      writeBlock(json, block);
+      visit(input, block);
+    }
+    json.endArray().endObject();
+  }
+  json.endArray().endObject().finish();
+}
+
+}  // namespace VelkTool

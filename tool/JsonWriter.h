@@ -1,0 +1,72 @@
+#pragma once
+
+#include <charconv>
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace VelkTool {
+
+/// Writes one JSON document piece by piece, its members in the order in which they are given, without ever holding it
+/// whole.
+///
+/// Commas, line breaks and escapes are the writer's; that every object and array is closed and every member has a key
+/// is the caller's. What it writes is valid UTF-8 whatever the texts are: a text that is not UTF-8 is taken as Latin-1.
+class JsonWriter {
+ public:
+  using Sink = std::function<void(std::string_view text)>;
+  enum class Layout { Indented, OneLine };
+
+  /// Pieces of the text go to `sink`.
+  explicit JsonWriter(Sink sink, Layout layout = Layout::Indented);
+
+  JsonWriter& beginObject() { return begin('{'); }
+  JsonWriter& endObject() { return end('}'); }
+  JsonWriter& beginArray() { return begin('['); }
+  JsonWriter& endArray() { return end(']'); }
+  JsonWriter& key(std::string_view name);
+
+  JsonWriter& value(std::string_view text);
+  JsonWriter& value(const char* text) { return value(std::string_view(text)); }
+  JsonWriter& value(bool truth) { return raw(truth ? "true" : "false"); }
+  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks.
+  template <class T>
+  requires std::floating_point<T> JsonWriter& value(T number) { return number - number == 0 ? digits(number) : null(); }
+  template <class T>
+  requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
+  JsonWriter& null() { return raw("null"); }
+
+  template <class T>
+  JsonWriter& member(std::string_view name, const T& content) {
+    return key(name).value(content);
+  }
+
+  /// Ends the document with a line break.
+  void finish();
+
+ private:
+  JsonWriter& begin(char bracket);
+  JsonWriter& end(char bracket);
+  JsonWriter& raw(std::string_view text);
+  template <class T>
+  JsonWriter& digits(T number) {
+    char text[40];
+    const auto last = std::to_chars(text, text + sizeof text, number).ptr;
+    return raw({text, static_cast<std::size_t>(last - text)});
+  }
+  void separate();
+  void breakLine();
+  void appendString(std::string_view text);
+  void flush();
+
+  Sink sink_;
+  Layout layout_;
+  std::string pending_;
+  std::size_t depth_ = 0;
+  bool first_ = true;      ///< nothing stands in the innermost object or array yet
+  bool afterKey_ = false;  ///< the next value belongs to a key
+};
+
+}  // namespace VelkTool
