@@ -2,11 +2,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
-#include <iostream>
-#include <iterator>
+#include <cstdio>
 
 namespace VelkTool {
 namespace {
@@ -16,12 +12,11 @@ QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(p
 }  // namespace
 
 std::optional<std::string> readText(Session& session, const std::string& path) {
-  std::ifstream file;
-  if (path != "-") file.open(path, std::ios::binary);
-  std::istream& text = path == "-" ? std::cin : file;
-  std::string whole(std::istreambuf_iterator<char>(text), {});
-  if (text && !infoOf(path).isDir()) return whole;
-  session.complain(path, std::strerror(infoOf(path).isDir() ? EISDIR : errno));
+  QFile file(QFile::decodeName(path.c_str()));
+  const bool opened = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+  const QByteArray text = opened ? file.readAll() : QByteArray();
+  if (file.error() == QFileDevice::NoError) return text.toStdString();
+  session.complain(path, file.errorString().toStdString());
   session.worsen(Exit::NoAccess);
   return std::nullopt;
 }

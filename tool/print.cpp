@@ -12,6 +12,11 @@ namespace {
 
 using Velk::BlockView;
 
+/// Blocks outside the old-style dictionary, or of another class than its id has there, are printed by their own class.
+bool isInDictionary(const BlockView& block) {
+  return block.row != nullptr && Velk::findDictionaryRow(block.id) == block.row;
+}
+
 class Printer {
  public:
   Printer(Session& session, std::vector<int> ids) : session_(session), ids_(std::move(ids)) {}

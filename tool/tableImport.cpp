@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "Files.h"
+#include "Images.h"
 #include "TableCommands.h"
 #include "TableSections.h"
 #include "velk/image/ImageFile.h"
@@ -32,29 +33,26 @@ std::string readInto(HwTableBlock& table, const std::string& text) {
   return messages;
 }
 
-bool isErased(const QByteArray& bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return byte == '\xFF'; });
-}
-
-/// Puts a block into an image or says why it cannot be there.
+/// An image in which blocks are put; each call says why that cannot be, or nothing.
 class Placement {
  public:
-  explicit Placement(const QByteArray& image) : image_(image), walk_(image) {}
+  explicit Placement(QByteArray image) : image_(std::move(image)) {}
 
+  const QByteArray& image() const { return image_; }
+
+  /// In place of the first block of the id.
   std::string place(const QByteArray& block, unsigned short id, bool append) {
-    for (const BlockView& view : walk_) {
+    for (const BlockView& view : Velk::MemoryImage(image_)) {
       if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, block);
     }
     return append ? add(block) : "has no block of id " + std::to_string(id) + "; --append would add it";
   }
-  const QByteArray& image() const { return image_; }
 
  private:
   std::string replace(const BlockView& view, const QByteArray& block) {
     const auto length = static_cast<qsizetype>(view.bytes.size());
     if (length != block.size()) {
-      return "block of id " + std::to_string(view.id) + " has " + std::to_string(length) + " bytes, the table " +
-             std::to_string(block.size());
+      return placeText(view) + ": has " + std::to_string(length) + " bytes, the table " + std::to_string(block.size());
     }
     image_.replace(static_cast<qsizetype>(view.offset), length, block);
     return {};
@@ -63,23 +61,21 @@ class Placement {
   /// Behind the last block; an end block moves on into the erased memory behind it, so that the memory keeps its size.
   std::string add(const QByteArray& block) {
     std::optional<BlockView> last;
-    for (const BlockView& view : walk_) last = view;
+    const Velk::MemoryImage walked(image_);
+    for (const BlockView& view : walked) last = view;
     if (last && last->kind == Velk::BlockKind::Stray) return "ends with bytes of no block; nothing can be added";
     if (!last || last->kind != Velk::BlockKind::End) {
       image_ += block;
       return {};
     }
-    const auto behindEnd = static_cast<qsizetype>(last->offset + last->bytes.size());
-    if (image_.size() - behindEnd < block.size() || !isErased(image_.mid(behindEnd))) {
-      return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
-    }
+    const auto rest = image_.size() - static_cast<qsizetype>(last->offset + last->bytes.size());
+    if (rest < block.size()) return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
     image_.insert(static_cast<qsizetype>(last->offset), block);
     image_.chop(block.size());
     return {};
   }
 
   QByteArray image_;
-  Velk::MemoryImage walk_;
 };
 
 class Importer {
@@ -94,11 +90,11 @@ class Importer {
     if (!text) return;
     const std::vector<TableSection> sections = wantedSections(*text);
     if (sections.empty()) return refuse(options_.text, "names no table that has a text form", Exit::Findings);
-    QByteArray image = file.bytes;
-    for (const TableSection& section : sections) {
-      if (!import(section, image)) return;
-    }
-    writeFile(session_, options_.out, image);
+    Placement placement(file.bytes);
+    bool complete = true;
+    for (const TableSection& section : sections) complete = import(section, placement) && complete;
+    if (complete) return writeFile(session_, options_.out, placement.image());
+    session_.worsen(Exit::Findings);
   }
 
  private:
@@ -132,26 +128,17 @@ class Importer {
     return wanted;
   }
 
-  /// Whether the import goes on.
-  bool import(const TableSection& section, QByteArray& image) {
+  /// Whether the table could be read and has its place in the image.
+  bool import(const TableSection& section, Placement& placement) {
     const auto table = makeExchangeTable(section.id);
     std::istringstream messages(readInto(*table, section.text));
     bool sound = true;
     for (std::string message; std::getline(messages, message); sound = false) {
       session_.complain(options_.text, message);
     }
-    if (!sound && !options_.force) {
-      session_.worsen(Exit::Findings);
-      return false;
-    }
-    Placement placement(image);
-    if (const std::string error = placement.place(table->getByteArrayData(), section.id, options_.append);
-        !error.empty()) {
-      refuse(options_.file, error, Exit::Findings);
-      return false;
-    }
-    image = placement.image();
-    return true;
+    const std::string refusal = placement.place(table->getByteArrayData(), section.id, options_.append);
+    if (!refusal.empty()) session_.complain(options_.file, refusal);
+    return refusal.empty() && (sound || options_.force);
   }
 
   Session& session_;
