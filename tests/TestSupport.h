@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QByteArray>
+#include <QDir>
 #include <fstream>
 #include <locale>
 #include <sstream>
@@ -83,6 +84,15 @@ inline std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   EXPECT_TRUE(file) << path;
   return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The file names of all example images.
+inline QStringList exampleImages() {
+  return QDir(VELK_SOURCE_DIR "/examples/images").entryList({"*.bin"}, QDir::Files, QDir::Name);
+}
+
+inline QByteArray exampleImage(const QString& name) {
+  return QByteArray::fromStdString(readFile((VELK_SOURCE_DIR "/examples/images/" + name).toStdString()));
 }
 
 /// The expected text in tests/golden/; VELK_UPDATE_GOLDEN in the environment writes it anew instead.

@@ -1,69 +1,32 @@
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
-
-#include "TestSupport.h"
+#include "CommandSupport.h"
 
 namespace {
 
-struct Outcome {
-  int exitCode;
-  std::string output;
-  std::string errors;
-};
+using VelkTest::Command;
+using VelkTest::Outcome;
+using VelkTest::run;
 
-Outcome run(const QStringList& arguments, const QByteArray& input = {}, const char* program = VELK_COMMAND) {
-  QProcess process;
-  process.setWorkingDirectory(VELK_SOURCE_DIR "/examples/images");
-  process.start(program, arguments);
-  process.write(input);
-  process.closeWriteChannel();
-  EXPECT_TRUE(process.waitForFinished());
-  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-  return {process.exitCode(), process.readAllStandardOutput().toStdString(),
-          process.readAllStandardError().toStdString()};
-}
-
-QByteArray rfBoard() {
-  return QByteArray::fromStdString(VelkTest::readFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin"));
-}
-
-class Command : public testing::Test {
- protected:
-  QString file(const char* name, const QByteArray& bytes) {
-    QString path = directory_.filePath(name);
-    QFile out(path);
-    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(bytes);
-    return path;
-  }
-
-  QTemporaryDir directory_;
-};
-
-QStringList exampleImages() { return QDir(VELK_SOURCE_DIR "/examples/images").entryList({"*.bin"}); }
-
-std::string exampleFile(const QString& name) {
-  return VelkTest::readFile(VELK_SOURCE_DIR "/examples/images/" + name.toStdString());
-}
+QByteArray rfBoard() { return VelkTest::exampleImage("rf_board.bin"); }
 
 TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   ASSERT_EQ(run({directory_.path()}, {}, VELK_MAKE_IMAGES).exitCode, 0);
-  EXPECT_EQ(QDir(directory_.path()).entryList({"*.bin"}), exampleImages());
-  for (const QString& name : exampleImages()) {
-    EXPECT_EQ(VelkTest::readFile(directory_.filePath(name).toStdString()), exampleFile(name)) << name.toStdString();
+  const QStringList examples = QDir(VELK_SOURCE_DIR "/examples/images").entryList(QDir::Files);
+  EXPECT_EQ(QDir(directory_.path()).entryList(QDir::Files), examples);
+  for (const QString& name : examples) {
+    const std::string made = VelkTest::readFile(directory_.filePath(name).toStdString());
+    EXPECT_EQ(made, VelkTest::exampleImage(name).toStdString()) << name.toStdString();
   }
 }
 
 TEST_F(Command, GoldenTextsOfTheExamples) {
-  for (const QString& name : exampleImages()) {
+  for (const QString& name : VelkTest::exampleImages()) {
     for (const char* const verb : {"list", "check", "print"}) {
       const Outcome result = run({verb, name});
       EXPECT_EQ(result.exitCode, 0) << name.toStdString();
       EXPECT_EQ(result.errors, "");
       const std::string expected = QFileInfo(name).baseName().toStdString() + '.' + verb + ".txt";
       EXPECT_EQ(result.output, VelkTest::golden(expected, result.output));
-      const QByteArray image = QByteArray::fromStdString(exampleFile(name));
+      const QByteArray image = VelkTest::exampleImage(name);
       EXPECT_EQ(run({verb, "-"}, image).output, result.output) << "standard input is like a file";
     }
   }
