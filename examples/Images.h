@@ -12,6 +12,11 @@ QByteArray synthesizer();
 QByteArray iqModule();
 QByteArray mainboard();
 QByteArray dacBoard();
+/// An RF board with calibration tables of every layout.
+QByteArray rfBoardTables();
+
+/// The attenuator registers of that board as text, with one of them corrected.
+QByteArray attenuatorRegisters();
 
 /// What the examples have in common: an ident block with a name, a part number and a serial number.
 Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber);

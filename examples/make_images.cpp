@@ -1,4 +1,4 @@
-// Makes the example images.
+// Makes the example images, and the text of a table.
 #include <QFile>
 #include <cstdio>
 
@@ -12,9 +12,13 @@ struct Image {
 };
 
 constexpr Image images[] = {
-    {"rf_board.bin", Examples::rfBoard},   {"synthesizer.bin", Examples::synthesizer},
-    {"iq_module.bin", Examples::iqModule}, {"mainboard.bin", Examples::mainboard},
+    {"rf_board.bin", Examples::rfBoard},
+    {"synthesizer.bin", Examples::synthesizer},
+    {"iq_module.bin", Examples::iqModule},
+    {"mainboard.bin", Examples::mainboard},
     {"dac_board.bin", Examples::dacBoard},
+    {"rf_board_tables.bin", Examples::rfBoardTables},
+    {"attenuator_registers.txt", Examples::attenuatorRegisters},
 };
 
 bool write(const QString& path, const QByteArray& bytes) {

@@ -17,6 +17,24 @@ struct RecordClass {
   bool keepsAlignment = false;
 };
 
+/// Fills every field with a value of its own, so that no two are mixed up unnoticed.
+inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo> fields) {
+  const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
+  int next = 1;
+  Velk::visitFields(fields, size, [&](const std::string& path, Velk::FieldElement element) {
+    const Velk::FieldInfo& field = *element.field;
+    const bool floating = field.type == Velk::ScalarType::F32 || field.type == Velk::ScalarType::F64;
+    const bool small = field.bits.width != 0 || field.stride == 1;
+    std::string value = std::to_string(small ? next % (field.bits.width == 2 ? 4 : 7) : next % 1000);
+    if (floating) value += ".625";
+    if (field.kind == Velk::FieldKind::Text) value = "TEXT" + value;
+    if (field.kind == Velk::FieldKind::Date) value = "2020-02-17";
+    EXPECT_EQ(Velk::setFieldText({block.getData(), size}, element, value), Velk::FieldResult::Done) << path;
+    ++next;
+  });
+  block.setChecksum(block.computeChecksum());
+}
+
 /// Makes a block of the class and holds it, its text and its acceptance of records against the expectation.
 template <class Block, class... Arguments>
 void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
@@ -30,9 +48,11 @@ void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
   EXPECT_NE(("\n" + printed(block)).find("\n" + expected.idLine + "\n"), std::string::npos) << printed(block);
 
   Block source(arguments...);
+  fillFields(source, Block::traits.fields);
   source.setAlignment(0x1234);
   source.setBlockId(static_cast<unsigned short>(expected.id + 1));
   auto record = std::make_unique<std::remove_pointer_t<decltype(source.getBlock())>>(*source.getBlock());
+  EXPECT_NE(block.getByteArrayData().mid(8), source.getByteArrayData().mid(8));
   ErrorCapture errors;
   EXPECT_EQ(block.setBlock(record.get()), 0);
   EXPECT_TRUE(errors.errors.empty());
@@ -46,24 +66,6 @@ void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
   block.setBlock(record.get());
   EXPECT_EQ(block.getByteArrayData(), before);
   EXPECT_EQ(errors.errors, std::vector<std::string>{"1040001:   " + expected.refusal});
-}
-
-/// Fills every field with a value of its own, so that no two are mixed up unnoticed.
-inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo> fields) {
-  const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
-  int next = 1;
-  Velk::visitFields(fields, size, [&](const std::string& path, Velk::FieldElement element) {
-    const Velk::FieldInfo& field = *element.field;
-    const bool floating = field.type == Velk::ScalarType::F32 || field.type == Velk::ScalarType::F64;
-    const bool small = field.bits.width != 0 || field.stride == 1;
-    std::string value = std::to_string(small ? next % 7 : next % 1000);
-    if (floating) value += ".625";
-    if (field.kind == Velk::FieldKind::Text) value = "TEXT" + value;
-    if (field.kind == Velk::FieldKind::Date) value = "2020-02-17";
-    EXPECT_EQ(Velk::setFieldText({block.getData(), size}, element, value), Velk::FieldResult::Done) << path;
-    ++next;
-  });
-  block.setChecksum(block.computeChecksum());
 }
 
 /// The first lines of a text, long ones cut, and its length and CRC-32, which stand for the rest.

@@ -11,5 +11,6 @@ void addList(CLI::App& app, Session& session);
 void addCheck(CLI::App& app, Session& session);
 void addPrint(CLI::App& app, Session& session);
 void addIds(CLI::App& app, Session& session);
+void addTable(CLI::App& app, Session& session);
 
 }  // namespace VelkTool

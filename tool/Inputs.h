@@ -15,8 +15,8 @@ namespace VelkTool {
 
 /// Which files a subcommand reads, and how: the same arguments and options for every subcommand that reads images.
 struct Inputs {
-  std::vector<std::string> files;
-  std::optional<Velk::ImageFormat> format;  ///< nothing: told by the contents
+  std::vector<std::string> files{};
+  std::optional<Velk::ImageFormat> format{};  ///< nothing: told by the contents
   std::uint64_t offset = 0;
   std::uint64_t sectorSize = 0;
 };

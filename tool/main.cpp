@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
   addCheck(app, session);
   addPrint(app, session);
   addIds(app, session);
+  addTable(app, session);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

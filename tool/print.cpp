@@ -1,47 +1,17 @@
 #include <algorithm>
 #include <memory>
 #include <ostream>
-#include <streambuf>
 
 #include "Commands.h"
 #include "Images.h"
 #include "Inputs.h"
+#include "LimitedText.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
 namespace VelkTool {
 namespace {
 
 using Velk::BlockView;
-
-/// Collects a text up to a limit; the stream that fills it fails beyond that, which stops the printing.
-class LimitedText : public std::streambuf {
- public:
-  explicit LimitedText(std::size_t limit) : limit_(limit) {}
-
-  bool full() const { return full_; }
-  /// What fitted, up to the last whole line where something did not.
-  std::string_view text() const {
-    return full_ ? std::string_view(text_).substr(0, text_.rfind('\n') + 1) : std::string_view(text_);
-  }
-
- protected:
-  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
-    const auto wanted = static_cast<std::size_t>(count);
-    const std::size_t taken = std::min(wanted, limit_ - text_.size());
-    text_.append(bytes, taken);
-    full_ = full_ || taken < wanted;
-    return static_cast<std::streamsize>(taken);
-  }
-  int_type overflow(int_type character) override {
-    const char byte = traits_type::to_char_type(character);
-    return xsputn(&byte, 1) == 1 ? character : traits_type::eof();
-  }
-
- private:
-  std::string text_;
-  std::size_t limit_;
-  bool full_ = false;
-};
 
 /// Blocks outside the old-style dictionary, or of another class than its id has there, are printed by their own class.
 bool isInDictionary(const BlockView& block) {
@@ -54,8 +24,7 @@ class Printer {
 
   void print(const std::string& file, const BlockView& block) {
     if (!ids_.empty() && std::ranges::find(ids_, block.id) == ids_.end()) return;
-    constexpr std::size_t limit = 4 * 1024 * 1024;
-    LimitedText text(limit);
+    LimitedText text;
     std::ostream stream(&text);
     write(block, stream);
     session_.write(text.text());

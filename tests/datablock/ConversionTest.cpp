@@ -83,6 +83,32 @@ QByteArray anything(std::mt19937& random, unsigned short id, unsigned size) {
   return bytes;
 }
 
+TEST(Conversion, ServesTheseRecordsAndNoOthers) {
+  constexpr int converted[] = {2,   3,   4,   5,   6,   7,   8,   9,   10,    100,   110,   120,   200,   201,  202,
+                               203, 204, 205, 206, 207, 208, 209, 300, 11310, 11311, 11312, 11313, 12000, 12001};
+  for (const int id : converted) {
+    HwDatablock block(true);
+    EXPECT_TRUE(HwDatablockOldStyleInterpreter::swapHwDatablock(PPC_Conform, id, &block)) << id;
+  }
+  for (const int id : {1, 11, 299, 10000, 10301, 10503, 10504, 12004, 12050, 12306, 13600, 15650, 65535}) {
+    HwDatablock block(true);
+    EXPECT_FALSE(HwDatablockOldStyleInterpreter::swapHwDatablock(PPC_Conform, id, &block)) << id;
+  }
+}
+
+TEST(Conversion, KeepsTheAlignmentOfIdentAndListOnly) {
+  for (const auto& [id, size, kept] :
+       {std::tuple(2, 44, true), {120, 12, true}, {100, 28, false}, {200, 24, false}, {11310, 524, false}}) {
+    HwDatablock block(true);
+    block.resizeData(static_cast<unsigned>(size));
+    block.setAlignment(5);
+    const unsigned short checksum = block.getChecksum();
+    HwDatablockOldStyleInterpreter::swapHwDatablock(PPC_Conform, id, &block);
+    EXPECT_EQ(block.getAlignment(), kept ? 5 : 0) << id;
+    EXPECT_EQ(block.getChecksum(), checksum) << id;
+  }
+}
+
 TEST(Conversion, OfAnyBytesUnderEveryKnownIdKeepsPayloadChecksumAndLength) {
   ConsoleCapture console;
   std::mt19937 random(3);

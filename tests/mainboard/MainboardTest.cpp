@@ -150,6 +150,8 @@ TEST(Mainboard, LevelTableComesInTwoSizes) {
   EXPECT_NE(text.find("\n6: "), std::string::npos);
   EXPECT_TRUE(text.ends_with("\t\t 0\n\n"));
 
+  EXPECT_EQ(small.getBlock()->cells[12][499], 0) << "the record that is handed out is whole";
+  small.resizeData(7012);
   auto record = std::make_unique<HwSDatablockMbrdExtLevCalData2Edition_Enh>();
   std::memcpy(record.get(), small.getData(), 7012);
   HwDatablockMbrdExtLevCalData2Edition_Enh other(0, true, 7012);

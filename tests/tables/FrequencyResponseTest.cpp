@@ -202,6 +202,22 @@ TEST(FrequencyResponse, PimTablesLabelTheirRowsByTens) {
   EXPECT_TRUE(text.ends_with("190: \t\t 0\t\t -7\n200: \t\t 0\t\t 0\n\n"));
 }
 
+TEST(FrequencyResponse, HugeCountsReachTheStreamBeforeTheirLineIsWhole) {
+  class Limited : public std::stringbuf {
+    std::streamsize xsputn(const char* text, std::streamsize count) override {
+      return str().size() > 200000 ? 0 : std::stringbuf::xsputn(text, count);
+    }
+  } buffer;
+  std::ostream os(&buffer);
+  HwDatablockPimMwIfExtLevCalData table(true);
+  std::memset(table.getData() + 8, 0xFF, 8);
+  table.printToStream(os);
+  EXPECT_FALSE(os.good());
+  EXPECT_TRUE(
+      buffer.str().starts_with("# Pegelst�tzstellen [dBm] \nID:              LEV_CAL_DAT_LEVEL\n"
+                               "COUNT:           4294967295*4294967295\n0: \t\t 0\t\t 0"));
+}
+
 TEST(FrequencyResponse, ObelValuesTravelAsArrays) {
   ConsoleCapture console;
   double values[28];

@@ -47,13 +47,14 @@ struct FieldInfo {
   std::span<const FieldInfo> members{};  ///< of a sub-record
   bool openEnded = false;                ///< a list of as many elements as the block has room for
 
-  /// A character array is one text rather than a list of small numbers.
+  /// A character array is one text rather than a list of small numbers; an array of those is a list of texts.
   constexpr FieldInfo asText() const {
     FieldInfo field = *this;
     field.kind = FieldKind::Text;
-    field.stride = field.rows;
-    field.rank = 0;
-    field.rows = 1;
+    field.stride = rank > 1 ? cols : rows;
+    field.rank = static_cast<unsigned char>(rank - 1);
+    field.rows = rank > 1 ? rows : static_cast<unsigned short>(1);
+    field.cols = 1;
     return field;
   }
   constexpr FieldInfo asDate() const {

@@ -23,6 +23,7 @@ inline constexpr FieldInfo countedFields[] = {
 /// Completes the traits of a list class by what its record tells. Its text presents the values times `scale`.
 template <class Record, int scale = 1>
 constexpr RecordTraits listTraits(RecordTraits traits) {
+  static_assert(scale == 1 || std::is_same_v<std::remove_extent_t<decltype(Record::values)>, unsigned int>);
   traits.size = sizeof(Record);
   traits.fields = countedFields<Record, scale>;
   return traits;

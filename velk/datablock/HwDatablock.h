@@ -69,7 +69,7 @@ class VELK_EXPORT HwDatablock : public HwObject {
   /// Whether a record's 16-bit words add up to 0; the record may be at any address. The flag has no effect.
   virtual bool verifyChecksum(unsigned short* words, unsigned short byteCount, bool flag);
 
-  /// Each header setter but the last two stores a fresh checksum.
+  /// All but setBlockSizeWithoutCalcChecksumm and setChecksum store a fresh checksum.
   virtual void setBlockId(unsigned short id);
   virtual void setBlockSize(unsigned short size);
   virtual void setBlockSizeWithoutCalcChecksumm(unsigned short size);

@@ -24,6 +24,7 @@ void HwDatablockEnd::setEndBlockID(unsigned short id) { store(offsetof(HwSDatabl
 void HwDatablockEnd::setEndBlockData(unsigned short data) { store(offsetof(HwSDatablockEnd, data), data); }
 
 int HwDatablockEnd::setBlock(const HwSDatablockEnd* record) {
+  if (record == nullptr) return 1;
   const HwSDatablockEnd taken = *record;
   setEndBlockID(taken.id);
   setEndBlockData(taken.data);

@@ -26,7 +26,7 @@ class VELK_EXPORT HwDatablockEnd : public HwDatablock {
   void setEndBlock();
   void setEndBlockID(unsigned short id);
   void setEndBlockData(unsigned short data);
-  /// Takes any record over; always 0.
+  /// Takes any record over and returns 0; 1 for null.
   int setBlock(const HwSDatablockEnd* record);
 
   using HwDatablock::computeChecksum;

@@ -3,7 +3,7 @@
 namespace Velk {
 
 /// Block ids of variant EEPROMs. docs/formats.md lists the kinds whose numbers their owners assign.
-enum HwEVariantEepromDatablock {
+enum HwEVariantEepromDatablock : int {
   _DatablockId_Ident_2_ = 2,
   _DatablockId_Ident_3_ = 3,
   _DatablockId_Ident_4_ = 4,

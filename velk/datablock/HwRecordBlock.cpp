@@ -18,6 +18,16 @@ void applyRecordRules(MutableBytes record, const RecordTraits& traits, Alignment
 
 }  // namespace detail
 
+namespace {
+
+HwSDatablockHeader headerOf(const void* record) {
+  HwSDatablockHeader header{};
+  if (record != nullptr) std::memcpy(&header, record, sizeof header);
+  return header;
+}
+
+}  // namespace
+
 HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError)
     : HwRecordBlock(traits, stopConversionOnError, traits.id) {}
 
@@ -28,14 +38,16 @@ HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnEr
   store(offsetof(HwSDatablockHeader, blockSize), traits.size);
 }
 
-unsigned char* HwRecordBlock::recordBytes() {
-  if (bytes().size() < traits_->size) resizeData(traits_->size);
+unsigned char* HwRecordBlock::recordBytes(std::size_t size) {
+  if (bytes().size() < size) resizeData(static_cast<unsigned>(size));
   return mutableBytes().data();
 }
 
 bool HwRecordBlock::acceptRecord(const void* record, bool isEmpty) {
   if (record != nullptr && isAcceptable(record, isEmpty)) return true;
-  ErrorManager()->signal(IdErrEprDataEepromVerifyChksumFailed, ("   " + QByteArray(traits_->refusal)).constData());
+  const bool named = *traits_->refusal != '\0';
+  const QByteArray refused = named ? "   " + QByteArray(traits_->refusal) : QByteArray::number(headerOf(record).id);
+  ErrorManager()->signal(IdErrEprDataEepromVerifyChksumFailed, refused.constData());
   return false;
 }
 
@@ -43,8 +55,7 @@ bool HwRecordBlock::isAcceptable(const void* record, bool isEmpty) {
   // The record is only read; the signature lacks the const.
   auto* const words = static_cast<unsigned short*>(const_cast<void*>(record));
   const bool isRight = verifyChecksum(words, traits_->size, true);
-  HwSDatablockHeader header;
-  std::memcpy(&header, record, sizeof header);
+  const HwSDatablockHeader header = headerOf(record);
   const bool isOwn = header.id == traits_->id && header.blockSize == traits_->size;
   switch (traits_->acceptance) {
     case Acceptance::Checksum:
@@ -72,17 +83,13 @@ void HwRecordBlock::swapRecord(const void* record) {
 }
 
 void HwRecordBlock::copyRecord(const void* record, AlignmentRule alignment) {
-  unsigned char* const own = recordBytes();
+  unsigned char* const own = recordBytes(traits_->size);
   std::memmove(own, record, traits_->size);
   detail::applyRecordRules({own, traits_->size}, *traits_, alignment);
 }
 
 std::string_view HwRecordBlock::loadText(std::size_t offset, std::size_t length) const {
-  const detail::ConstBytes all = bytes();
-  const std::size_t begin = std::min(offset, all.size());
-  const detail::ConstBytes text = all.subspan(begin, std::min(length, all.size() - begin));
-  const auto end = std::find(text.begin(), text.end(), 0);
-  return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
+  return detail::textAt(bytes(), offset, length);
 }
 
 void HwRecordBlock::storeText(std::size_t offset, std::size_t length, const QByteArray& text) {

@@ -60,7 +60,7 @@ struct TextForm {
 struct RecordTraits {
   unsigned short id = 0;     ///< of a new block, or of its first path or copy
   unsigned short size = 0;   ///< bytes of the record, header included
-  const char* refusal = "";  ///< the name under which a refused record is reported
+  const char* refusal = "";  ///< the name under which a refused record is reported; by its id where there is none
   /// Names of the blocks with ids `id`, `id` + 1 and so on; a single one serves every id.
   std::array<const char*, 10> keys{};
   KeyRange alsoKeys{};  ///< names of ids of another class that this one prints as well
@@ -114,8 +114,8 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
 
   const RecordTraits& recordTraits() const { return *traits_; }
 
-  /// The detached record; a shorter buffer is extended with zeros first.
-  unsigned char* recordBytes();
+  /// The detached buffer; one shorter than `size` is extended with zeros first.
+  unsigned char* recordBytes(std::size_t size);
 
   /// Whether the class takes the record over. `isEmpty` says that the record was never written; a refusal is reported.
   bool acceptRecord(const void* record, bool isEmpty = false);
@@ -126,6 +126,10 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
   void swapRecord(const void* record);
 
   void storeFreshChecksum() { setChecksum(computeChecksum()); }
+  template <class T>
+  void storeField(std::size_t offset, T value, bool withChecksum = true) {
+    if (store(offset, value) && withChecksum) storeFreshChecksum();
+  }
 
   /// The block's name in its text form, by its current id.
   const char* key() { return traits_->key(getId()); }
@@ -148,7 +152,7 @@ template <class Record>
 class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
  public:
   /// The detached record in the buffer, which is extended with zeros to hold it; valid until the block changes.
-  Record* getBlock() { return reinterpret_cast<Record*>(recordBytes()); }
+  Record* getBlock() { return reinterpret_cast<Record*>(recordBytes(sizeof(Record))); }
 
   /// 0 when the record's checksum is right and the record was taken over; otherwise the error manager is told, the
   /// block stays as it was and the result is 1.
@@ -176,7 +180,7 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
 
   template <class T>
   void set(T Record::*field, std::type_identity_t<T> value) {
-    storeField(detail::offsetOf(field), value, true);
+    storeField(detail::offsetOf(field), value);
   }
   template <class T, std::size_t N>
   void set(T (Record::*field)[N], std::type_identity_t<T> value, std::int64_t index, bool withChecksum = true) {
@@ -215,10 +219,6 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
   template <class T, class Field>
   static std::size_t place(Field field, std::int64_t index) {
     return detail::offsetOf(field) + static_cast<std::size_t>(index) * sizeof(T);
-  }
-  template <class T>
-  void storeField(std::size_t offset, T value, bool withChecksum) {
-    if (store(offset, value) && withChecksum) storeFreshChecksum();
   }
 };
 

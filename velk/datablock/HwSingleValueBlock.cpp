@@ -19,7 +19,8 @@ std::ostream& HwSingleValueBlock::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), recordTraits());
   text.key("COUNT:", valueWidth).number(getCount()).endLine();
-  text.key("1:", valueWidth).number(value(0)).endLine();
+  const FieldInfo& value = recordTraits().fields[1];
+  text.key("1:", valueWidth).text(fieldText(bytes(), {&value, value.offset})).endLine();
   text.endLine();
   return os;
 }

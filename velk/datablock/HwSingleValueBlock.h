@@ -19,10 +19,16 @@ inline constexpr FieldInfo singleValueFields[] = {
     VELK_FIELD(SingleValueRecord, value),
 };
 
+/// The value of some blocks has no sign.
+inline constexpr FieldInfo unsignedSingleValueFields[] = {
+    singleValueFields[0],
+    detail::describeField<unsigned int>("value", offsetof(SingleValueRecord, value)),
+};
+
 /// Completes the traits of a single-value class by what they have in common.
-constexpr RecordTraits singleValueTraits(RecordTraits traits) {
+constexpr RecordTraits singleValueTraits(RecordTraits traits, std::span<const FieldInfo> fields = singleValueFields) {
   traits.size = sizeof(SingleValueRecord);
-  traits.fields = singleValueFields;
+  traits.fields = fields;
   traits.text.idWidth = 15;
   return traits;
 }

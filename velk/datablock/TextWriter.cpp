@@ -16,10 +16,17 @@ TextWriter::TextWriter(std::ostream& os) : os_(os) {}
 
 TextWriter& TextWriter::padded(unsigned value, unsigned width) { return text(turnInt2String(value, width)); }
 
-TextWriter& TextWriter::fixed(double value, int decimals) {
+TextWriter& TextWriter::hex(unsigned value, std::size_t width, bool upperCase) {
+  const std::string_view alphabet = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
+  std::string digits;
+  for (; value != 0 || digits.size() < width; value >>= 4U) digits.insert(digits.begin(), alphabet[value & 0xFU]);
+  return text(digits);
+}
+
+TextWriter& TextWriter::fixed(double value, int decimals, std::size_t width) {
   char digits[longestNumber];
   const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;
-  return text({digits, static_cast<std::size_t>(end - digits)});
+  return toTheRight({digits, static_cast<std::size_t>(end - digits)}, width);
 }
 
 TextWriter& TextWriter::general(double value) {
@@ -36,8 +43,12 @@ TextWriter& TextWriter::date(PackedDate date) {
 
 void TextWriter::endLine() {
   line_ += '\n';
-  os_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
+  handOn();
   os_.flush();
+}
+
+void TextWriter::handOn() {
+  os_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
   line_.clear();
 }
 

@@ -17,8 +17,12 @@ constexpr RecordTraits Enhanced::smallTraits = [] {
   return small;
 }();
 
+short Enhanced::getCorLevelValue(unsigned char level, unsigned int frequencyIndex) const {
+  return hasRow(level) ? cell(level, frequencyIndex) : short{0};
+}
+
 void Enhanced::setCorLevelValue(short value, unsigned char level, unsigned int frequencyIndex) {
-  if (level < recordTraits().fields[1].rows) setCell(value, level, frequencyIndex);
+  if (hasRow(level)) setCell(value, level, frequencyIndex);
 }
 
 }  // namespace Velk

@@ -174,7 +174,7 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition
 using HwSDatablockMbrdExtLevCalData2Edition_Enh = GridRecord<short, 13, 500>;
 static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition_Enh) == 13012);
 
-/// Comes in two sizes: of the smaller one only the first seven rows exist, in the block as in records.
+/// Comes in two sizes; the smaller one ends after seven rows. Handing out its record extends the buffer by the others.
 class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
     : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition_Enh> {
  public:
@@ -193,10 +193,13 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
   HwDatablockMbrdExtLevCalData2Edition_Enh(int path, bool stopConversionOnError, int blockSize)
       : HwPathLevelTable(blockSize == traits.size ? traits : smallTraits, path, stopConversionOnError) {}
 
+  short getCorLevelValue(unsigned char level, unsigned int frequencyIndex) const;
   void setCorLevelValue(short value, unsigned char level, unsigned int frequencyIndex);
 
  private:
   static constexpr unsigned short smallRows = 7;
+  bool hasRow(unsigned char level) const { return level < recordTraits().fields[1].rows; }
+
   static const std::array<FieldInfo, 2> smallFields;
   static const RecordTraits smallTraits;
 };

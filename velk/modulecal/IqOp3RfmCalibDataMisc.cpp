@@ -11,7 +11,7 @@ namespace {
 using detail::TextWriter;
 
 constexpr const char* separator = ":             ";
-constexpr double dbPerStep = 0.0078125;
+using detail::dbPerStep;
 constexpr unsigned stepsPerDbBits = 7;
 // The maximum power is stored half a step too high.
 constexpr double pmaxOffset = 0.5;

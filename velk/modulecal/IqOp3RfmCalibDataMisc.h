@@ -1,6 +1,7 @@
 #pragma once
 
 #include "velk/datablock/HwRecordBlock.h"
+#include "velk/modulecal/DbSteps.h"
 
 namespace Velk {
 
@@ -28,15 +29,15 @@ struct VELK_RECORD HwSDatablockIqOp3RfmCalibDataMisc {
 static_assert(sizeof(HwSDatablockIqOp3RfmCalibDataMisc) == 168);
 
 inline constexpr FieldInfo iqOp3MiscFields[] = {
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevPre).in("dB", 1.0 / 128),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevAtt_15).in("dB", 1.0 / 128),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevAtt_30_45).in("dB", 1.0 / 128),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceDetAtt).in("dB", 1.0 / 128),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevPre).in("dB", detail::dbPerStep),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevAtt_15).in("dB", detail::dbPerStep),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceLevAtt_30_45).in("dB", detail::dbPerStep),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceDetAtt).in("dB", detail::dbPerStep),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detFullScale).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, numberOfOperatingStates),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", 1.0 / 128, -0.5 / 128),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V"),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz).in("dB", 1.0 / 128),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz).in("dB", detail::dbPerStep),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz),
 };
 

@@ -16,7 +16,7 @@ std::int64_t part(const HwSIqOp3RfmCalibDataBlock& block, std::size_t field) {
 enum Part : std::size_t { LevPre, DetAtt, DetConvDeflection, LevAtt15, LevAtt30, LevAtt45 };
 
 double attenuation(const HwSIqOp3RfmCalibDataBlock& block, Part field, int nominal) {
-  return static_cast<double>(part(block, field)) * dbPerStep + nominal;
+  return static_cast<double>(part(block, field)) * detail::dbPerStep + nominal;
 }
 
 }  // namespace

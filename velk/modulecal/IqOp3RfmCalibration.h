@@ -1,6 +1,7 @@
 #pragma once
 
 #include "velk/datablock/HwCountedBlock.h"
+#include "velk/modulecal/DbSteps.h"
 
 namespace Velk {
 
@@ -77,21 +78,19 @@ struct VELK_RECORD HwSDatablockIqOp3RfmCalibData {
 };
 static_assert(sizeof(HwSDatablockIqOp3RfmCalibData) == 2412);
 
-inline constexpr double dbPerStep = 0.0078125;
-
 inline constexpr FieldInfo iqOp3CalibBlockFields[] = {
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, steps).part("levPre", {.shift = 0, .width = 4}),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, steps).part("detAtt", {.shift = 4, .width = 5}),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, steps).part("detConvDeflection", {.shift = 9, .width = 16}),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt15", {.shift = 0, .width = 10, .isSigned = true})
-        .in("dB", dbPerStep, 15),
+        .in("dB", detail::dbPerStep, 15),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt30", {.shift = 10, .width = 11, .isSigned = true})
-        .in("dB", dbPerStep, 30),
+        .in("dB", detail::dbPerStep, 30),
     VELK_FIELD(HwSIqOp3RfmCalibDataBlock, attenuations)
         .part("levAtt45", {.shift = 21, .width = 11, .isSigned = true})
-        .in("dB", dbPerStep, 45),
+        .in("dB", detail::dbPerStep, 45),
 };
 inline constexpr FieldInfo iqOp3CalibFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibData, operatingState),

@@ -62,7 +62,7 @@ static_assert(sizeof(HwSDatablockSAtt3CalibDataAtt) == 8108);
 using HwSDatablockSAtt6CalibDataAtt = HwSDatablockSAtt3CalibDataAtt;
 
 inline constexpr FieldInfo attenuationFields[] = {
-    VELK_FIELD(HwSDatablockSAtt3CalibDataAtt, attenuation).in("dB", 0.01),
+    VELK_FIELD(HwSDatablockSAtt3CalibDataAtt, attenuation).in("1/100 dB"),
 };
 
 /// What the attenuation tables share; their text names the companion list of frequencies.

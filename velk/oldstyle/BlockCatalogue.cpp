@@ -22,8 +22,15 @@
 #include "velk/records/ServiceRecords.h"
 #include "velk/tables/BasebandInputTables.h"
 #include "velk/tables/DacBoardTables.h"
+#include "velk/tables/LornRfboTables.h"
+#include "velk/tables/MbrdTables.h"
+#include "velk/tables/MiscData.h"
 #include "velk/tables/ObelTables.h"
+#include "velk/tables/ObelWiqTables.h"
 #include "velk/tables/PimTables.h"
+#include "velk/tables/QelRfboTables.h"
+#include "velk/tables/SAttCTables.h"
+#include "velk/tables/VaskTables.h"
 
 namespace Velk {
 namespace {
@@ -81,7 +88,43 @@ constexpr CatalogueRow paths(const char* className, int count) {
   return record<Block>(className, first, static_cast<unsigned short>(first + count - 1), makeInstance<Block, true>);
 }
 
+template <class Kind>
+std::unique_ptr<HwDatablock> makeMiscData(unsigned short /*id*/) {
+  return std::make_unique<typename Kind::Block>(Kind::traits.id, Kind::traits.key, Kind::traits.scale);
+}
+
+/// A table that its maker names, by the number of its id in the row.
+template <class Table>
+std::unique_ptr<HwDatablock> makeNumbered(unsigned short id) {
+  return std::make_unique<Table>(findCatalogueRow(id)->key(id), id - Table::traits.id, false);
+}
+
+template <class Table>
+constexpr auto tableFields = Table::TableImage::fields(Table::traits.scale);
+
+/// The rows of table classes: with one id, and with one for each of several names.
+template <class Table>
+constexpr CatalogueRow tables(const char* className, std::span<const char* const> keys, Maker* maker,
+                              Conversion conversion) {
+  constexpr unsigned short firstId = Table::traits.id;
+  const auto lastId = static_cast<unsigned short>(firstId + keys.size() - 1);
+  return {firstId, lastId,     className, keys, sizeof(typename Table::TableImage), {}, tableFields<Table>,
+          maker,   conversion, nullptr};
+}
+template <class Table>
+constexpr CatalogueRow table(const char* className, Maker* maker, Conversion conversion) {
+  return tables<Table>(className, {&Table::traits.key, 1}, maker, conversion);
+}
+
 constexpr const char* endKeys[] = {"END"};
+constexpr const char* wiqImbalanceKeys[] = {
+    "WIQ_RF_IMBALANCE_DATA_0", "WIQ_RF_IMBALANCE_DATA_1", "WIQ_RF_IMBALANCE_DATA_2", "WIQ_RF_IMBALANCE_DATA_3",
+    "WIQ_RF_IMBALANCE_DATA_4", "WIQ_RF_IMBALANCE_DATA_5", "WIQ_RF_IMBALANCE_DATA_6", "WIQ_RF_IMBALANCE_DATA_7",
+    "WIQ_RF_IMBALANCE_DATA_8", "WIQ_RF_IMBALANCE_DATA_9"};
+constexpr const char* levconTempKeys[] = {
+    "VECTOR_LEVCON_TEMP_DATA_0", "VECTOR_LEVCON_TEMP_DATA_1", "VECTOR_LEVCON_TEMP_DATA_2", "VECTOR_LEVCON_TEMP_DATA_3",
+    "VECTOR_LEVCON_TEMP_DATA_4", "VECTOR_LEVCON_TEMP_DATA_5", "VECTOR_LEVCON_TEMP_DATA_6", "VECTOR_LEVCON_TEMP_DATA_7",
+    "VECTOR_LEVCON_TEMP_DATA_8", "VECTOR_LEVCON_TEMP_DATA_9"};
 constexpr const char* service299Keys[] = {"SERVICE_299"};
 
 constexpr CatalogueRow service299 = [] {
@@ -128,6 +171,10 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockSAtt6CalibDataTemp>("HwDatablockSAtt6CalibDataTemp"),
     record<HwDatablockSAtt6OWLDCounter>("HwDatablockSAtt6OWLDCounter", 11203, 11204, makeInstance<HwDatablockSAtt6OWLDCounter>),
     record<HwDatablockSAttCCounter>("HwDatablockSAttCCounter", 11300, 11303, makeWithId<HwDatablockSAttCCounter, int>),
+    table<MiscDataKinds::PimMwifSattCounter>("HwDatablockTemplateWithoutChecksum", makeMiscData<MiscDataKinds::PimMwifSattCounter>, Conversion::None),
+    table<HwDatablockSAttCTempFreq>("HwDatablockSAttCTempFreq", make<HwDatablockSAttCTempFreq, true>, Conversion::None),
+    table<HwDatablockSAttCTempGradient>("HwDatablockSAttCTempGradient", make<HwDatablockSAttCTempGradient, true>, Conversion::None),
+    table<HwDatablockSAttCTempOffset>("HwDatablockSAttCTempOffset", make<HwDatablockSAttCTempOffset, true>, Conversion::None),
     record<HwDatablockCommonStatisticData>("HwDatablockCommonStatisticData", 11310, 11313, makeWithId<HwDatablockCommonStatisticData, int>, Conversion::Table),
     record<HwDatablockMbrdSerialNumber>("HwDatablockMbrdSerialNumber", Conversion::Record),
     record<HwDatablockMbrdModel>("HwDatablockMbrdModel", Conversion::Record),
@@ -167,6 +214,21 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockSittMbrdPllDacCalibValue>("HwDatablockSittMbrdPllDacCalibValue"),
     paths<HwDatablockCwopDetLinCorrFreq>("HwDatablockCwopDetLinCorrFreq", 2),
     paths<HwDatablockCwopDetLinCorrData>("HwDatablockCwopDetLinCorrData", 2),
+    table<MiscDataKinds::LoopgainFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainFreq>, Conversion::None),
+    table<MiscDataKinds::LoopgainPk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPk>, Conversion::None),
+    table<MiscDataKinds::LoopgainPValueBasePk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPValueBasePk>, Conversion::None),
+    table<MiscDataKinds::LoopgainIValueBasePk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueBasePk>, Conversion::None),
+    table<MiscDataKinds::LoopgainIValueOffsetPk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueOffsetPk>, Conversion::None),
+    table<MiscDataKinds::LoopgainPkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPkList>, Conversion::None),
+    table<MiscDataKinds::LoopgainPValueBasePkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPValueBasePkList>, Conversion::None),
+    table<MiscDataKinds::LoopgainIValueBasePkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueBasePkList>, Conversion::None),
+    table<MiscDataKinds::LoopgainIValueOffsetPkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueOffsetPkList>, Conversion::None),
+    table<MiscDataKinds::PimDconVtrimValue>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimDconVtrimValue>, Conversion::None),
+    table<MiscDataKinds::PimDconLevelpre2>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimDconLevelpre2>, Conversion::None),
+    table<MiscDataKinds::KivFreqcntrTcxoRefCalValue>("HwDatablockTemplate", makeMiscData<MiscDataKinds::KivFreqcntrTcxoRefCalValue>, Conversion::None),
+    table<MiscDataKinds::LimiterFrequencyNodeGhz>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterFrequencyNodeGhz>, Conversion::None),
+    table<MiscDataKinds::LimiterMaxVoltage>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterMaxVoltage>, Conversion::None),
+    table<MiscDataKinds::LimiterMaxVoltagePumOn>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterMaxVoltagePumOn>, Conversion::None),
     record<HwDatablockDacIfFullScale>("HwDatablockDacIfFullScale"),
     flagged<HwDatablockBbinsCompFilterTabsI>("HwDatablockBbinsCompFilterTabsI"),
     flagged<HwDatablockBbinsCompFilterTabsQ>("HwDatablockBbinsCompFilterTabsQ"),
@@ -189,13 +251,72 @@ constexpr CatalogueRow dictionary[] = {
     flagged<HwDatablockDacbIqImbalanceRearAmp>("HwDatablockDacbIqImbalanceRearAmp"),
     flagged<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh"),
     record<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh", 14801, 14801, make<HwDatablockDacbIqImbalanceRearPh, false>),
+    table<HwDatablockMbrdIqInputB>("HwDatablockMbrdIqInputB", make<HwDatablockMbrdIqInputB, false>, Conversion::None),
+    table<HwDatablockMbrdExtCalUserFreqA>("HwDatablockMbrdExtCalUserFreqA", make<HwDatablockMbrdExtCalUserFreqA, false>, Conversion::None),
+    table<HwDatablockMbrdExtCalUserFreqB>("HwDatablockMbrdExtCalUserFreqB", make<HwDatablockMbrdExtCalUserFreqB, false>, Conversion::None),
+    table<HwDatablockMbrdExtCalUserDataA>("HwDatablockMbrdExtCalUserDataA", make<HwDatablockMbrdExtCalUserDataA, false>, Conversion::None),
+    table<HwDatablockMbrdExtCalUserDataB>("HwDatablockMbrdExtCalUserDataB", make<HwDatablockMbrdExtCalUserDataB, false>, Conversion::None),
     record<HwDatablockSynexOcxoRefCalValue>("HwDatablockSynexOcxoRefCalValue"),
     record<HwDatablockFsynTcxoRefCalValue>("HwDatablockFsynTcxoRefCalValue"),
     record<HwDatablockPimOcxoRefCalValue>("HwDatablockPimOcxoRefCalValue"),
     record<HwDatablockDetLimiterMaxVoltFreq>("HwDatablockDetLimiterMaxVoltFreq"),
     record<HwDatablockDetLimiterMaxVoltData>("HwDatablockDetLimiterMaxVoltData"),
+    table<MiscDataKinds::PimTemperature>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimTemperature>, Conversion::None),
+    table<MiscDataKinds::PimTempcorrLevel>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimTempcorrLevel>, Conversion::None),
+    table<MiscDataKinds::DetDiffTemperature>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetDiffTemperature>, Conversion::None),
+    table<MiscDataKinds::DetTempcorrLowFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrLowFreq>, Conversion::None),
+    table<MiscDataKinds::DetTempcorrHighFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrHighFreq>, Conversion::None),
+    table<MiscDataKinds::DetTempcorrMinFreqValues>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrMinFreqValues>, Conversion::None),
+    table<MiscDataKinds::DetTempcorrMaxFreqValues>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrMaxFreqValues>, Conversion::None),
     record<HwDatablockAduLevCoarseCalibData>("HwDatablockAduLevCoarseCalibData"),
     record<HwDatablockAduGainOffsetCalData>("HwDatablockAduGainOffsetCalData"),
+    table<HwDatablockStereocoderCo>("HwDatablockStereocoderCo", make<HwDatablockStereocoderCo, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtInGain>("HwDatablockQelRfboExtInGain", make<HwDatablockQelRfboExtInGain, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtInOffset>("HwDatablockQelRfboExtInOffset", make<HwDatablockQelRfboExtInOffset, false>, Conversion::Table),
+    table<HwDatablockQelRfboDetTuneFreq>("HwDatablockQelRfboDetTuneFreq", make<HwDatablockQelRfboDetTuneFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboDetTuneData>("HwDatablockQelRfboDetTuneData", make<HwDatablockQelRfboDetTuneData, false>, Conversion::Table),
+    table<HwDatablockQelRfboTcxoCal>("HwDatablockQelRfboTcxoCal", make<HwDatablockQelRfboTcxoCal, false>, Conversion::Table),
+    table<HwDatablockQelRfboRfLevelMaxFreq>("HwDatablockQelRfboRfLevelMaxFreq", make<HwDatablockQelRfboRfLevelMaxFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboRfLevelMaxData>("HwDatablockQelRfboRfLevelMaxData", make<HwDatablockQelRfboRfLevelMaxData, false>, Conversion::Table),
+    table<HwDatablockQelRfboAttCalFreq>("HwDatablockQelRfboAttCalFreq", make<HwDatablockQelRfboAttCalFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboAttCalData>("HwDatablockQelRfboAttCalData", make<HwDatablockQelRfboAttCalData, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtCalFreq>("HwDatablockQelRfboExtCalFreq", make<HwDatablockQelRfboExtCalFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtCalData>("HwDatablockQelRfboExtCalData", make<HwDatablockQelRfboExtCalData, false>, Conversion::Table),
+    table<HwDatablockQelRfboAlcFreq>("HwDatablockQelRfboAlcFreq", make<HwDatablockQelRfboAlcFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboAlcData>("HwDatablockQelRfboAlcData", make<HwDatablockQelRfboAlcData, false>, Conversion::Table),
+    table<HwDatablockQelRfboTempFreq>("HwDatablockQelRfboTempFreq", make<HwDatablockQelRfboTempFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboTempGradient>("HwDatablockQelRfboTempGradient", make<HwDatablockQelRfboTempGradient, false>, Conversion::Table),
+    table<HwDatablockQelRfboTempOffset>("HwDatablockQelRfboTempOffset", make<HwDatablockQelRfboTempOffset, false>, Conversion::Table),
+    table<HwDatablockQelRfboAttRegData>("HwDatablockQelRfboAttRegData", make<HwDatablockQelRfboAttRegData, false>, Conversion::Table),
+    table<HwDatablockQelRfboSHFreq>("HwDatablockQelRfboSHFreq", make<HwDatablockQelRfboSHFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboSHData>("HwDatablockQelRfboSHData", make<HwDatablockQelRfboSHData, false>, Conversion::Table),
+    table<HwDatablockLornRfboAttCalFreq>("HwDatablockLornRfboAttCalFreq", make<HwDatablockLornRfboAttCalFreq, false>, Conversion::Table),
+    table<HwDatablockLornRfboAttCalData>("HwDatablockLornRfboAttCalData", make<HwDatablockLornRfboAttCalData, false>, Conversion::Table),
+    table<HwDatablockLornRfboTempCompFreq>("HwDatablockLornRfboTempCompFreq", make<HwDatablockLornRfboTempCompFreq, false>, Conversion::Table),
+    table<HwDatablockLornRfboTempCompData>("HwDatablockLornRfboTempCompData", make<HwDatablockLornRfboTempCompData, false>, Conversion::Table),
+    table<HwDatablockLornRfboAttRegAttenuation>("HwDatablockLornRfboAttRegAttenuation", make<HwDatablockLornRfboAttRegAttenuation, false>, Conversion::Table),
+    table<HwDatablockLornRfboAttRegData>("HwDatablockLornRfboAttRegData", make<HwDatablockLornRfboAttRegData, false>, Conversion::Table),
+    table<HwDatablockVaskVectorRfLevelMaxFreq>("HwDatablockVaskVectorRfLevelMaxFreq", make<HwDatablockVaskVectorRfLevelMaxFreq, false>, Conversion::Table),
+    table<HwDatablockVaskVectorRfLevelMaxData>("HwDatablockVaskVectorRfLevelMaxData", make<HwDatablockVaskVectorRfLevelMaxData, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcFreq>("HwDatablockVaskVectorAlcFreq", make<HwDatablockVaskVectorAlcFreq, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcData>("HwDatablockVaskVectorAlcData", make<HwDatablockVaskVectorAlcData, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcIqNormFreq>("HwDatablockVaskVectorAlcIqNormFreq", make<HwDatablockVaskVectorAlcIqNormFreq, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcIqNormData>("HwDatablockVaskVectorAlcIqNormData", make<HwDatablockVaskVectorAlcIqNormData, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcIqWideFreq>("HwDatablockVaskVectorAlcIqWideFreq", make<HwDatablockVaskVectorAlcIqWideFreq, false>, Conversion::Table),
+    table<HwDatablockVaskVectorAlcIqWideData>("HwDatablockVaskVectorAlcIqWideData", make<HwDatablockVaskVectorAlcIqWideData, false>, Conversion::Table),
+    table<HwDatablockVaskRfBoExtCalVecFreq>("HwDatablockVaskRfBoExtCalVecFreq", make<HwDatablockVaskRfBoExtCalVecFreq, false>, Conversion::Table),
+    table<HwDatablockVaskRfBoExtCalVecData>("HwDatablockVaskRfBoExtCalVecData", make<HwDatablockVaskRfBoExtCalVecData, false>, Conversion::Table),
+    table<HwDatablockVaskRfboAttCalVecFreq>("HwDatablockVaskRfboAttCalVecFreq", make<HwDatablockVaskRfboAttCalVecFreq, false>, Conversion::Table),
+    table<HwDatablockVaskRfboAttCalVecData>("HwDatablockVaskRfboAttCalVecData", make<HwDatablockVaskRfboAttCalVecData, false>, Conversion::Table),
+    table<HwDatablockVaskRfboRfLevelMaxVecFreq>("HwDatablockVaskRfboRfLevelMaxVecFreq", make<HwDatablockVaskRfboRfLevelMaxVecFreq, false>, Conversion::Table),
+    table<HwDatablockVaskRfboRfLevelMaxVecData>("HwDatablockVaskRfboRfLevelMaxVecData", make<HwDatablockVaskRfboRfLevelMaxVecData, false>, Conversion::Table),
+    table<HwDatablockVaskVectorLevconTemp>("HwDatablockVaskVectorLevconTemp", make<HwDatablockVaskVectorLevconTemp, false>, Conversion::Table),
+    table<HwDatablockVaskVectorLevconTempFreq>("HwDatablockVaskVectorLevconTempFreq", make<HwDatablockVaskVectorLevconTempFreq, false>, Conversion::Table),
+    table<HwDatablockVaskVectorLevconTempLevcon>("HwDatablockVaskVectorLevconTempLevcon", make<HwDatablockVaskVectorLevconTempLevcon, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtCalUserFreq>("HwDatablockQelRfboExtCalUserFreq", make<HwDatablockQelRfboExtCalUserFreq, false>, Conversion::Table),
+    table<HwDatablockQelRfboExtCalUserData>("HwDatablockQelRfboExtCalUserData", make<HwDatablockQelRfboExtCalUserData, false>, Conversion::Table),
+    table<HwDatablockVaskRfboExtCalVecUserFreq>("HwDatablockVaskRfboExtCalVecUserFreq", make<HwDatablockVaskRfboExtCalVecUserFreq, false>, Conversion::Table),
+    table<HwDatablockVaskRfboExtCalVecUserData>("HwDatablockVaskRfboExtCalVecUserData", make<HwDatablockVaskRfboExtCalVecUserData, false>, Conversion::Table),
     {65535, 65535, "HwDatablockEnd", endKeys, sizeof(HwSDatablockEnd), {}, endFields, make<HwDatablockEnd>, Conversion::None, nullptr},
 };
 
@@ -210,8 +331,10 @@ constexpr CatalogueRow others[] = {
     flagged<HwDatablockObelAnalogImbalancePhI>("HwDatablockObelAnalogImbalancePhI"),
     flagged<HwDatablockObelAnalogImbalancePhQ>("HwDatablockObelAnalogImbalancePhQ"),
     record<HwDatablockObelBaseboardCalibValue>("HwDatablockObelBaseboardCalibValue"),
+    tables<HwDatablockObelWiqRfImbalanceData>("HwDatablockObelWiqRfImbalanceData", wiqImbalanceKeys, makeNumbered<HwDatablockObelWiqRfImbalanceData>, Conversion::None),
     record<HwDatablockObelWiqSensorData>("HwDatablockObelWiqSensorData"),
     record<HwDatablockObelWIQQuadDac>("HwDatablockObelWIQQuadDac"),
+    tables<HwDatablockVaskVectorLevconTempData>("HwDatablockVaskVectorLevconTempData", levconTempKeys, makeNumbered<HwDatablockVaskVectorLevconTempData>, Conversion::Table),
 };
 // clang-format on
 

@@ -25,13 +25,13 @@ void HwDatablockMbrdModel::setModel(const QString& model) {
 }
 
 int HwDatablockMbrdModel::setBlock(const HwSDatablockMbrdModel* record) {
-  const char last = getBlock()->model[longestName];
-  const int result = HwTypedRecordBlock::setBlock(record);
-  getBlock()->model[longestName] = last;
-  return result;
+  if (!acceptRecord(record)) return 1;
+  swapBlock(record);
+  return 0;
 }
 
 void HwDatablockMbrdModel::swapBlock(const HwSDatablockMbrdModel* record) {
+  if (record == nullptr) return;
   const char last = getBlock()->model[longestName];
   HwTypedRecordBlock::swapBlock(record);
   getBlock()->model[longestName] = last;

@@ -110,7 +110,9 @@ std::ostream& HwDatablockModification120::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
   text.line(traits.text.comments[0]);
   text.key("ID:").text(traits.keys[0]).endLine();
-  for (const unsigned int code : serviceCodes_) text.key("SERVICECODE:").number(code).endLine();
+  for (std::size_t i = 0; i < serviceCodes_.size() && text.ok(); ++i) {
+    text.key("SERVICECODE:").number(serviceCodes_[i]).endLine();
+  }
   text.endLine();
   return os;
 }

@@ -26,8 +26,9 @@ HwDatablockObelWIQQuadDac::HwDatablockObelWIQQuadDac(bool stopConversionOnError)
 }
 
 void HwDatablockObelWIQQuadDac::getObelWiqQuadDacData(double* out, bool& valid) {
-  for (std::size_t i = 0; i < quadDacValues; ++i) out[i] = value(static_cast<std::int64_t>(i));
   valid = verifyChecksum();
+  if (out == nullptr) return;
+  for (std::size_t i = 0; i < quadDacValues; ++i) out[i] = value(static_cast<std::int64_t>(i));
 }
 
 void HwDatablockObelWIQQuadDac::setObelWiqQuadDacData(const double* in) {
@@ -42,11 +43,12 @@ HwDatablockObelWiqSensorData::HwDatablockObelWiqSensorData(bool stopConversionOn
 }
 
 void HwDatablockObelWiqSensorData::getObelWiqSensorData(double* a, double* b, bool& valid) {
+  valid = verifyChecksum();
+  if (a == nullptr || b == nullptr) return;
   for (std::size_t i = 0; i < sensorValues; ++i) {
     a[i] = get(&HwSDatablockObelWiqSensorData::a, static_cast<std::int64_t>(i));
     b[i] = get(&HwSDatablockObelWiqSensorData::b, static_cast<std::int64_t>(i));
   }
-  valid = verifyChecksum();
 }
 
 void HwDatablockObelWiqSensorData::setObelWiqSensorData(const double* a, const double* b) {

@@ -157,12 +157,14 @@ using HwSDatablockObelBaseboardCalibValue = SingleValueRecord;
 /// The calibration value of the baseboard. Index 0 is the only one.
 class VELK_EXPORT HwDatablockObelBaseboardCalibValue : public HwSingleValueBlock {
  public:
-  static constexpr RecordTraits traits = singleValueTraits({
-      .id = 15605,
-      .refusal = "HwDatablockObelBaseboardCalibValue",
-      .keys = {"OBEL_BASEBOARD_CALIB_VALUE"},
-      .text = {.comments = {"# Das ist  der Baseboard Kalibrierwert"}},
-  });
+  static constexpr RecordTraits traits = singleValueTraits(
+      {
+          .id = 15605,
+          .refusal = "HwDatablockObelBaseboardCalibValue",
+          .keys = {"OBEL_BASEBOARD_CALIB_VALUE"},
+          .text = {.comments = {"# Das ist  der Baseboard Kalibrierwert"}},
+      },
+      unsignedSingleValueFields);
 
   explicit HwDatablockObelBaseboardCalibValue(bool stopConversionOnError = true)
       : HwSingleValueBlock(traits, "OBEL baseboard calibration value failed", stopConversionOnError) {}

@@ -10,13 +10,15 @@ using HwSDatablockPimOcxoRefCalValue = SingleValueRecord;
 /// The value that tunes the microwave module's reference oscillator.
 class VELK_EXPORT HwDatablockPimOcxoRefCalValue : public HwReferenceOscillatorBlock {
  public:
-  static constexpr RecordTraits traits = singleValueTraits({
-      .id = 15002,
-      .refusal = "HwDatablockPimOcxoRefCalValue",
-      .keys = {"PIM_OCXO_REF_CAL_VALUE"},
-      .text = {.comments = {"#Kalibrierwert f�r den Feinabgleich der OCXO-Frequenz", "# Wertebereich: 0...65535",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
-  });
+  static constexpr RecordTraits traits = singleValueTraits(
+      {
+          .id = 15002,
+          .refusal = "HwDatablockPimOcxoRefCalValue",
+          .keys = {"PIM_OCXO_REF_CAL_VALUE"},
+          .text = {.comments = {"#Kalibrierwert f�r den Feinabgleich der OCXO-Frequenz", "# Wertebereich: 0...65535",
+                                "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+      },
+      unsignedSingleValueFields);
 
   HwDatablockPimOcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
 };
@@ -134,6 +136,7 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
  public:
   unsigned int getNumberOfLevelSteps() const { return this->get(&Record::levelSteps); }
   void setNumberOfLevelSteps(unsigned short n) { this->set(&Record::levelSteps, n); }
+  void setNumberOfFreqs(unsigned short n) { this->set(&Record::freqs, n); }
   short getCorLevelValue(unsigned char level, unsigned int freq) const {
     return this->get(&Record::cells, level, freq);
   }
@@ -150,7 +153,6 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
   using HwTypedRecordBlock<Record>::HwTypedRecordBlock;
 
   unsigned int columns() const { return this->get(&Record::freqs); }
-  void setColumns(unsigned short n) { this->set(&Record::freqs, n); }
 
   static constexpr RecordTraits levelTraits(unsigned short id, const char* refusal, const char* key,
                                             const char* comment) {
@@ -176,7 +178,6 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalData : public HwLevelTable<HwSDatab
   explicit HwDatablockPimMwIfExtLevCalData(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
 
   unsigned int getNumberOfFreqs() const { return columns(); }
-  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
 };
 
 using HwSDatablockPimMwIfExtLevCalDataRelCorr = LevelTableRecord<1500>;
@@ -192,7 +193,6 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataRelCorr
       : HwLevelTable(traits, stopConversionOnError) {}
 
   unsigned int getNumberOfRelCorrValues() const { return columns(); }
-  void setNumberOfRelCorrValues(unsigned short n) { setColumns(n); }
 };
 
 using HwSDatablockPimAttCalDat = LevelTableRecord<200>;
@@ -206,7 +206,6 @@ class VELK_EXPORT HwDatablockPimAttCalDat : public HwLevelTable<HwSDatablockPimA
   explicit HwDatablockPimAttCalDat(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
 
   unsigned int getNumberOfFreqs() const { return columns(); }
-  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
 };
 
 using HwSDatablockPimAttCalDatSe = LevelTableRecord<500>;
@@ -220,7 +219,6 @@ class VELK_EXPORT HwDatablockPimAttCalDatSe : public HwLevelTable<HwSDatablockPi
   explicit HwDatablockPimAttCalDatSe(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
 
   unsigned int getNumberOfFreqs() const { return columns(); }
-  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
 };
 
 }  // namespace Velk

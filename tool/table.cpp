@@ -1,0 +1,51 @@
+#include <memory>
+
+#include "Commands.h"
+#include "TableCommands.h"
+
+namespace VelkTool {
+namespace {
+
+const CLI::Range anyId(0, 65535);
+
+void addExport(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("export", "Writes a table of a memory image as text");
+  const auto options = std::make_shared<TableExport>();
+  command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
+  command->add_option("--id", options->id, "The table's id")->check(anyId)->type_name("N")->required();
+  command->add_option("-o", options->out, "Where to write the text, instead of to standard output")->type_name("TEXT");
+  command->footer("Example:\n  velk table export rf_board.bin --id 15799 -o registers.txt");
+  command->callback([&session, options] { exportTable(session, *options); });
+}
+
+void addImport(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("import", "Puts the tables of a text into a memory image");
+  const auto options = std::make_shared<TableImport>();
+  command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
+  command->add_option("TEXT", options->text, "Text of one or more tables; - is standard input")->required();
+  command->add_option("--id", options->id, "Read the text as the table of this id only")->check(anyId)->type_name("N");
+  command->add_option("-o", options->out, "Where to write the image")->type_name("OUT")->required();
+  command->add_flag("--force", options->force, "Write what could be read of a faulty text");
+  command->add_flag("--append", options->append, "Add a table that the image lacks behind its last block");
+  command->footer(
+      "A table replaces the first block of its id. All other bytes stay. Where anything is wrong with the text, it is\n"
+      "told and nothing is written.\n\n"
+      "Example:\n  velk table import rf_board.bin registers.txt -o changed.bin");
+  command->callback([&session, options] { importTable(session, *options); });
+}
+
+}  // namespace
+
+void addTable(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("table", "Calibration tables as text that can be edited and read back");
+  command->require_subcommand(1);
+  addExport(*command, session);
+  addImport(*command, session);
+  command->footer(
+      "Tables with such a text: RFBO_ATTREG_DATA (15750), BLOCK_LORN_RFBO_ATT_CAL_FREQ (15760),\n"
+      "BLOCK_LORN_RFBO_TEMP_COMP_FREQ (15770), BLOCK_LORN_RFBO_TEMP_COMP_DATA (15771),\n"
+      "LORN_RFBO_ATTREG_ATTENUATION (15798), LORN_RFBO_ATTREG_DATA (15799).\n"
+      "\"velk table export --help\" and \"velk table import --help\" show examples.");
+}
+
+}  // namespace VelkTool

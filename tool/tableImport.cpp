@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <optional>
+#include <sstream>
+
+#include "Files.h"
+#include "Images.h"
+#include "TableCommands.h"
+#include "TableSections.h"
+#include "velk/image/ImageFile.h"
+#include "velk/image/MemoryImage.h"
+#include "velk/platform/Console.h"
+
+namespace VelkTool {
+namespace {
+
+using Velk::BlockView;
+using Velk::HwTableBlock;
+
+/// Reads a text into a table; returns what the library's reader has to say of it.
+std::string readInto(HwTableBlock& table, const std::string& text) {
+  std::string messages;
+  const auto former = Velk::Console::redirect([&](Velk::Console::Stream stream, std::string_view message) {
+    if (stream == Velk::Console::Stream::Output) messages += message;
+  });
+  std::istringstream lines(text);
+  table.readExchangeText(lines);
+  Velk::Console::redirect(former);
+  const auto counts = [](unsigned rows, unsigned cols) { return std::to_string(rows) + " * " + std::to_string(cols); };
+  if (table.getRowCount() > table.getRowCapacity() || table.getColCount() > table.getColCapacity()) {
+    messages += "COUNT " + counts(table.getRowCount(), table.getColCount()) + " is more than the table's " +
+                counts(table.getRowCapacity(), table.getColCapacity()) + '\n';
+  }
+  return messages;
+}
+
+/// An image in which blocks are put; each call says why that cannot be, or nothing.
+class Placement {
+ public:
+  explicit Placement(QByteArray image) : image_(std::move(image)) {}
+
+  const QByteArray& image() const { return image_; }
+
+  /// In place of the first block of the id.
+  std::string place(const QByteArray& block, unsigned short id, bool append) {
+    for (const BlockView& view : Velk::MemoryImage(image_)) {
+      if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, block);
+    }
+    return append ? add(block) : "has no block of id " + std::to_string(id) + "; --append would add it";
+  }
+
+ private:
+  std::string replace(const BlockView& view, const QByteArray& block) {
+    const auto length = static_cast<qsizetype>(view.bytes.size());
+    if (length != block.size()) {
+      return placeText(view) + ": has " + std::to_string(length) + " bytes, the table " + std::to_string(block.size());
+    }
+    image_.replace(static_cast<qsizetype>(view.offset), length, block);
+    return {};
+  }
+
+  /// Behind the last block; an end block moves on into the erased memory behind it, so that the memory keeps its size.
+  std::string add(const QByteArray& block) {
+    std::optional<BlockView> last;
+    const Velk::MemoryImage walked(image_);
+    for (const BlockView& view : walked) last = view;
+    if (last && last->kind == Velk::BlockKind::Stray) return "ends with bytes of no block; nothing can be added";
+    if (!last || last->kind != Velk::BlockKind::End) {
+      image_ += block;
+      return {};
+    }
+    const auto rest = image_.size() - static_cast<qsizetype>(last->offset + last->bytes.size());
+    if (rest < block.size()) return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
+    image_.insert(static_cast<qsizetype>(last->offset), block);
+    image_.chop(block.size());
+    return {};
+  }
+
+  QByteArray image_;
+};
+
+class Importer {
+ public:
+  Importer(Session& session, const TableImport& options) : session_(session), options_(options) {}
+
+  void run() {
+    if (!accepts()) return;
+    Velk::ImageFile file = Velk::readImageFile(options_.file);
+    if (!file.error.empty()) return refuse(options_.file, file.error, Exit::NoAccess);
+    const auto text = readText(session_, options_.text);
+    if (!text) return;
+    const std::vector<TableSection> sections = wantedSections(*text);
+    if (sections.empty()) return refuse(options_.text, "names no table that has a text form", Exit::Findings);
+    Placement placement(file.bytes);
+    bool complete = true;
+    for (const TableSection& section : sections) complete = import(section, placement) && complete;
+    if (!complete) return session_.worsen(Exit::Findings);
+    file.bytes = placement.image();
+    writeFile(session_, options_.out, Velk::encodeImage(file));
+  }
+
+ private:
+  void refuse(const std::string& file, const std::string& what, Exit exit) {
+    session_.complain(file, what);
+    session_.worsen(exit);
+  }
+
+  bool accepts() {
+    if (options_.id && makeExchangeTable(*options_.id) == nullptr) {
+      refuse(options_.file, "blocks of id " + std::to_string(*options_.id) + " have no text to be read back",
+             Exit::Usage);
+    } else if (isSameFile(options_.file, options_.out) || isSameFile(options_.text, options_.out)) {
+      refuse(options_.out, "would write over its input", Exit::Usage);
+    } else if (options_.file == "-" && options_.text == "-") {
+      refuse(options_.text, "standard input cannot be both image and text", Exit::Usage);
+    } else {
+      return true;
+    }
+    return false;
+  }
+
+  /// The first section of each table; with an id its own, or else the whole text for its class to make what it can of.
+  std::vector<TableSection> wantedSections(const std::string& text) const {
+    std::vector<TableSection> wanted;
+    for (TableSection& section : tableSections(text)) {
+      const bool known = std::ranges::any_of(wanted, [&](const TableSection& other) { return other.id == section.id; });
+      if (!known && (!options_.id || section.id == *options_.id)) wanted.push_back(std::move(section));
+    }
+    if (wanted.empty() && options_.id) wanted.push_back({static_cast<unsigned short>(*options_.id), text});
+    return wanted;
+  }
+
+  /// Whether the table could be read and has its place in the image.
+  bool import(const TableSection& section, Placement& placement) {
+    const auto table = makeExchangeTable(section.id);
+    std::istringstream messages(readInto(*table, section.text));
+    bool sound = true;
+    for (std::string message; std::getline(messages, message); sound = false) {
+      session_.complain(options_.text, message);
+    }
+    const std::string refusal = placement.place(table->getByteArrayData(), section.id, options_.append);
+    if (!refusal.empty()) session_.complain(options_.file, refusal);
+    return refusal.empty() && (sound || options_.force);
+  }
+
+  Session& session_;
+  const TableImport& options_;
+};
+
+}  // namespace
+
+void importTable(Session& session, const TableImport& options) { Importer(session, options).run(); }
+
+}  // namespace VelkTool

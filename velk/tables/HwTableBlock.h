@@ -1,0 +1,74 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "velk/tables/TableLayout.h"
+
+namespace Velk {
+
+namespace detail {
+struct ExchangeForm;
+}
+
+/// What one class of tables is called, and the factor from its stored to its presented values.
+struct TableTraits {
+  unsigned short id = 0;
+  const char* key = "";                            ///< the block string
+  double scale = 1;                                ///< presented = stored * scale
+  const detail::ExchangeForm* exchange = nullptr;  ///< of tables that travel as text
+};
+
+/// The body of every rectangular calibration table: its counts, cells, texts and the copying of whole images. The
+/// templates in TableTemplates.h give it the types of the cells, the board headers its name.
+///
+/// Rows and columns count from 0. A cell outside the capacity reads as 0 and takes nothing; each setter stores a fresh
+/// checksum. Nothing here is virtual that a datablock does not have.
+class VELK_EXPORT HwTableBlock : public HwRecordBlock {
+ public:
+  const std::string& getBlockString() const { return blockString_; }
+  double getScale() const { return scale_; }
+  /// The id of a new block is the base id and the id offset.
+  unsigned getBaseId() const { return baseId_; }
+  int getIdOffset() const { return idOffset_; }
+  unsigned getRowCapacity() const { return layout_->rowCapacity; }
+  unsigned getColCapacity() const { return layout_->colCapacity; }
+
+  /// The counts of rows and columns in use, as the block claims them: they may exceed the capacity.
+  unsigned getRowCount() const { return view().rows(); }
+  unsigned getColCount() const { return view().cols(); }
+  void setCounts(unsigned rows, unsigned cols);
+
+  /// Writes the table as text for people.
+  std::ostream& printToStream(std::ostream& os) override;
+  /// Writes the same text of another block, which is taken to have this table's layout and name.
+  std::ostream& conv2ascii(std::ostream& os, HwDatablock& block) const;
+
+  /// Whether the table has a text form that can be read back.
+  bool hasExchangeText() const { return exchange_ != nullptr; }
+  /// Writes that text form; nothing where there is none.
+  std::ostream& writeExchangeText(std::ostream& os) const;
+  /// Replaces the whole table by what a text says, which is searched from its start for the table's ID line. What is
+  /// wrong with the text is written to the Console's output, a line each; the table is replaced all the same and its
+  /// checksum is right.
+  std::istream& readExchangeText(std::istream& is);
+
+ protected:
+  HwTableBlock(const detail::TableLayout& layout, const TableTraits& traits, bool stopConversionOnError,
+               int idOffset = 0);
+
+  detail::TableView view() const { return {*layout_, scale_, bytes()}; }
+
+  /// Takes over an image, its size and checksum included, without a check.
+  void swapImage(const void* image);
+
+ private:
+  const detail::TableLayout* layout_;
+  int idOffset_;
+  unsigned baseId_;
+  std::string blockString_;
+  double scale_;
+  const detail::ExchangeForm* exchange_;
+};
+
+}  // namespace Velk

@@ -1,0 +1,131 @@
+#include "velk/tables/TableExchange.h"
+
+#include <clocale>
+#include <cmath>
+#include <cstdlib>
+
+namespace Velk::detail {
+namespace {
+
+/// The number at the start of `text`, or 0; a locale with a decimal comma must not change it.
+double number(const char* text) {
+  static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
+  return strtod_l(text, nullptr, classic);
+}
+
+// Each cell brings the four blanks that part it from the one before.
+
+template <int width, int decimals>
+void writeFixed(TextWriter& text, double value) {
+  text.text("    ").fixed(value, decimals, width);
+}
+
+void writePaddedWord(TextWriter& text, double value) {
+  constexpr std::size_t digits = 8;
+  text.text("    0x").hex(toInteger<unsigned>(value), digits, true);
+}
+
+/// As a stream does that shows the base: a zero has no prefix.
+void writeWord(TextWriter& text, double value) {
+  const auto word = toInteger<unsigned>(value);
+  text.text(word == 0 ? "" : "0x").hex(word);
+}
+
+void readWord(MutableBytes image, std::size_t cell, const char* text, double /*scale*/) {
+  constexpr int hexadecimal = 16;
+  store(image, cell, static_cast<unsigned>(std::strtol(text, nullptr, hexadecimal)));
+}
+
+void readScaled(MutableBytes image, std::size_t cell, const char* text, double scale) {
+  store(image, cell, number(text) / scale);
+}
+
+void readWhole(MutableBytes image, std::size_t cell, const char* text, double scale) {
+  store(image, cell, toInteger<int>(toInteger<int>(number(text)) / scale));
+}
+
+void readHundredths(MutableBytes image, std::size_t cell, const char* text, double /*scale*/) {
+  store(image, cell, static_cast<float>(std::floor(number(text) * 100 + 0.5) * 0.01));
+}
+
+constexpr const char* wrongColumns = ": Number of columns read inadequate!";
+
+constexpr ExchangeMessages registerMessages = {
+    .tooManyLines = "Number of lines between ID and Count to large",
+    .wrongColumns = wrongColumns,
+    .wrongRows = "Row value (COUNT) don't not equal with number of rows",
+};
+
+constexpr ExchangeMessages columnMessages(const char* tooManyLines) {
+  return {.tooManyLines = tooManyLines, .wrongColumns = wrongColumns, .wrongRows = "Number of rows read inadequate!"};
+}
+
+constexpr ExchangeMessages compensationMessages = columnMessages("Number of lines between ID: and COUNT: too large!");
+
+constexpr auto writeLong = writeFixed<21, 10>;
+
+}  // namespace
+
+const ExchangeForm qelAttRegDataForm = {
+    .title = nullptr,
+    .writeCell = writeWord,
+    .readCell = readWord,
+    .toleratedLines = 5,
+    .messages = {.tooManyLines = registerMessages.tooManyLines,
+                 .wrongColumns = " correspondent the number of columns not with the given value",
+                 .wrongRows = registerMessages.wrongRows},
+    .stopsAtCount = false,
+    .refusesSurplusRows = false,
+};
+
+const ExchangeForm lornAttCalFreqForm = {
+    .title = "ATT-CAL-FREQ",
+    .writeCell = writeLong,
+    .readCell = readScaled,
+    .toleratedLines = 2,
+    .messages = columnMessages("Number of lines between ID: and COUNT: to large!"),
+    .stopsAtCount = true,
+    .refusesSurplusRows = true,
+};
+
+const ExchangeForm lornAttRegAttenuationForm = {
+    .title = "ATT-REG-ATTENUATION",
+    .writeCell = writeFixed<12, 2>,
+    .readCell = readHundredths,
+    .toleratedLines = 5,
+    .messages = registerMessages,
+    .stopsAtCount = true,
+    .refusesSurplusRows = false,
+};
+
+const ExchangeForm lornAttRegDataForm = {
+    .title = "ATT-REG-DATA",
+    .writeCell = writePaddedWord,
+    .readCell = readWord,
+    .toleratedLines = 5,
+    .messages = registerMessages,
+    .stopsAtCount = true,
+    .refusesSurplusRows = false,
+};
+
+const ExchangeForm lornTempCompDataForm = {
+    .title = "TEMP-COMP-DATA",
+    .writeCell = writeLong,
+    .readCell = readWhole,
+    .toleratedLines = 51,
+    .messages = compensationMessages,
+    .stopsAtCount = true,
+    .refusesSurplusRows = true,
+};
+
+const ExchangeForm lornTempCompFreqForm = {
+    .title = "TEMP-COMP-FREQ",
+    .writeCell = writeLong,
+    .readCell = readScaled,
+    .toleratedLines = 2,
+    .messages = compensationMessages,
+    .stopsAtCount = true,
+    .refusesSurplusRows = true,
+};
+
+}  // namespace Velk::detail

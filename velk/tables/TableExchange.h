@@ -1,0 +1,34 @@
+#pragma once
+
+#include "velk/datablock/TextWriter.h"
+#include "velk/tables/TableLayout.h"
+
+namespace Velk::detail {
+
+/// The complaints of a reader whose wording differs from table to table.
+struct ExchangeMessages {
+  const char* tooManyLines;  ///< between the ID and the COUNT line
+  const char* wrongColumns;  ///< behind the number of the row
+  const char* wrongRows;
+};
+
+/// What sets the text form of one table apart from the others that can be read back.
+struct ExchangeForm {
+  /// Names the table in the comments at the head; without a title there are none, and each cell has its own line.
+  const char* title;
+  void (*writeCell)(TextWriter& text, double value);
+  void (*readCell)(MutableBytes image, std::size_t cell, const char* text, double scale);
+  unsigned toleratedLines;  ///< between the ID and the COUNT line
+  ExchangeMessages messages;
+  bool stopsAtCount;        ///< ends with the last row that COUNT announces
+  bool refusesSurplusRows;  ///< ends before a row beyond those, even where none are announced
+};
+
+extern VELK_EXPORT const ExchangeForm qelAttRegDataForm;
+extern VELK_EXPORT const ExchangeForm lornAttCalFreqForm;
+extern VELK_EXPORT const ExchangeForm lornAttRegAttenuationForm;
+extern VELK_EXPORT const ExchangeForm lornAttRegDataForm;
+extern VELK_EXPORT const ExchangeForm lornTempCompDataForm;
+extern VELK_EXPORT const ExchangeForm lornTempCompFreqForm;
+
+}  // namespace Velk::detail

@@ -1,0 +1,113 @@
+#include "velk/tables/TableReader.h"
+
+#include <cstdlib>
+#include <istream>
+
+#include "velk/platform/Console.h"
+
+namespace Velk::detail {
+namespace {
+
+void report(const std::string& message) { Console::write(Console::Stream::Output, "ERROR: " + message + '\n'); }
+
+constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+/// The number at the start of `text` as a count field keeps it.
+unsigned countOf(const std::string& text) {
+  constexpr int decimal = 10;
+  return static_cast<unsigned>(std::strtol(text.c_str(), nullptr, decimal));
+}
+
+}  // namespace
+
+TableReader::TableReader(const ExchangeForm& form, const TableLayout& layout, std::string_view key, unsigned id,
+                         double scale)
+    : form_(form),
+      layout_(layout),
+      key_(key),
+      id_(static_cast<unsigned short>(id)),
+      scale_(scale),
+      image_(layout.record.size) {
+  store(image(), offsetof(HwSDatablockHeader, blockSize), layout.record.size);
+}
+
+void TableReader::read(std::istream& is) {
+  is.clear();
+  is.seekg(0);
+  is.clear();
+  for (std::string line; std::getline(is, line);) takeLine(line);
+  finish();
+}
+
+void TableReader::takeLine(std::string& line) {
+  while (line.ends_with('\r')) line.pop_back();
+  if (line.empty() || line.front() == '#') return;
+  if (const std::size_t comment = line.find('#'); comment != line.npos) line.erase(comment);
+  switch (state_) {
+    case State::SeeksId:
+      return takeId(line);
+    case State::SeeksCount:
+      return takeCount(line);
+    case State::ReadsRows:
+      return takeRow(line);
+    case State::Done:
+      return;
+  }
+}
+
+void TableReader::takeId(const std::string& line) {
+  if (line.find(key_) == line.npos || line.find("ID:") == line.npos) return;
+  store(image(), offsetof(HwSDatablockHeader, id), id_);
+  state_ = State::SeeksCount;
+}
+
+void TableReader::takeCount(std::string& line) {
+  constexpr std::string_view key = "COUNT:";
+  const std::size_t at = line.find(key);
+  if (at == line.npos) {
+    if (++linesSinceId_ > form_.toleratedLines) report(form_.messages.tooManyLines);
+    return;
+  }
+  line.erase(at, key.size());
+  // The writer puts a blank before the star: the character there is never part of the number.
+  const std::size_t star = line.find('*');
+  store(image(), layout_.rowsOffset, countOf(line.substr(0, star == 0 ? 0 : star - 1)));
+  store(image(), layout_.colsOffset, countOf(line.substr(star + 1)));
+  state_ = State::ReadsRows;
+}
+
+void TableReader::takeRow(const std::string& line) {
+  const std::size_t colon = line.find(':');
+  if (colon == line.npos || (form_.refusesSurplusRows && rowsRead_ >= rows())) {
+    state_ = State::Done;
+    return;
+  }
+  const std::size_t tokens = takeTokens(std::string_view(line).substr(colon + 1));
+  ++rowsRead_;
+  if (tokens != cols()) report("In Row =" + std::to_string(rowsRead_) + form_.messages.wrongColumns);
+  if (form_.stopsAtCount && rowsRead_ == rows()) state_ = State::Done;
+}
+
+/// Stores the numbers of one row, on into the next row where there are too many, and returns how many there are.
+std::size_t TableReader::takeTokens(std::string_view tokens) {
+  std::size_t count = 0;
+  std::uint64_t cell = rowsRead_ * layout_.colCapacity;
+  // A line ends with a zero byte, where a number stops.
+  for (auto token = std::find_if_not(tokens.begin(), tokens.end(), isBlank); token != tokens.end(); ++count, ++cell) {
+    if (cell < layout_.cellCount())
+      form_.readCell(image(), layout_.cellsOffset + cell * layout_.cellSize, token, scale_);
+    token = std::find_if_not(std::find_if(token, tokens.end(), isBlank), tokens.end(), isBlank);
+  }
+  return count;
+}
+
+void TableReader::finish() {
+  if (state_ == State::SeeksId) report("FOUND NO ID !");
+  if (state_ == State::SeeksCount) {
+    report("FOUND NO COUNT VALUES !");
+  } else if (rowsRead_ != rows()) {
+    report(form_.messages.wrongRows);
+  }
+}
+
+}  // namespace Velk::detail
