@@ -1,4 +1,7 @@
+#include <memory>
+
 #include "Commands.h"
+#include "Layout.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 
 namespace VelkTool {
@@ -11,7 +14,10 @@ std::string row(const Velk::CatalogueRow& catalogued, unsigned short id) {
   line.resize(std::max<std::size_t>(line.size() + 1, 54), ' ');
   line += catalogued.key(id);
   line.resize(std::max<std::size_t>(line.size() + 1, 92), ' ');
-  return line + std::to_string(catalogued.size) + (catalogued.longerToo ? "+" : "") + '\n';
+  line += std::to_string(catalogued.size);
+  if (catalogued.others.longer) line += '+';
+  if (catalogued.others.also != 0) line += " or " + std::to_string(catalogued.others.also);
+  return line + '\n';
 }
 
 void writeRows(Session& session, std::span<const Velk::CatalogueRow> rows) {
@@ -22,16 +28,23 @@ void writeRows(Session& session, std::span<const Velk::CatalogueRow> rows) {
   }
 }
 
+void writeLayouts(Session& session, std::span<const Velk::CatalogueRow> rows) {
+  for (const Velk::CatalogueRow& catalogued : rows) session.write(layoutText(catalogued));
+}
+
 }  // namespace
 
 void addIds(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("ids", "Every block id that is known: its class, key and size");
-  command->footer("A + behind a size: blocks may be longer.\n\nExample:\n  velk ids | grep -i ident");
-  command->callback([&session] {
-    writeRows(session, Velk::dictionaryRows());
-    if (Velk::otherRows().empty()) return;
-    session.write("\nOutside the old-style dictionary:\n");
-    writeRows(session, Velk::otherRows());
+  const auto layout = std::make_shared<bool>(false);
+  command->add_flag("--layout", *layout, "Where the fields of each block lie, as Markdown");
+  command->footer(
+      "A + behind a size: blocks may be longer.\n\nExamples:\n  velk ids | grep -i ident\n  velk ids --layout");
+  command->callback([&session, layout] {
+    const auto write = *layout ? writeLayouts : writeRows;
+    write(session, Velk::dictionaryRows());
+    session.write(*layout ? "# Outside the old-style dictionary\n\n" : "\nOutside the old-style dictionary:\n");
+    write(session, Velk::otherRows());
   });
 }
 

@@ -3,27 +3,42 @@
 namespace {
 
 using VelkTest::Command;
+using VelkTest::exampleImage;
+using VelkTest::exampleImages;
 using VelkTest::Outcome;
 using VelkTest::run;
 
-QByteArray rfBoard() { return VelkTest::exampleImage("rf_board.bin"); }
+QByteArray rfBoard() { return exampleImage("rf_board.bin"); }
 
 TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   ASSERT_EQ(run({directory_.path()}, {}, VELK_MAKE_IMAGES).exitCode, 0);
-  EXPECT_EQ(VelkTest::readFile(directory_.filePath("rf_board.bin").toStdString()), rfBoard().toStdString());
+  EXPECT_EQ(QDir(directory_.path()).entryList({"*.bin"}, QDir::Files, QDir::Name), exampleImages());
+  for (const QString& name : exampleImages()) {
+    EXPECT_EQ(VelkTest::readFile(directory_.filePath(name).toStdString()), exampleImage(name).toStdString())
+        << name.toStdString();
+  }
 }
 
 TEST_F(Command, GoldenTextsOfTheExamples) {
-  for (const char* const verb : {"list", "check", "print"}) {
-    const Outcome result = run({verb, "rf_board.bin"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.output, VelkTest::golden(std::string("rf_board.") + verb + ".txt", result.output));
-    EXPECT_EQ(run({verb, "-"}, rfBoard()).output, result.output) << "standard input is like a file";
+  for (const QString& name : exampleImages()) {
+    for (const char* const verb : {"list", "check", "print"}) {
+      const Outcome result = run({verb, name});
+      EXPECT_EQ(result.exitCode, 0) << name.toStdString();
+      EXPECT_EQ(result.errors, "");
+      const std::string expected = QFileInfo(name).baseName().toStdString() + '.' + verb + ".txt";
+      EXPECT_EQ(result.output, VelkTest::golden(expected, result.output));
+      EXPECT_EQ(run({verb, "-"}, exampleImage(name)).output, result.output) << "standard input is like a file";
+    }
   }
   const Outcome ids = run({"ids"});
   EXPECT_EQ(ids.exitCode, 0);
   EXPECT_EQ(ids.output, VelkTest::golden("ids.txt", ids.output));
+}
+
+TEST_F(Command, LayoutsInTheDocumentationAreThoseOfTheCode) {
+  const std::string page = VelkTest::readFile(VELK_SOURCE_DIR "/docs/layouts.md");
+  const std::string layouts = run({"ids", "--layout"}).output;
+  EXPECT_TRUE(page.ends_with(layouts)) << "make the page anew: ./dev docs";
 }
 
 TEST_F(Command, DamageIsToldAndPrintedAllTheSame) {

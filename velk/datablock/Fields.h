@@ -41,9 +41,11 @@ struct FieldInfo {
   unsigned short cols = 1;
   Bits bits{};
   FieldKind kind = FieldKind::Number;
-  double scale = 1;  ///< presented = stored * scale
+  double scale = 1;  ///< presented = stored * scale + bias
+  double bias = 0;
   const char* unit = "";
   std::span<const FieldInfo> members{};  ///< of a sub-record
+  bool openEnded = false;                ///< a list of as many elements as the block has room for
 
   /// A character array is one text rather than a list of small numbers.
   constexpr FieldInfo asText() const {
@@ -66,10 +68,17 @@ struct FieldInfo {
     field.bits = partBits;
     return field;
   }
-  constexpr FieldInfo in(const char* unitName, double factor = 1) const {
+  constexpr FieldInfo in(const char* unitName, double factor = 1, double distance = 0) const {
     FieldInfo field = *this;
     field.unit = unitName;
     field.scale = factor;
+    field.bias = distance;
+    return field;
+  }
+  constexpr FieldInfo openList() const {
+    FieldInfo field = *this;
+    field.rank = 1;
+    field.openEnded = true;
     return field;
   }
   constexpr FieldInfo of(std::span<const FieldInfo> memberFields) const {
@@ -129,8 +138,9 @@ enum class FieldResult {
 };
 
 /// Calls `visit` for every element in order, with its path: "serialNumber", "values[3]", "cells[2][5]",
-/// "blocks[7].gain".
-VELK_EXPORT void visitFields(std::span<const FieldInfo> fields,
+/// "blocks[7].gain". `blockSize` tells how long open-ended lists are; all other elements are visited whether the block
+/// has them or not.
+VELK_EXPORT void visitFields(std::span<const FieldInfo> fields, std::size_t blockSize,
                              const std::function<void(const std::string& path, FieldElement)>& visit);
 
 /// The element at `path`, or nothing where no field and no place inside its capacity is called so.
