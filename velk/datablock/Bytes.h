@@ -36,4 +36,12 @@ bool store(MutableBytes bytes, std::size_t offset, T value) noexcept {
   return true;
 }
 
+/// The first N bytes; zeros follow where there are fewer.
+template <std::size_t N>
+std::array<unsigned char, N> firstBytes(ConstBytes bytes) noexcept {
+  std::array<unsigned char, N> first{};
+  std::copy_n(bytes.begin(), std::min(N, bytes.size()), first.begin());
+  return first;
+}
+
 }  // namespace Velk::detail

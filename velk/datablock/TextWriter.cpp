@@ -9,25 +9,42 @@ namespace {
 
 // Room for every double in fixed notation: sign, 309 digits, point and decimals.
 constexpr std::size_t longestNumber = 384;
+/// Significant digits that an untouched stream writes.
+constexpr int streamDigits = 6;
+
+template <std::floating_point T>
+void append(std::string& line, T value, std::chars_format format, int precision) {
+  char digits[longestNumber];
+  line.append(digits, std::to_chars(digits, digits + sizeof digits, value, format, precision).ptr);
+}
 
 }  // namespace
 
 TextWriter::TextWriter(std::ostream& os) : os_(os) {}
 
+TextWriter& TextWriter::field(std::string_view text, std::size_t width) {
+  constexpr std::size_t longLine = 4096;
+  if (line_.size() > longLine) send();
+  line_ += text;
+  if (text.size() < width) line_.append(width - text.size(), ' ');
+  return *this;
+}
+
 TextWriter& TextWriter::padded(unsigned value, unsigned width) { return text(turnInt2String(value, width)); }
 
 TextWriter& TextWriter::fixed(double value, int decimals) {
-  char digits[longestNumber];
-  const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;
-  return text({digits, static_cast<std::size_t>(end - digits)});
+  append(line_, value, std::chars_format::fixed, decimals);
+  return *this;
 }
 
 TextWriter& TextWriter::general(double value) {
-  constexpr int significantDigits = 6;
-  char digits[longestNumber];
-  const auto end =
-      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significantDigits).ptr;
-  return text({digits, static_cast<std::size_t>(end - digits)});
+  append(line_, value, std::chars_format::general, streamDigits);
+  return *this;
+}
+
+TextWriter& TextWriter::general(long double value) {
+  append(line_, value, std::chars_format::general, streamDigits);
+  return *this;
 }
 
 TextWriter& TextWriter::date(PackedDate date) {
@@ -36,8 +53,12 @@ TextWriter& TextWriter::date(PackedDate date) {
 
 void TextWriter::endLine() {
   line_ += '\n';
-  os_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
+  send();
   os_.flush();
+}
+
+void TextWriter::send() {
+  os_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
   line_.clear();
 }
 

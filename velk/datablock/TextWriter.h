@@ -32,6 +32,8 @@ class VELK_EXPORT TextWriter {
     if (line_.size() < width) line_.resize(width, ' ');
     return *this;
   }
+  /// Text with blanks behind it up to `width` characters. Hands a long line on piece by piece.
+  TextWriter& field(std::string_view text, std::size_t width);
   template <std::integral T>
   TextWriter& number(T value) {
     char digits[24];
@@ -44,10 +46,13 @@ class VELK_EXPORT TextWriter {
   TextWriter& fixed(double value, int decimals);
   /// As an untouched stream writes it: general notation of 6 significant digits.
   TextWriter& general(double value);
+  TextWriter& general(long double value);
   /// Year, month and day with hyphens.
   TextWriter& date(PackedDate date);
 
   void endLine();
+  /// Hands the line so far to the stream, without an end.
+  void send();
   void line(std::string_view whole) { text(whole).endLine(); }
 
   bool ok() const;

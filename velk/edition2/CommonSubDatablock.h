@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QByteArray>
+#include <span>
+#include <vector>
+
+#include "velk/edition2/TableLayout.h"
+
+namespace Velk {
+
+/// The cells of a table as their stored bytes: cells[column][row]. Strings are without their terminating zero. A cell
+/// that the table does not have, or whose bytes the block lacks, is empty. Shares the block's bytes with its copies;
+/// a cell's bytes are valid while one of them lives.
+class VELK_EXPORT TableCells {
+ public:
+  class Column {
+   public:
+    Column(const TableLayout& layout, std::size_t column) : layout_(layout), column_(column) {}
+
+    std::span<const char> operator[](std::size_t row) const {
+      const detail::ConstBytes cell = layout_.cell(column_, row);
+      return {reinterpret_cast<const char*>(cell.data()), cell.size()};
+    }
+
+   private:
+    const TableLayout& layout_;
+    std::size_t column_;
+  };
+
+  TableCells() = default;
+  /// `layout` views the bytes of `block`.
+  TableCells(QByteArray block, TableLayout layout) : block_(std::move(block)), layout_(std::move(layout)) {}
+
+  Column operator[](std::size_t column) const { return {layout_, column}; }
+
+ private:
+  QByteArray block_;
+  TableLayout layout_;
+};
+
+/// One table of a parsed second-edition block. The counts and types are as the block claims them; the stores have what
+/// bytes the block really holds of the table.
+struct VELK_EXPORT CommonSubDatablock {
+  unsigned int rows = 0;
+  unsigned int columns = 0;
+  unsigned int rowIdType = TYPE_ID_NONE;
+  unsigned int columnIdType = TYPE_ID_NONE;
+  bool complete = false;  ///< whether the block holds all of the table
+  std::vector<unsigned int> columnTypes;
+  std::vector<char> rowIds;  ///< the stored ids back to back, strings with their terminating zeros
+  std::vector<char> columnIds;
+  TableCells cells;
+
+  CommonSubDatablock() = default;
+  /// The table of a layout that views the bytes of `block`.
+  CommonSubDatablock(const QByteArray& block, TableLayout layout);
+};
+
+}  // namespace Velk
