@@ -8,7 +8,7 @@
 
 #include "velk/datablock/ByteOrder.h"
 #include "velk/edition2/HwDatablock2Edition.h"
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 
 namespace Examples {
 

@@ -16,7 +16,7 @@
 #include "velk/edition2/HwDatablockEventCount.h"
 #include "velk/edition2/IHwDatablockAccess.h"
 #include "velk/edition2/IHwVariantEeprom.h"
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 #include "velk/edition2/TypeIds.h"
 #include "velk/image/ImageFile.h"
 #include "velk/image/MemoryImage.h"

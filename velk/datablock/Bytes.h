@@ -1,8 +1,11 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <span>
+#include <string_view>
 
 #include "velk/datablock/ByteOrder.h"
 
@@ -34,6 +37,14 @@ bool store(MutableBytes bytes, std::size_t offset, T value) noexcept {
   swapStoredAndHost(value);
   std::memcpy(bytes.data() + offset, &value, sizeof(T));
   return true;
+}
+
+/// The text in the `length` bytes at `offset`, up to its first zero byte and as far as the bytes reach.
+inline std::string_view textAt(ConstBytes bytes, std::size_t offset, std::size_t length) noexcept {
+  const std::size_t begin = std::min(offset, bytes.size());
+  const ConstBytes text = bytes.subspan(begin, std::min(length, bytes.size() - begin));
+  const auto end = std::find(text.begin(), text.end(), 0);
+  return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
 }
 
 /// The first N bytes; zeros follow where there are fewer.

@@ -9,41 +9,41 @@ namespace {
 
 // Room for every double in fixed notation: sign, 309 digits, point and decimals.
 constexpr std::size_t longestNumber = 384;
-/// Significant digits that an untouched stream writes.
-constexpr int streamDigits = 6;
 
-template <std::floating_point T>
-void append(std::string& line, T value, std::chars_format format, int precision) {
+template <class T>
+std::string generalText(T value) {
+  constexpr int significantDigits = 6;
   char digits[longestNumber];
-  line.append(digits, std::to_chars(digits, digits + sizeof digits, value, format, precision).ptr);
+  return {digits,
+          std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significantDigits).ptr};
 }
 
 }  // namespace
 
 TextWriter::TextWriter(std::ostream& os) : os_(os) {}
 
-TextWriter& TextWriter::field(std::string_view text, std::size_t width) {
-  constexpr std::size_t longLine = 4096;
-  if (line_.size() > longLine) send();
-  line_ += text;
-  if (text.size() < width) line_.append(width - text.size(), ' ');
-  return *this;
-}
-
 TextWriter& TextWriter::padded(unsigned value, unsigned width) { return text(turnInt2String(value, width)); }
 
-TextWriter& TextWriter::fixed(double value, int decimals) {
-  append(line_, value, std::chars_format::fixed, decimals);
-  return *this;
+TextWriter& TextWriter::hex(unsigned value, std::size_t width, bool upperCase) {
+  const std::string_view alphabet = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
+  std::string digits;
+  for (; value != 0 || digits.size() < width; value >>= 4U) digits.insert(digits.begin(), alphabet[value & 0xFU]);
+  return text(digits);
 }
 
-TextWriter& TextWriter::general(double value) {
-  append(line_, value, std::chars_format::general, streamDigits);
-  return *this;
+TextWriter& TextWriter::fixed(double value, int decimals, std::size_t width) {
+  char digits[longestNumber];
+  const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals).ptr;
+  return toTheRight({digits, static_cast<std::size_t>(end - digits)}, width);
 }
 
-TextWriter& TextWriter::general(long double value) {
-  append(line_, value, std::chars_format::general, streamDigits);
+TextWriter& TextWriter::general(double value) { return text(generalText(value)); }
+
+TextWriter& TextWriter::general(long double value) { return text(generalText(value)); }
+
+TextWriter& TextWriter::field(std::string_view value, std::size_t width) {
+  text(value);
+  if (value.size() < width) line_.append(width - value.size(), ' ');
   return *this;
 }
 
@@ -53,11 +53,11 @@ TextWriter& TextWriter::date(PackedDate date) {
 
 void TextWriter::endLine() {
   line_ += '\n';
-  send();
+  handOn();
   os_.flush();
 }
 
-void TextWriter::send() {
+void TextWriter::handOn() {
   os_.write(line_.data(), static_cast<std::streamsize>(line_.size()));
   line_.clear();
 }

@@ -14,8 +14,8 @@ namespace Velk::detail {
 /// Writes the text form of a block line by line.
 ///
 /// Everything is formatted here, in the C locale, so that no text depends on the flags, fill, precision or locale of
-/// the stream; each line end hands the line to the stream and flushes it. Once the stream has failed nothing more is
-/// formatted: loops over long tables ask ok().
+/// the stream; each line end hands the line to the stream and flushes it. A line of any length takes little memory: it
+/// is handed on in pieces. Once the stream has failed nothing more is formatted: loops over long tables ask ok().
 class VELK_EXPORT TextWriter {
  public:
   /// Columns of a key with the blanks behind it, unless a text has another habit.
@@ -25,6 +25,7 @@ class VELK_EXPORT TextWriter {
 
   TextWriter& text(std::string_view text) {
     line_ += text;
+    if (line_.size() >= pieceSize) handOn();
     return *this;
   }
   TextWriter& key(std::string_view key, std::size_t width = keyWidth) { return text(key).padTo(width); }
@@ -32,32 +33,42 @@ class VELK_EXPORT TextWriter {
     if (line_.size() < width) line_.resize(width, ' ');
     return *this;
   }
-  /// Text with blanks behind it up to `width` characters. Hands a long line on piece by piece.
-  TextWriter& field(std::string_view text, std::size_t width);
+  /// A decimal number, with blanks before it up to `width`.
   template <std::integral T>
-  TextWriter& number(T value) {
+  TextWriter& number(T value, std::size_t width = 0) {
     char digits[24];
     const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-    return text({digits, static_cast<std::size_t>(end - digits)});
+    return toTheRight({digits, static_cast<std::size_t>(end - digits)}, width);
   }
+  /// Hexadecimal digits in lower or upper case, with zeros before them up to `width`.
+  TextWriter& hex(unsigned value, std::size_t width = 1, bool upperCase = false);
   /// A number with zeros before it; one that is wider than `width` is written in full.
   TextWriter& padded(unsigned value, unsigned width);
-  /// As "%.<decimals>f".
-  TextWriter& fixed(double value, int decimals);
+  /// As "%<width>.<decimals>f".
+  TextWriter& fixed(double value, int decimals, std::size_t width = 0);
   /// As an untouched stream writes it: general notation of 6 significant digits.
   TextWriter& general(double value);
   TextWriter& general(long double value);
+  /// Text with blanks behind it up to `width` characters.
+  TextWriter& field(std::string_view value, std::size_t width);
   /// Year, month and day with hyphens.
   TextWriter& date(PackedDate date);
 
   void endLine();
-  /// Hands the line so far to the stream, without an end.
-  void send();
   void line(std::string_view whole) { text(whole).endLine(); }
+  /// Gives the stream what there is of the line.
+  void handOn();
 
   bool ok() const;
 
  private:
+  static constexpr std::size_t pieceSize = 64 * 1024;
+
+  TextWriter& toTheRight(std::string_view digits, std::size_t width) {
+    if (digits.size() < width) line_.append(width - digits.size(), ' ');
+    return text(digits);
+  }
+
   std::ostream& os_;
   std::string line_;
 };

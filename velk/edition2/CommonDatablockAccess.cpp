@@ -102,6 +102,17 @@ void storeField(QByteArray& image, std::size_t offset, T value) {
 
 }  // namespace
 
+CommonSubDatablock::CommonSubDatablock(const QByteArray& block, StoredTable stored)
+    : rows(stored.rows()),
+      columns(stored.columns()),
+      rowIdType(stored.rowIdType()),
+      columnIdType(stored.columnIdType()),
+      complete(stored.isComplete()),
+      columnTypes(stored.columnTypes().begin(), stored.columnTypes().end()),
+      rowIds(stored.rowIds().begin(), stored.rowIds().end()),
+      columnIds(stored.columnIds().begin(), stored.columnIds().end()),
+      cells(block, std::move(stored)) {}
+
 CommonDatablockAccess::CommonDatablockAccess(IHwDatablockAccess* block, IHwVariantEeprom* store, bool parseNow)
     : block_(block), store_(store) {
   if (parseNow) parse();
@@ -120,9 +131,9 @@ void CommonDatablockAccess::parse() {
   }
   TableWalk walk(viewOf(image));
   bool open = false;
-  while (auto layout = walk.next()) {
-    open = !layout->isComplete();
-    tables_.emplace_back(image, *std::move(layout));
+  while (auto stored = walk.next()) {
+    open = !stored->isComplete();
+    tables_.emplace_back(image, *std::move(stored));
   }
   if (!open) tables_.emplace_back();
 }

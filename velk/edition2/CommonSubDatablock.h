@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 
 namespace Velk {
 
@@ -15,27 +15,27 @@ class VELK_EXPORT TableCells {
  public:
   class Column {
    public:
-    Column(const TableLayout& layout, std::size_t column) : layout_(layout), column_(column) {}
+    Column(const StoredTable& table, std::size_t column) : table_(table), column_(column) {}
 
     std::span<const char> operator[](std::size_t row) const {
-      const detail::ConstBytes cell = layout_.cell(column_, row);
+      const detail::ConstBytes cell = table_.cell(column_, row);
       return {reinterpret_cast<const char*>(cell.data()), cell.size()};
     }
 
    private:
-    const TableLayout& layout_;
+    const StoredTable& table_;
     std::size_t column_;
   };
 
   TableCells() = default;
-  /// `layout` views the bytes of `block`.
-  TableCells(QByteArray block, TableLayout layout) : block_(std::move(block)), layout_(std::move(layout)) {}
+  /// `table` views the bytes of `block`.
+  TableCells(QByteArray block, StoredTable table) : block_(std::move(block)), table_(std::move(table)) {}
 
-  Column operator[](std::size_t column) const { return {layout_, column}; }
+  Column operator[](std::size_t column) const { return {table_, column}; }
 
  private:
   QByteArray block_;
-  TableLayout layout_;
+  StoredTable table_;
 };
 
 /// One table of a parsed second-edition block. The counts and types are as the block claims them; the stores have what
@@ -52,8 +52,8 @@ struct VELK_EXPORT CommonSubDatablock {
   TableCells cells;
 
   CommonSubDatablock() = default;
-  /// The table of a layout that views the bytes of `block`.
-  CommonSubDatablock(const QByteArray& block, TableLayout layout);
+  /// `stored` views the bytes of `block`.
+  CommonSubDatablock(const QByteArray& block, StoredTable stored);
 };
 
 }  // namespace Velk

@@ -1,7 +1,7 @@
 #include "velk/edition2/HwDatablock2Edition.h"
 
 #include "velk/datablock/Checksums.h"
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 
 namespace Velk {
 namespace {

@@ -8,7 +8,7 @@
 #include "velk/datablock/TextWriter.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablock2Edition.h"
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 
 namespace Velk {
 namespace {
@@ -34,11 +34,6 @@ int printedDecimals(ETypeId type) {
 void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
   const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
   text.fixed(stored * detail::fixedPointUnit(type), printedDecimals(type));
-}
-
-void appendCharacters(TextWriter& text, ConstBytes value) {
-  const std::string_view characters(reinterpret_cast<const char*>(value.data()), value.size());
-  text.text(characters.substr(0, characters.find('\0')));
 }
 
 long double loadLongDouble(ConstBytes value) {
@@ -89,7 +84,7 @@ void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
       if (detail::isFixedPoint(type)) {
         appendFixedPoint(text, value, type);
       } else if (detail::isCharacters(type)) {
-        appendCharacters(text, value);
+        text.text(detail::textAt(value, 0, value.size()));
       } else {
         return;
       }
@@ -291,7 +286,7 @@ unsigned char* HwDatablock2Edition::printDataTypeToStream(std::ostream& os, unsi
   const unsigned int size = size_in_byte(type);
   TextWriter text(os);
   appendValue(text, {value, size}, type);
-  text.send();
+  text.handOn();
   if (detail::isFixedPoint(type)) {
     os.setf(std::ios_base::fixed, std::ios_base::floatfield);
     os.precision(printedDecimals(type));
@@ -323,7 +318,7 @@ std::ostream& HwDatablock2Edition::printDebugPageSummary(std::ostream& os, HwSDa
   text.endLine();
   text.number(getId()).text(gap);
   if (cfg.blockName.isNull()) {
-    text.send();
+    text.handOn();
     os.setstate(std::ios_base::badbit);
     return os;
   }
@@ -337,7 +332,7 @@ std::ostream& HwDatablock2Edition::printDebugPageDetail(std::ostream& os, HwSDat
   text.line(pageStart);
   text.endLine();
   text.text("# SECTOR:              ").number(getEepromSector()).endLine();
-  text.text("# DATABLOCKADDRESS:  0x").text(QString::number(getEepromAddress(), 16).toStdString()).endLine();
+  text.text("# DATABLOCKADDRESS:  0x").hex(getEepromAddress()).endLine();
   text.endLine();
   text.endLine();
   text.key("BLOCK ID:", labelWidth).text("USER_").number(getId()).endLine();

@@ -1,4 +1,4 @@
-#include "velk/edition2/TableLayout.h"
+#include "velk/edition2/StoredTable.h"
 
 #include <algorithm>
 
@@ -35,7 +35,7 @@ std::size_t sizeOfStrings(ConstBytes bytes, std::size_t count, bool& complete) {
 
 }  // namespace
 
-TableLayout::TableLayout(ConstBytes block, std::size_t offset) : end_(std::min(offset, block.size())) {
+StoredTable::StoredTable(ConstBytes block, std::size_t offset) : end_(std::min(offset, block.size())) {
   if (!takeHeader(block)) return;
   if (columns_ != 0) {
     if (!takeColumnTypes(block) || !takeIds(block, rowIdType_, rows_, rowIds_) ||
@@ -50,7 +50,7 @@ TableLayout::TableLayout(ConstBytes block, std::size_t offset) : end_(std::min(o
   complete_ = true;
 }
 
-bool TableLayout::takeHeader(ConstBytes block) {
+bool StoredTable::takeHeader(ConstBytes block) {
   using Header = HwSTableHeader2Edition;
   const auto bytes = detail::firstBytes<sizeof(Header)>(block.subspan(end_));
   const std::size_t size = std::min(sizeof(Header), block.size() - end_);
@@ -62,13 +62,13 @@ bool TableLayout::takeHeader(ConstBytes block) {
   return size == sizeof(Header);
 }
 
-bool TableLayout::takeColumnTypes(ConstBytes block) {
+bool StoredTable::takeColumnTypes(ConstBytes block) {
   columnTypes_ = block.subspan(end_, std::min<std::size_t>(columns_, block.size() - end_));
   end_ += columnTypes_.size();
   return columnTypes_.size() == columns_ && takePadding(block);
 }
 
-bool TableLayout::takeIds(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids) {
+bool StoredTable::takeIds(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids) {
   if (type == TYPE_ID_NONE || count == 0) return true;
   const ConstBytes rest = block.subspan(end_);
   const std::size_t size = detail::typeSize(type);
@@ -84,13 +84,13 @@ bool TableLayout::takeIds(ConstBytes block, ETypeId type, std::size_t count, Con
   return complete && takePadding(block);
 }
 
-bool TableLayout::takePadding(ConstBytes block) {
+bool StoredTable::takePadding(ConstBytes block) {
   const std::size_t padded = (end_ + alignment - 1) / alignment * alignment;
   end_ = std::min(padded, block.size());
   return end_ == padded;
 }
 
-bool TableLayout::placeCells(ConstBytes rest) {
+bool StoredTable::placeCells(ConstBytes rest) {
   places_.reserve(columns_ + 1U);
   std::uint32_t place = 0;
   places_.push_back(place);
@@ -107,7 +107,7 @@ bool TableLayout::placeCells(ConstBytes rest) {
   return cells_.size() == size;
 }
 
-bool TableLayout::findCells(ConstBytes rest) {
+bool StoredTable::findCells(ConstBytes rest) {
   cells_ = rest;
   std::size_t at = 0;
   starts_.push_back(0);
@@ -129,16 +129,16 @@ bool TableLayout::findCells(ConstBytes rest) {
   return true;
 }
 
-ConstBytes TableLayout::foundCell(std::size_t column, std::size_t row) const {
+ConstBytes StoredTable::foundCell(std::size_t column, std::size_t row) const {
   const std::size_t index = row * columns_ + column;
   if (index + 1 >= starts_.size()) return {};
   const std::size_t terminator = columnTypes_[column] == TYPE_ID_STRING ? 1 : 0;
   return cells_.subspan(starts_[index], starts_[index + 1] - starts_[index] - terminator);
 }
 
-std::optional<TableLayout> TableWalk::next() {
+std::optional<StoredTable> TableWalk::next() {
   if (position_ >= block_.size()) return std::nullopt;
-  TableLayout table(block_, position_);
+  StoredTable table(block_, position_);
   position_ = table.isComplete() ? table.end() : block_.size();
   return table;
 }

@@ -35,14 +35,14 @@ static_assert(sizeof(HwSTableHeader2Edition) == 6);
 /// One table of a second-edition block: what it says of itself, and where its parts lie in the block's bytes.
 ///
 /// The counts are claims; every part is cut to the bytes that are there. Ids and numeric cells are there whole or not
-/// at all, a string that its block cuts off is there as far as it goes. The layout views the block's bytes, which have
+/// at all, a string that its block cuts off is there as far as it goes. It views the block's bytes, which have
 /// to outlive it; it is built in time and space in proportion to the bytes that it covers, whatever they claim.
-class VELK_EXPORT TableLayout {
+class VELK_EXPORT StoredTable {
  public:
   /// A table without bytes.
-  TableLayout() = default;
+  StoredTable() = default;
   /// The table that begins at `offset` of a block.
-  TableLayout(detail::ConstBytes block, std::size_t offset);
+  StoredTable(detail::ConstBytes block, std::size_t offset);
 
   unsigned int rows() const { return rows_; }
   unsigned int columns() const { return columns_; }
@@ -105,7 +105,7 @@ class VELK_EXPORT TableWalk {
   explicit TableWalk(detail::ConstBytes block) : block_(block) {}
 
   /// The next table, or nothing where the block has no further byte.
-  std::optional<TableLayout> next();
+  std::optional<StoredTable> next();
 
  private:
   detail::ConstBytes block_;
