@@ -21,6 +21,12 @@ inline Velk::HwDatablock2Edition* newBlock(const QByteArray& bytes) {
   return block;
 }
 
+/// The bytes of a block; what is said of an odd size does not matter here.
+inline QByteArray bytesOf(const SecondEditionBuilder& builder) {
+  ConsoleCapture oddSize;
+  return builder.finish().getByteArrayData();
+}
+
 /// Puts the bytes' own length into their size field.
 inline QByteArray sized(QByteArray bytes) {
   for (int i = 0; i < 2 && 2 + i < bytes.size(); ++i) bytes[2 + i] = static_cast<char>(bytes.size() >> (8 * i));
@@ -30,7 +36,7 @@ inline QByteArray sized(QByteArray bytes) {
 /// The accessor of one table, parsed.
 class Parsed : public Velk::CommonDatablockAccess {
  public:
-  explicit Parsed(const Table& table) : Parsed(SecondEditionBuilder(1).add(table).finish().getByteArrayData()) {}
+  explicit Parsed(const Table& table) : Parsed(bytesOf(SecondEditionBuilder(1).add(table))) {}
   explicit Parsed(const QByteArray& bytes) : CommonDatablockAccess(newBlock(bytes), nullptr, true) {}
 };
 

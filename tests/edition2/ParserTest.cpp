@@ -6,6 +6,7 @@
 namespace Velk {
 namespace {
 
+using VelkTest::bytesOf;
 using VelkTest::expectSameTables;
 using VelkTest::fromHex;
 using VelkTest::joined;
@@ -107,13 +108,10 @@ TEST(SecondEditionParser, WhatHasNoSizeHoldsTheTableOpen) {
 }
 
 TEST(SecondEditionParser, StringCellsMayHave2047Characters) {
-  VelkTest::ConsoleCapture oddSizes;
   for (const int length : {2046, 2047, 2048, 2049}) {
     const std::string text(static_cast<std::size_t>(length), 'x');
-    const QByteArray bytes = SecondEditionBuilder(1)
-                                 .add({.columnTypes = {TYPE_ID_STRING}, .rows = {{text.c_str()}, {"y"}}})
-                                 .finish()
-                                 .getByteArrayData();
+    const QByteArray bytes =
+        bytesOf(SecondEditionBuilder(1).add({.columnTypes = {TYPE_ID_STRING}, .rows = {{text.c_str()}, {"y"}}}));
     EXPECT_EQ(Parsed(bytes).tables().size(), length < 2048 ? 2U : 1U) << length;
     expectSameTables(bytes);
   }
@@ -173,16 +171,14 @@ TEST(SecondEditionParser, ComesToTheTablesOfTheReference) {
 
 TEST(SecondEditionParser, ComesToTheTablesOfTheReferenceWhereverABlockIsCut) {
   const QByteArray whole =
-      SecondEditionBuilder(1)
-          .add({.rowIdType = TYPE_ID_STRING,
-                .rowIds = {"A", "BC"},
-                .columnIdType = TYPE_ID_UINT16,
-                .columnIds = {1, 2, 3},
-                .columnTypes = {TYPE_ID_CHAR5, TYPE_ID_STRING, TYPE_ID_DOUBLE},
-                .rows = {{"one", "eins", 1}, {"two", "zwei", 2}}})
-          .add({.rowIdType = TYPE_ID_CHAR10, .rowIds = {"r"}, .columnTypes = {TYPE_ID_UINT64}, .rows = {{5}}})
-          .finish()
-          .getByteArrayData();
+      bytesOf(SecondEditionBuilder(1)
+                  .add({.rowIdType = TYPE_ID_STRING,
+                        .rowIds = {"A", "BC"},
+                        .columnIdType = TYPE_ID_UINT16,
+                        .columnIds = {1, 2, 3},
+                        .columnTypes = {TYPE_ID_CHAR5, TYPE_ID_STRING, TYPE_ID_DOUBLE},
+                        .rows = {{"one", "eins", 1}, {"two", "zwei", 2}}})
+                  .add({.rowIdType = TYPE_ID_CHAR10, .rowIds = {"r"}, .columnTypes = {TYPE_ID_UINT64}, .rows = {{5}}}));
   ASSERT_EQ(Parsed(whole).tables().size(), 3U);
   for (qsizetype size = 0; size <= whole.size(); ++size) {
     SCOPED_TRACE(size);
