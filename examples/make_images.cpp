@@ -1,39 +1,21 @@
-// Makes the example images: memories of modules as the library's own classes write them.
+// Makes the example images.
 #include <QFile>
 #include <cstdio>
 
-#include "ImageBuilder.h"
-#include "velk/velk.h"
+#include "Images.h"
 
 namespace {
 
-using Examples::ImageBuilder;
+struct Image {
+  const char* name;
+  QByteArray (*make)();
+};
 
-/// An RF board that identifies itself, with a second identification record and a block that nobody knows.
-QByteArray rfBoard() {
-  Velk::HwDatablockIdent ident;
-  ident.setEepromSize(1024);
-  ident.setPartNumber(11411000);
-  ident.setVariant(2);
-  ident.setHardwareCode(3);
-  ident.setProductIndex(1234);
-  ident.setSerialNumber(100234);
-  ident.setProductDate(Velk::PackedDate{2017, 3, 15}.packed());
-  ident.setReadCode(1);
-  ident.setTestInstruction(205);
-  ident.setName("RF-BOARD");
-
-  Velk::HwDatablockIdent filter;
-  filter.setBlockId(10);
-  filter.setEepromSize(256);
-  filter.setPartNumber(10005);
-  filter.setVariant(12);
-  filter.setSerialNumber(4711);
-  filter.setProductDate(Velk::PackedDate{2016, 11, 2}.packed());
-  filter.setName("FILTER");
-
-  return ImageBuilder().add(ident).add(filter).add(4242, "unknown to all").finish(1024);
-}
+constexpr Image images[] = {
+    {"rf_board.bin", Examples::rfBoard},   {"synthesizer.bin", Examples::synthesizer},
+    {"iq_module.bin", Examples::iqModule}, {"mainboard.bin", Examples::mainboard},
+    {"dac_board.bin", Examples::dacBoard},
+};
 
 bool write(const QString& path, const QByteArray& bytes) {
   QFile file(path);
@@ -47,8 +29,12 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: make_images DIRECTORY\n");
     return 2;
   }
-  const QString directory = QString::fromLocal8Bit(argv[1]);
-  const bool written = write(directory + "/rf_board.bin", rfBoard());
-  if (!written) std::fprintf(stderr, "make_images: cannot write to %s\n", argv[1]);
-  return written ? 0 : 3;
+  for (const Image& image : images) {
+    const QString path = QString::fromLocal8Bit(argv[1]) + '/' + image.name;
+    if (!write(path, image.make())) {
+      std::fprintf(stderr, "make_images: cannot write %s\n", qPrintable(path));
+      return 3;
+    }
+  }
+  return 0;
 }

@@ -11,7 +11,10 @@ std::string row(const Velk::CatalogueRow& catalogued, unsigned short id) {
   line.resize(std::max<std::size_t>(line.size() + 1, 54), ' ');
   line += catalogued.key(id);
   line.resize(std::max<std::size_t>(line.size() + 1, 92), ' ');
-  return line + std::to_string(catalogued.size) + (catalogued.longerToo ? "+" : "") + '\n';
+  line += std::to_string(catalogued.size);
+  if (catalogued.others.longer) line += '+';
+  if (catalogued.others.also != 0) line += " or " + std::to_string(catalogued.others.also);
+  return line + '\n';
 }
 
 void writeRows(Session& session, std::span<const Velk::CatalogueRow> rows) {

@@ -42,6 +42,11 @@ class LimitedText : public std::streambuf {
   bool full_ = false;
 };
 
+/// Blocks outside the old-style dictionary, or of another class than its id has there, are printed by their own class.
+bool isInDictionary(const BlockView& block) {
+  return block.row != nullptr && Velk::findDictionaryRow(block.id) == block.row;
+}
+
 class Printer {
  public:
   Printer(Session& session, std::vector<int> ids) : session_(session), ids_(std::move(ids)) {}
@@ -64,7 +69,7 @@ class Printer {
   void write(const BlockView& block, std::ostream& stream) {
     Velk::HwDatablock raw(true);
     raw.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
-    if (block.row != nullptr && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
+    if (isInDictionary(block) && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
     if (block.row == nullptr) {
       raw.printToStream(stream);  // the base form is there for what no class prints
       return;

@@ -41,11 +41,11 @@ class FieldsOfASample : public testing::Test {
 
 TEST_F(FieldsOfASample, AreNamedByTheirPaths) {
   std::string paths;
-  visitFields(sampleFields, [&](const std::string& path, FieldElement) { paths += path + ' '; });
+  visitFields(sampleFields, sizeof(Sample), [&](const std::string& path, FieldElement) { paths += path + ' '; });
   EXPECT_EQ(paths,
             "low high cells[0][0] cells[0][1] cells[0][2] cells[1][0] cells[1][1] cells[1][2] entries[0].gain "
             "entries[0].offset entries[1].gain entries[1].offset value ");
-  visitFields(sampleFields, [](const std::string& path, FieldElement element) {
+  visitFields(sampleFields, sizeof(Sample), [](const std::string& path, FieldElement element) {
     EXPECT_EQ(findField(sampleFields, path).value().offset, element.offset) << path;
   });
 }
@@ -115,7 +115,7 @@ TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   }
 
   std::string text;
-  visitFields(identFields, [&](const std::string& path, FieldElement element) {
+  visitFields(identFields, 44, [&](const std::string& path, FieldElement element) {
     text += path + '=' + fieldText({ident.getData(), 44}, element) + '\n';
   });
   EXPECT_EQ(text,

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -40,18 +41,31 @@ class Command : public testing::Test {
   QTemporaryDir directory_;
 };
 
+QStringList exampleImages() { return QDir(VELK_SOURCE_DIR "/examples/images").entryList({"*.bin"}); }
+
+std::string exampleFile(const QString& name) {
+  return VelkTest::readFile(VELK_SOURCE_DIR "/examples/images/" + name.toStdString());
+}
+
 TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   ASSERT_EQ(run({directory_.path()}, {}, VELK_MAKE_IMAGES).exitCode, 0);
-  EXPECT_EQ(VelkTest::readFile(directory_.filePath("rf_board.bin").toStdString()), rfBoard().toStdString());
+  EXPECT_EQ(QDir(directory_.path()).entryList({"*.bin"}), exampleImages());
+  for (const QString& name : exampleImages()) {
+    EXPECT_EQ(VelkTest::readFile(directory_.filePath(name).toStdString()), exampleFile(name)) << name.toStdString();
+  }
 }
 
 TEST_F(Command, GoldenTextsOfTheExamples) {
-  for (const char* const verb : {"list", "check", "print"}) {
-    const Outcome result = run({verb, "rf_board.bin"});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.errors, "");
-    EXPECT_EQ(result.output, VelkTest::golden(std::string("rf_board.") + verb + ".txt", result.output));
-    EXPECT_EQ(run({verb, "-"}, rfBoard()).output, result.output) << "standard input is like a file";
+  for (const QString& name : exampleImages()) {
+    for (const char* const verb : {"list", "check", "print"}) {
+      const Outcome result = run({verb, name});
+      EXPECT_EQ(result.exitCode, 0) << name.toStdString();
+      EXPECT_EQ(result.errors, "");
+      const std::string expected = QFileInfo(name).baseName().toStdString() + '.' + verb + ".txt";
+      EXPECT_EQ(result.output, VelkTest::golden(expected, result.output));
+      const QByteArray image = QByteArray::fromStdString(exampleFile(name));
+      EXPECT_EQ(run({verb, "-"}, image).output, result.output) << "standard input is like a file";
+    }
   }
   const Outcome ids = run({"ids"});
   EXPECT_EQ(ids.exitCode, 0);

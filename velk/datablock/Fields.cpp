@@ -154,7 +154,10 @@ FieldResult setInteger(MutableBytes block, FieldElement element, std::string_vie
   return FieldResult::Done;
 }
 
-std::size_t elementCount(const FieldInfo& field) { return std::size_t{field.rows} * field.cols; }
+std::size_t elementCount(const FieldInfo& field, std::size_t blockSize) {
+  if (field.openEnded) return blockSize <= field.offset ? 0 : (blockSize - field.offset) / field.stride;
+  return std::size_t{field.rows} * field.cols;
+}
 
 std::string indexText(const FieldInfo& field, std::size_t index) {
   std::string text;
@@ -163,20 +166,23 @@ std::string indexText(const FieldInfo& field, std::size_t index) {
   return text;
 }
 
-void visitFrom(std::span<const FieldInfo> fields, std::size_t base, const std::string& prefix,
+void visitFrom(std::span<const FieldInfo> fields, std::size_t blockSize, std::size_t base, const std::string& prefix,
                const std::function<void(const std::string&, FieldElement)>& visit) {
   for (const FieldInfo& field : fields) {
-    for (std::size_t i = 0; i < elementCount(field); ++i) {
+    for (std::size_t i = 0; i < elementCount(field, blockSize); ++i) {
       const std::size_t offset = base + field.offset + i * field.stride;
       const std::string path = prefix + field.name + indexText(field, i);
       if (field.type == ScalarType::Record) {
-        visitFrom(field.members, offset, path + '.', visit);
+        visitFrom(field.members, blockSize, offset, path + '.', visit);
       } else {
         visit(path, {&field, offset});
       }
     }
   }
 }
+
+/// No block has room for more elements.
+constexpr std::size_t longestList = std::numeric_limits<unsigned short>::max();
 
 /// Takes "[n]" off the front of `path`; nothing where there is none or n is not below `limit`.
 std::optional<std::size_t> takeIndex(std::string_view& path, std::size_t limit) {
@@ -197,7 +203,7 @@ std::optional<FieldElement> findFrom(std::span<const FieldInfo> fields, std::siz
     if (name != field.name) continue;
     std::size_t index = 0;
     for (int dimension = 0; dimension < field.rank; ++dimension) {
-      const auto next = takeIndex(path, dimension == 0 ? field.rows : field.cols);
+      const auto next = takeIndex(path, dimension > 0 ? field.cols : field.openEnded ? longestList : field.rows);
       if (!next) return std::nullopt;
       index = dimension == 0 ? *next * field.cols : index + *next;
     }
@@ -212,9 +218,9 @@ std::optional<FieldElement> findFrom(std::span<const FieldInfo> fields, std::siz
 
 }  // namespace
 
-void visitFields(std::span<const FieldInfo> fields,
+void visitFields(std::span<const FieldInfo> fields, std::size_t blockSize,
                  const std::function<void(const std::string& path, FieldElement)>& visit) {
-  visitFrom(fields, 0, "", visit);
+  visitFrom(fields, blockSize, 0, "", visit);
 }
 
 std::optional<FieldElement> findField(std::span<const FieldInfo> fields, std::string_view path) {

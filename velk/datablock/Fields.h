@@ -44,6 +44,7 @@ struct FieldInfo {
   double scale = 1;  ///< presented = stored * scale
   const char* unit = "";
   std::span<const FieldInfo> members{};  ///< of a sub-record
+  bool openEnded = false;                ///< a list of as many elements as the block has room for
 
   /// A character array is one text rather than a list of small numbers.
   constexpr FieldInfo asText() const {
@@ -70,6 +71,12 @@ struct FieldInfo {
     FieldInfo field = *this;
     field.unit = unitName;
     field.scale = factor;
+    return field;
+  }
+  constexpr FieldInfo openList() const {
+    FieldInfo field = *this;
+    field.rank = 1;
+    field.openEnded = true;
     return field;
   }
   constexpr FieldInfo of(std::span<const FieldInfo> memberFields) const {
@@ -129,8 +136,9 @@ enum class FieldResult {
 };
 
 /// Calls `visit` for every element in order, with its path: "serialNumber", "values[3]", "cells[2][5]",
-/// "blocks[7].gain".
-VELK_EXPORT void visitFields(std::span<const FieldInfo> fields,
+/// "blocks[7].gain". `blockSize` tells how long open-ended lists are; all other elements are visited whether the block
+/// has them or not.
+VELK_EXPORT void visitFields(std::span<const FieldInfo> fields, std::size_t blockSize,
                              const std::function<void(const std::string& path, FieldElement)>& visit);
 
 /// The element at `path`, or nothing where no field and no place inside its capacity is called so.

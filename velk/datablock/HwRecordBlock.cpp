@@ -12,8 +12,8 @@ namespace detail {
 void applyRecordRules(MutableBytes record, const RecordTraits& traits, AlignmentRule alignment) {
   store(record, offsetof(HwSDatablockHeader, blockSize), traits.size);
   if (alignment == AlignmentRule::Clear) store<unsigned short>(record, offsetof(HwSDatablockHeader, alignment), 0);
-  const MutableBytes text = record.subspan(traits.text.offset, traits.text.length);
-  std::fill(std::find(text.begin(), text.end(), 0), text.end(), static_cast<unsigned char>(0));
+  const MutableBytes name = record.subspan(traits.name.offset, traits.name.length);
+  std::fill(std::find(name.begin(), name.end(), 0), name.end(), static_cast<unsigned char>(0));
 }
 
 }  // namespace detail
@@ -33,13 +33,36 @@ unsigned char* HwRecordBlock::recordBytes() {
   return mutableBytes().data();
 }
 
-int HwRecordBlock::setRecord(const void* record) {
+bool HwRecordBlock::acceptRecord(const void* record, bool isEmpty) {
+  if (record != nullptr && isAcceptable(record, isEmpty)) return true;
+  ErrorManager()->signal(IdErrEprDataEepromVerifyChksumFailed, ("   " + QByteArray(traits_->refusal)).constData());
+  return false;
+}
+
+bool HwRecordBlock::isAcceptable(const void* record, bool isEmpty) {
   // The record is only read; the signature lacks the const.
   auto* const words = static_cast<unsigned short*>(const_cast<void*>(record));
-  if (record == nullptr || !verifyChecksum(words, traits_->size, true)) {
-    ErrorManager()->signal(IdErrEprDataEepromVerifyChksumFailed, ("   " + QByteArray(traits_->refusal)).constData());
-    return 1;
+  const bool isRight = verifyChecksum(words, traits_->size, true);
+  HwSDatablockHeader header;
+  std::memcpy(&header, record, sizeof header);
+  const bool isOwn = header.id == traits_->id && header.blockSize == traits_->size;
+  switch (traits_->acceptance) {
+    case Acceptance::Checksum:
+      return isRight;
+    case Acceptance::ChecksumOrEmpty:
+      return isRight || isEmpty;
+    case Acceptance::ChecksumOrHeader:
+      return isRight || isOwn;
+    case Acceptance::ChecksumOrBlankHeader:
+      return isRight || (isOwn && header.alignment == 0);
+    case Acceptance::ChecksumAndHeader:
+      return isRight && isOwn;
   }
+  return false;
+}
+
+int HwRecordBlock::setRecord(const void* record, bool isEmpty) {
+  if (!acceptRecord(record, isEmpty)) return 1;
   copyRecord(record, traits_->onSet);
   return 0;
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <type_traits>
@@ -14,10 +16,45 @@ namespace Velk {
 /// What becomes of the alignment word of a record that a block takes over.
 enum class AlignmentRule : unsigned char { Clear, Take };
 
+/// Which records a block takes over.
+enum class Acceptance : unsigned char {
+  Checksum,               ///< those whose checksum is right
+  ChecksumOrEmpty,        ///< also one that was never written: all zero but for the class's id
+  ChecksumOrHeader,       ///< also one with the class's id and size in its header
+  ChecksumOrBlankHeader,  ///< also one with the class's id and size in its header and no alignment
+  ChecksumAndHeader,      ///< those whose checksum is right and whose header has the class's id and size
+};
+
 /// A text inside a record that ends at its first zero byte: what stands behind that is not taken over.
-struct RecordText {
+struct RecordName {
   unsigned short offset = 0;
   unsigned short length = 0;
+};
+
+/// Names of blocks with ids one after another.
+struct KeyRange {
+  unsigned short firstId = 0;
+  std::array<const char*, 4> keys{};
+};
+
+/// How the values of a record are written, as data: comment lines, the ID line, a COUNT line, a line a row.
+struct TextForm {
+  std::array<const char*, 4> comments{};
+  unsigned char idWidth = 17;  ///< columns of "ID:" with its blanks
+  const char* countKey = "COUNT:";
+  unsigned char countWidth = 17;             ///< 0: no such line
+  const char* rowKey = "";                   ///< before the number of a row
+  const char* separator = ":             ";  ///< behind it
+  /// The COUNT line of a table: what stands between the number of rows and the name of the companion list, the word of
+  /// the block's own name that is another one there, and the comment lines that follow.
+  const char* countJoint = " * ";
+  const char* countWord = "";
+  std::array<const char*, 2> columnComments{};
+  unsigned char firstRow = 1;  ///< number of the first row
+  unsigned char rowStep = 1;
+  signed char decimals = -1;  ///< of a value; -1: integers in decimal, others in general notation
+  double scale = 0;           ///< presented = stored * scale; 0: values are shown as they are stored
+  double twinStep = 0;        ///< added to a presented value that is stored like the one before it
 };
 
 /// What sets one fixed-layout class apart from the others, as data.
@@ -25,12 +62,31 @@ struct RecordTraits {
   unsigned short id = 0;     ///< of a new block, or of its first path or copy
   unsigned short size = 0;   ///< bytes of the record, header included
   const char* refusal = "";  ///< the name under which a refused record is reported
-  /// Names of the blocks with ids `id`, `id` + 1 and so on; a single one serves them all.
-  std::span<const char* const> keys{};
+  /// Names of the blocks with ids `id`, `id` + 1 and so on; a single one serves every id.
+  std::array<const char*, 10> keys{};
+  KeyRange alsoKeys{};  ///< names of ids of another class that this one prints as well
   std::span<const FieldInfo> fields{};
   AlignmentRule onSet = AlignmentRule::Clear;
   AlignmentRule onSwap = AlignmentRule::Clear;
-  RecordText text{};
+  Acceptance acceptance = Acceptance::Checksum;
+  RecordName name{};
+  TextForm text{};
+
+  /// The name of the block with this id; empty where the class has none for it.
+  constexpr const char* key(unsigned short ofId) const {
+    if (keys[1] == nullptr) return keys[0] == nullptr ? "" : keys[0];
+    if (const char* const own = keyIn(keys, id, ofId)) return own;
+    const char* const other = keyIn(alsoKeys.keys, alsoKeys.firstId, ofId);
+    return other == nullptr ? "" : other;
+  }
+
+ private:
+  template <std::size_t N>
+  static constexpr const char* keyIn(const std::array<const char*, N>& names, unsigned short first,
+                                     unsigned short ofId) {
+    return ofId >= first && ofId - first < static_cast<int>(N) ? names[static_cast<std::size_t>(ofId - first)]
+                                                               : nullptr;
+  }
 };
 
 namespace detail {
@@ -62,13 +118,18 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
   /// The detached record; a shorter buffer is extended with zeros first.
   unsigned char* recordBytes();
 
-  /// Takes over a record whose checksum is right and returns 0; otherwise reports the refusal, changes nothing and
-  /// returns 1. The record may lie inside this block's own buffer.
-  int setRecord(const void* record);
+  /// Whether the class takes the record over. `isEmpty` says that the record was never written; a refusal is reported.
+  bool acceptRecord(const void* record, bool isEmpty = false);
+  /// Takes an accepted record over and returns 0; otherwise changes nothing and returns 1. The record may lie inside
+  /// this block's own buffer.
+  int setRecord(const void* record, bool isEmpty = false);
   /// The same without the check.
   void swapRecord(const void* record);
 
   void storeFreshChecksum() { setChecksum(computeChecksum()); }
+
+  /// The block's name in its text form, by its current id.
+  const char* key() { return traits_->key(getId()); }
 
   /// The bytes of a text field up to its first zero byte, as far as the buffer holds them.
   std::string_view loadText(std::size_t offset, std::size_t length) const;
@@ -76,6 +137,7 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
   void storeText(std::size_t offset, std::size_t length, const QByteArray& text);
 
  private:
+  bool isAcceptable(const void* record, bool isEmpty);
   void copyRecord(const void* record, AlignmentRule alignment);
 
   const RecordTraits* traits_;
@@ -91,7 +153,7 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
 
   /// 0 when the record's checksum is right and the record was taken over; otherwise the error manager is told, the
   /// block stays as it was and the result is 1.
-  int setBlock(const Record* record) { return setRecord(record); }
+  int setBlock(const Record* record) { return setRecord(record, isEmptyRecord(record)); }
 
   using HwDatablock::swapBlock;
   /// Takes the record over without a check.
@@ -115,16 +177,17 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
 
   template <class T>
   void set(T Record::*field, std::type_identity_t<T> value) {
-    storeWithChecksum(detail::offsetOf(field), value);
+    storeField(detail::offsetOf(field), value, true);
   }
   template <class T, std::size_t N>
-  void set(T (Record::*field)[N], std::type_identity_t<T> value, std::int64_t index) {
-    if (isInside<N>(index)) storeWithChecksum(place<T>(field, index), value);
+  void set(T (Record::*field)[N], std::type_identity_t<T> value, std::int64_t index, bool withChecksum = true) {
+    if (isInside<N>(index)) storeField(place<T>(field, index), value, withChecksum);
   }
   template <class T, std::size_t R, std::size_t C>
-  void set(T (Record::*field)[R][C], std::type_identity_t<T> value, std::int64_t row, std::int64_t column) {
+  void set(T (Record::*field)[R][C], std::type_identity_t<T> value, std::int64_t row, std::int64_t column,
+           bool withChecksum = true) {
     if (isInside<R>(row) && isInside<C>(column)) {
-      storeWithChecksum(place<T>(field, row * std::int64_t{C} + column), value);
+      storeField(place<T>(field, row * std::int64_t{C} + column), value, withChecksum);
     }
   }
 
@@ -138,6 +201,14 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
   }
 
  private:
+  /// Whether the record equals, field by field, one of which only the id was ever written.
+  bool isEmptyRecord(const Record* record) const {
+    if (record == nullptr || recordTraits().acceptance != Acceptance::ChecksumOrEmpty) return false;
+    const auto empty = std::make_unique<Record>();
+    empty->header.id = recordTraits().id;
+    return *record == *empty;
+  }
+
   template <std::size_t N>
   static constexpr bool isInside(std::int64_t index) {
     return static_cast<std::uint64_t>(index) < N;
@@ -147,8 +218,8 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
     return detail::offsetOf(field) + static_cast<std::size_t>(index) * sizeof(T);
   }
   template <class T>
-  void storeWithChecksum(std::size_t offset, T value) {
-    if (store(offset, value)) storeFreshChecksum();
+  void storeField(std::size_t offset, T value, bool withChecksum) {
+    if (store(offset, value) && withChecksum) storeFreshChecksum();
   }
 };
 

@@ -149,7 +149,8 @@ BlockView BlockWalk::stray(Finding finding) {
 
 BlockView BlockWalk::block(unsigned short id) {
   const std::size_t size = sizeOf(rest());
-  BlockView view{.offset = position_, .id = id, .declaredSize = sizeOf(rest()), .row = findCatalogueRow(id)};
+  BlockView view{
+      .offset = position_, .id = id, .declaredSize = sizeOf(rest()), .row = findCatalogueRow(id, sizeOf(rest()))};
   bool believable = size >= headerSize && size <= rest().size();
   if (believable) {
     view.bytes = rest().first(size);
@@ -193,7 +194,7 @@ bool BlockWalk::soundBlockAt(std::uint64_t offset) const {
   const ConstBytes block = image_.subspan(offset);
   const std::size_t size = sizeOf(block);
   if (size < headerSize || size > block.size()) return false;
-  const CatalogueRow* const row = findCatalogueRow(idOf(block));
+  const CatalogueRow* const row = findCatalogueRow(idOf(block), static_cast<unsigned short>(size));
   return row != nullptr && row->acceptsSize(static_cast<unsigned short>(size)) &&
          sums_[(offset + size) / 2] == sums_[offset / 2];
 }

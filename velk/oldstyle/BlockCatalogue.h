@@ -17,6 +17,12 @@ enum class Conversion : unsigned char {
   Table,   ///< the alignment word is cleared
 };
 
+/// Sizes that blocks of a class may have besides the usual one.
+struct OtherSizes {
+  bool longer = false;      ///< any longer one
+  unsigned short also = 0;  ///< another one
+};
+
 /// What is known of the blocks of one id, or of neighbouring ids that one class serves.
 struct CatalogueRow {
   unsigned short firstId;
@@ -24,7 +30,7 @@ struct CatalogueRow {
   const char* className;
   std::span<const char* const> keys;  ///< the blocks' names, from firstId on; a single one serves all
   unsigned short size;                ///< bytes of a block
-  bool longerToo;                     ///< blocks of this class may be longer
+  OtherSizes others;
   std::span<const FieldInfo> fields;
   /// A new, empty block.
   std::unique_ptr<HwDatablock> (*make)(unsigned short id);
@@ -32,7 +38,9 @@ struct CatalogueRow {
   const RecordTraits* record;  ///< of record classes, else null
 
   const char* key(unsigned short id) const { return keys.size() == 1 ? keys[0] : keys[id - firstId]; }
-  bool acceptsSize(unsigned short blockSize) const { return longerToo ? blockSize >= size : blockSize == size; }
+  bool acceptsSize(unsigned short blockSize) const {
+    return blockSize == size || (others.longer && blockSize > size) || (others.also != 0 && blockSize == others.also);
+  }
 };
 
 /// The rows of the old-style dictionary, in ascending order of their ids.
@@ -45,7 +53,8 @@ VELK_EXPORT std::span<const CatalogueRow> otherRows();
 /// The dictionary's row for an id, or null.
 VELK_EXPORT const CatalogueRow* findDictionaryRow(int id);
 
-/// The row for an id, in the dictionary or else among the other rows; or null.
-VELK_EXPORT const CatalogueRow* findCatalogueRow(int id);
+/// The row for an id, in the dictionary or else among the other rows; or null. Where both know the id, one whose blocks
+/// have `size` bytes is preferred.
+VELK_EXPORT const CatalogueRow* findCatalogueRow(int id, unsigned short size = 0);
 
 }  // namespace Velk

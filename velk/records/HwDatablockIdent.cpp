@@ -3,7 +3,7 @@
 #include <iomanip>
 #include <ostream>
 
-#include "velk/datablock/TextWriter.h"
+#include "velk/datablock/RecordText.h"
 
 namespace Velk {
 namespace {
@@ -47,6 +47,16 @@ std::ostream& HwDatablockIdent::printToStream(std::ostream& os) {
   printPartNumber(text);
   printProduct(text);
   text.key("NAME:").text(nameBytes()).text(getId() == idWithLongName ? "  " : "").endLine();
+  text.endLine();
+  return os << std::setfill('0') << std::right;
+}
+
+std::ostream& HwDatablockMiscIdent::printToStream(std::ostream& os) {
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  printPartNumber(text);
+  printProduct(text);
+  text.key("NAME:").text(nameBytes()).endLine();
   text.endLine();
   return os << std::setfill('0') << std::right;
 }

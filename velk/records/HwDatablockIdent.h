@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "velk/datablock/HwDatablockIds.h"
 #include "velk/datablock/HwRecordBlock.h"
 
 namespace Velk {
@@ -79,23 +80,51 @@ class VELK_EXPORT HwIdentRecordBlock : public HwTypedRecordBlock<HwSDatablockIde
 /// The identification block at the start of every module memory.
 class VELK_EXPORT HwDatablockIdent : public HwIdentRecordBlock {
  public:
-  static constexpr const char* keys[] = {"IDENT_2", "IDENT_3", "IDENT_4", "IDENT_5", "IDENT_6",
-                                         "IDENT_7", "IDENT_8", "IDENT_9", "IDENT_10"};
   static constexpr RecordTraits traits{
       .id = 2,
       .size = sizeof(HwSDatablockIdent),
       .refusal = "HwDatablockIdent",
-      .keys = keys,
+      .keys = {"IDENT_2", "IDENT_3", "IDENT_4", "IDENT_5", "IDENT_6", "IDENT_7", "IDENT_8", "IDENT_9", "IDENT_10"},
       .fields = identFields,
       .onSet = AlignmentRule::Take,
       .onSwap = AlignmentRule::Take,
-      .text = {offsetof(HwSDatablockIdent, name), sizeof HwSDatablockIdent::name},
+      .name = {offsetof(HwSDatablockIdent, name), sizeof HwSDatablockIdent::name},
   };
 
   HwDatablockIdent() : HwIdentRecordBlock(traits, true) {}
 
   /// Leaves the fill character '0' and right alignment set on the stream.
   std::ostream& printToStream(std::ostream& os) override;
+};
+
+/// A further identification record has the ident record's layout.
+using HwSDatablockMiscIdent = HwSDatablockIdent;
+
+/// The identification of a part that sits in another memory of the module.
+class VELK_EXPORT HwDatablockMiscIdent : public HwIdentRecordBlock {
+ public:
+  static constexpr RecordTraits traits{
+      .id = _DatablockId_Stream_Opt_Ident_,
+      .size = sizeof(HwSDatablockMiscIdent),
+      .refusal = "HwDatablockMiscIdent",
+      .keys = {"STREAM_OPT_IDENT", "STREAM_AUX_IDENT"},
+      .fields = identFields,
+      .onSet = AlignmentRule::Take,
+      .onSwap = AlignmentRule::Take,
+      .name = {offsetof(HwSDatablockMiscIdent, name), sizeof HwSDatablockMiscIdent::name},
+      .text = {.idWidth = 14},
+  };
+
+  explicit HwDatablockMiscIdent(HwEVariantEepromDatablock id)
+      : HwIdentRecordBlock(traits, true, static_cast<unsigned short>(id)), miscBlockId_(id) {}
+
+  /// The id that the block was made with.
+  HwEVariantEepromDatablock getMiscBlockId() const { return miscBlockId_; }
+
+  std::ostream& printToStream(std::ostream& os) override;
+
+ private:
+  HwEVariantEepromDatablock miscBlockId_;
 };
 
 }  // namespace Velk

@@ -1,0 +1,43 @@
+#include "ImageBuilder.h"
+#include "Images.h"
+#include "velk/datablock/PackedDate.h"
+
+namespace Examples {
+
+Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber) {
+  Velk::HwDatablockIdent ident;
+  ident.setEepromSize(4096);
+  ident.setPartNumber(partNumber);
+  ident.setVariant(2);
+  ident.setHardwareCode(1);
+  ident.setProductIndex(105);
+  ident.setSerialNumber(serialNumber);
+  ident.setProductDate(Velk::PackedDate{2018, 6, 21}.packed());
+  ident.setTestInstruction(200);
+  ident.setName(name);
+  return ident;
+}
+
+/// An RF board that identifies itself, with a second identification record and a block that nobody knows.
+QByteArray rfBoard() {
+  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 11411000, 100234);
+  ident.setEepromSize(1024);
+  ident.setHardwareCode(3);
+  ident.setProductIndex(1234);
+  ident.setProductDate(Velk::PackedDate{2017, 3, 15}.packed());
+  ident.setReadCode(1);
+  ident.setTestInstruction(205);
+
+  Velk::HwDatablockIdent filter;
+  filter.setBlockId(10);
+  filter.setEepromSize(256);
+  filter.setPartNumber(10005);
+  filter.setVariant(12);
+  filter.setSerialNumber(4711);
+  filter.setProductDate(Velk::PackedDate{2016, 11, 2}.packed());
+  filter.setName("FILTER");
+
+  return ImageBuilder().add(ident).add(filter).add(4242, "unknown to all").finish(1024);
+}
+
+}  // namespace Examples

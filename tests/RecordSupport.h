@@ -1,0 +1,86 @@
+#pragma once
+
+#include <libdeflate.h>
+
+#include "TestSupport.h"
+#include "velk/datablock/Fields.h"
+#include "velk/datablock/HwRecordBlock.h"
+
+namespace VelkTest {
+
+/// What a record class has to be, told by someone who has not seen its code.
+struct RecordClass {
+  unsigned short id;
+  unsigned short size;
+  std::string idLine;
+  std::string refusal;  ///< the error that a record with a wrong checksum signals; empty where none is signalled
+  bool keepsAlignment = false;
+};
+
+/// Makes a block of the class and holds it, its text and its acceptance of records against the expectation.
+template <class Block, class... Arguments>
+void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
+  SCOPED_TRACE(expected.idLine);
+  ConsoleCapture console;
+  Block block(arguments...);
+  EXPECT_EQ(block.getId(), expected.id);
+  EXPECT_EQ(block.getBlockSize(), expected.size);
+  EXPECT_EQ(block.getByteArrayData().size(), expected.size);
+  EXPECT_EQ(block.getChecksum(), 0);
+  EXPECT_NE(("\n" + printed(block)).find("\n" + expected.idLine + "\n"), std::string::npos) << printed(block);
+
+  Block source(arguments...);
+  source.setAlignment(0x1234);
+  source.setBlockId(static_cast<unsigned short>(expected.id + 1));
+  auto record = std::make_unique<std::remove_pointer_t<decltype(source.getBlock())>>(*source.getBlock());
+  ErrorCapture errors;
+  EXPECT_EQ(block.setBlock(record.get()), 0);
+  EXPECT_TRUE(errors.errors.empty());
+  EXPECT_EQ(block.getId(), expected.id + 1);
+  EXPECT_EQ(block.getAlignment(), expected.keepsAlignment ? 0x1234 : 0);
+  EXPECT_EQ(block.getChecksum(), source.getChecksum()) << "the record's own checksum";
+  EXPECT_EQ(block.getByteArrayData().mid(8), source.getByteArrayData().mid(8));
+
+  record->header.checksum = static_cast<unsigned short>(record->header.checksum + 1);
+  const QByteArray before = block.getByteArrayData();
+  block.setBlock(record.get());
+  EXPECT_EQ(block.getByteArrayData(), before);
+  EXPECT_EQ(errors.errors, std::vector<std::string>{"1040001:   " + expected.refusal});
+}
+
+/// Fills every field with a value of its own, so that no two are mixed up unnoticed.
+inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo> fields) {
+  const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
+  int next = 1;
+  Velk::visitFields(fields, size, [&](const std::string& path, Velk::FieldElement element) {
+    const Velk::FieldInfo& field = *element.field;
+    const bool floating = field.type == Velk::ScalarType::F32 || field.type == Velk::ScalarType::F64;
+    const bool small = field.bits.width != 0 || field.stride == 1;
+    std::string value = std::to_string(small ? next % 7 : next % 1000);
+    if (floating) value += ".625";
+    if (field.kind == Velk::FieldKind::Text) value = "TEXT" + value;
+    if (field.kind == Velk::FieldKind::Date) value = "2020-02-17";
+    EXPECT_EQ(Velk::setFieldText({block.getData(), size}, element, value), Velk::FieldResult::Done) << path;
+    ++next;
+  });
+  block.setChecksum(block.computeChecksum());
+}
+
+/// The first lines of a text, long ones cut, and its length and CRC-32, which stand for the rest.
+inline std::string abridged(const std::string& text) {
+  constexpr int shownLines = 16;
+  constexpr std::size_t shownColumns = 150;
+  std::istringstream lines(text);
+  std::string line;
+  std::string shown;
+  for (int i = 0; i < shownLines && std::getline(lines, line); ++i) {
+    shown += line.size() > shownColumns ? line.substr(0, shownColumns) + " ..." : line;
+    shown += '\n';
+  }
+  char total[80];
+  std::snprintf(total, sizeof total, "[%zu bytes, CRC %08X]\n\n", text.size(),
+                libdeflate_crc32(0, text.data(), text.size()));
+  return shown + total;
+}
+
+}  // namespace VelkTest

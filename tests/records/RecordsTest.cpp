@@ -1,0 +1,235 @@
+#include "RecordSupport.h"
+#include "velk/velk.h"
+
+namespace Velk {
+namespace {
+
+using VelkTest::checkRecordClass;
+using VelkTest::ConsoleCapture;
+using VelkTest::ErrorCapture;
+using VelkTest::hexOf;
+using VelkTest::printed;
+
+TEST(Records, EveryClassHasItsIdSizeKeyAndRefusal) {
+  const std::string id = "ID:              ";
+  checkRecordClass<HwDatablockIdent>({2, 44, id + "IDENT_2", "HwDatablockIdent", true});
+  checkRecordClass<HwDatablockMiscIdent>({10503, 44, "ID:           STREAM_OPT_IDENT", "HwDatablockMiscIdent", true},
+                                         _DatablockId_Stream_Opt_Ident_);
+  checkRecordClass<HwDatablockServiceData>({204, 24, id + "SERVICE_204", "HwDatablockServiceData"},
+                                           _DatablockId_Service_204_);
+  checkRecordClass<HwDatablockServiceData>({299, 24, id + "SERVICE_299", "HwDatablockServiceData"},
+                                           _DatablockId_Service_299_);
+  checkRecordClass<HwDatablockServiceData>({0, 24, id, "HwDatablockServiceData"});
+  checkRecordClass<HwDatablockModification>({100, 28, id + "MODIFICATION_100", "HwDatablockModification", true});
+  checkRecordClass<HwDatablockModification110>({110, 28, id + "MODIFICATION_110", "HwDatablockModification110", true});
+  checkRecordClass<HwDatablockStatistic>({300, 12, id + "STATISTICS_300", "HwDatablockStatistic"});
+  checkRecordClass<HwDatablockMbrdSerialNumber>({12000, 12, id + "SERIAL_NUMBER", "HwSDatablockMbrdSerialNumber"});
+  checkRecordClass<HwDatablockMbrdModel>({12001, 40, id + "GENERATOR_MODEL", "HwDatablockMbrdModel"});
+}
+
+TEST(Records, GoldenTexts) {
+  ConsoleCapture console;
+  std::string text;
+  const auto add = [&](auto&& block, std::span<const FieldInfo> fields) {
+    VelkTest::fillFields(block, fields);
+    text += printed(block);
+  };
+  add(HwDatablockMiscIdent(_DatablockId_Stream_Opt_Ident_), identFields);
+  add(HwDatablockMiscIdent(_DatablockId_Stream_Aux_Ident_), identFields);
+  add(HwDatablockMiscIdent(static_cast<HwEVariantEepromDatablock>(7)), identFields);
+  add(HwDatablockServiceData(_DatablockId_Service_200_), serviceFields);
+  add(HwDatablockModification(), modification110Fields);
+  add(HwDatablockModification110(), modification110Fields);
+  HwDatablockModification120 modification;
+  modification.resizeData(20);
+  modification.setBlockSize(20);
+  add(modification, modification120Fields);
+  add(HwDatablockStatistic(), statisticFields);
+  add(HwDatablockMbrdSerialNumber(), mbrdSerialNumberFields);
+  add(HwDatablockMbrdModel(), mbrdModelFields);
+  EXPECT_EQ(text, VelkTest::golden("records.txt", text));
+}
+
+TEST(ServiceData, PartsOfWordsKeepTheirNeighbours) {
+  HwDatablockServiceData block;
+  EXPECT_EQ(std::string(block.getDepartment(), 6), "000000");
+  EXPECT_EQ(block.getServiceDataId(), 0);
+  block.setDepartment("1GS3/x-and-more");
+  block.setServiceDate(0x4A6F);
+  block.setOpTime(0x00C03039);
+  EXPECT_EQ(block.getOpTimeHours(), 12345U);
+  EXPECT_EQ(block.getOpTimeTurnOn(), 48U);
+  block.setServiceDateYear(2020);
+  EXPECT_EQ(block.getServiceDateYear(), 2020);
+  EXPECT_EQ(block.getServiceDateMonth(), 3);
+  EXPECT_EQ(block.getServiceDateDay(), 15);
+  block.setServiceDateDay(32 + 7);
+  block.setServiceDateMonth(16 + 12);
+  EXPECT_EQ(block.getServiceDate(), PackedDate({2020, 12, 7}).packed());
+  EXPECT_EQ(block.getOpTime(), 0x00C03039U);
+  block.setOpTimeHours(0x40001);
+  EXPECT_EQ(block.getOpTime(), 0x00C00001U);
+  block.setOpTimeTurnOn(0x4001);
+  EXPECT_EQ(block.getOpTime(), 0x00040001U);
+  block.setRepairNumber(0xABCD);
+  block.setServiceCode(0x1234);
+  block.setDepartment(nullptr);
+  EXPECT_EQ(hexOf(block).substr(24), "31 47 53 33 2F 78 87 51 01 00 04 00 CD AB 34 12");
+  EXPECT_TRUE(block.verifyChecksum());
+  block.setOpTime(0xFFFFFFFF);
+  block.setServiceDate(0xFFFF);
+  EXPECT_NE(printed(block).find("SERVICEDATE:     2107-15-31\nOPHOURS:         00000/262143\n"), std::string::npos);
+}
+
+TEST(Modification, EntriesAreTwoParts) {
+  HwDatablockModification block;
+  block.setServiceCode(0xC005, 9);
+  EXPECT_EQ(block.getCircularNr(9), 5);
+  EXPECT_EQ(block.getAction(9), 3);
+  block.setCircularNr(0xFFFF, 9);
+  EXPECT_EQ(block.getServiceCode(9), 0xFFFF);
+  block.setAction(1, 9);
+  EXPECT_EQ(block.getServiceCode(9), 0x7FFF);
+  const QByteArray before = block.getByteArrayData();
+  EXPECT_EQ(block.getServiceCode(10), 0);
+  block.setServiceCode(7, 10);
+  block.setAction(1, 10);
+  block.setCircularNr(1, 255);
+  EXPECT_EQ(block.getByteArrayData(), before);
+  EXPECT_TRUE(block.verifyChecksum());
+}
+
+TEST(Modification120, ListIsAsLongAsTheBuffer) {
+  ConsoleCapture console;
+  HwDatablockModification120 block;
+  EXPECT_EQ(hexOf(block), "78 00 08 00 00 00 00 00");
+  EXPECT_EQ(block.getNumberOfServiceCode(), 0U);
+  for (const auto& [length, codes] :
+       {std::pair(0U, 0U), {3U, 0U}, {7U, 0U}, {11U, 0U}, {12U, 1U}, {19U, 2U}, {20U, 3U}}) {
+    block.resizeData(length);
+    EXPECT_EQ(block.getNumberOfServiceCode(), codes) << length;
+  }
+  block.getData()[8] = 0xFE;
+  block.getData()[19] = 0x80;
+  EXPECT_EQ(block.getServiceCode(0), 0xFEU);
+  EXPECT_EQ(block.getServiceCode(2), 0x80000000U);
+  EXPECT_EQ(block.getServiceCode(3), 0U);
+  const QByteArray before = block.getByteArrayData();
+  block.swapBlock();
+  EXPECT_EQ(block.getByteArrayData(), before);
+}
+
+TEST(MainboardRecords, SerialNumberBlockStartsWithoutAChecksum) {
+  ConsoleCapture console;
+  HwDatablockMbrdSerialNumber block;
+  EXPECT_EQ(hexOf(block), "E0 2E 0C 00 00 00 00 00 00 00 00 00");
+  EXPECT_FALSE(block.verifyChecksum());
+  block.setSerialNumber(123456);
+  EXPECT_EQ(block.getChecksum(), 0xEED3);
+  EXPECT_TRUE(block.verifyChecksum());
+}
+
+TEST(MainboardRecords, ModelLeavesItsLastByteAlone) {
+  ConsoleCapture console;
+  HwDatablockMbrdModel block;
+  EXPECT_FALSE(block.getStopConversionOnError());
+  block.setModel(QString(40, 'm'));
+  EXPECT_EQ(block.getModel(), QString(31, 'm'));
+  block.getBlock()->model[31] = 'z';
+  EXPECT_EQ(block.getModel(), QString(31, 'm') + 'z');
+  block.setModel("short");
+  EXPECT_EQ(block.getModel(), "short");
+  EXPECT_EQ(block.getBlock()->model[31], 'z');
+
+  HwDatablockMbrdModel source;
+  source.setModel("other");
+  source.getBlock()->model[31] = 'y';
+  source.getBlock()->model[20] = 'x';
+  source.setChecksum(source.computeChecksum());
+  EXPECT_EQ(block.setBlock(source.getBlock()), 0);
+  EXPECT_EQ(block.getBlock()->model[31], 'z');
+  EXPECT_EQ(block.getBlock()->model[20], 0);
+  EXPECT_EQ(block.getModel(), "other");
+}
+
+TEST(MainboardRecords, MacLengthBecomesTheFieldsLength) {
+  ErrorCapture errors;
+  ConsoleCapture console;
+  HwDatablockMbrdMac block;
+  EXPECT_EQ(block.getByteArrayData().mid(12), QByteArray(244, '\xFF'));
+  const unsigned char address[] = {0x00, 0x90, 0xB8, 1, 2, 3};
+  block.setMac(address, 6);
+  unsigned int length = 0;
+  EXPECT_EQ(std::memcmp(block.getMac(&length), address, 6), 0);
+  EXPECT_EQ(length, 6U);
+  EXPECT_EQ(block.getByteArrayData().mid(18, 10), QByteArray(10, '\xFF'));
+  EXPECT_FALSE(block.verifyChecksum()) << "setMac stores no checksum";
+
+  const unsigned char long20[20] = {1, 2, 3};
+  block.setMac(long20, 20);
+  EXPECT_EQ(block.getMacLength(), 20U);
+  EXPECT_EQ(block.getByteArrayData().at(28), '\xFF') << "at most 16 bytes are copied";
+  block.setMac(nullptr, 3);
+  EXPECT_EQ(block.getMacLength(), 20U);
+
+  HwDatablockMbrdMac source;
+  source.setMac(address, 6);
+  source.setAlignment(5);
+  EXPECT_EQ(block.setBlock(source.getBlock()), 0);
+  EXPECT_EQ(block.getMacLength(), 16U);
+  EXPECT_EQ(block.getAlignment(), 5);
+  EXPECT_EQ(block.getChecksum(), source.getChecksum());
+
+  source.setBlockSize(255);
+  source.getBlock();
+  EXPECT_NE(block.setBlock(source.getBlock()), 0) << "a right checksum, but another size";
+  EXPECT_NE(block.setBlock(nullptr), 0);
+  EXPECT_EQ(errors.errors, std::vector<std::string>(2, "1040001:   HwDatablockMbrdMac"));
+}
+
+TEST(MainboardRecords, AnalogOutputCalibrationIsAHeader) {
+  HwObelDatablockAnalogOutputCalibration second(1, false);
+  EXPECT_EQ(hexOf(second), "8D 3C 08 00 00 00 00 00");
+  EXPECT_EQ(hexOf(*std::make_unique<HwObelDatablockAnalogOutputCalibration>(0, true)), "8C 3C 08 00 00 00 00 00");
+  EXPECT_EQ(printed(second), "");
+}
+
+TEST(CommonStatisticData, NamesFourCountsAndPrintsAllBytes) {
+  HwDatablockCommonStatisticData block(11310);
+  EXPECT_EQ(hexOf(block).substr(0, 35), "2E 2C 0C 02 00 00 00 00 00 02 00 00");
+  for (const auto& [id, name] : {std::pair(11310, "POWERON COUNT"),
+                                 {11311, "BACKUP OF POWERON COUNT "},
+                                 {11312, "OPERATING TIME COUNT"},
+                                 {11313, "BACKUP OF OPERATING TIME COUNT"},
+                                 {3, ""}}) {
+    HwDatablockCommonStatisticData named(id);
+    const std::string text = printed(named);
+    EXPECT_EQ(text.substr(0, text.find("1: ")), "# Sonstige statistische Daten:\nID: \t " + std::string(name) + "\n");
+  }
+  std::vector<unsigned char> data(600, 0x11);
+  block.setCommonStatisticData(data.data(), 600);
+  EXPECT_EQ(block.getCommonStatisticDataLength(), 512U);
+  block.setCommonStatisticData(reinterpret_cast<const unsigned char*>("\1\2\xFF"), 3);
+  EXPECT_EQ(block.getByteArrayData().mid(8, 8).toHex(' '), "03 00 00 00 01 02 ff 11");
+  const std::string text = printed(block);
+  EXPECT_NE(text.find("\n1: \t1\n2: \t2\n3: \t255\n4: \t0\n"), std::string::npos);
+  EXPECT_TRUE(text.ends_with("\n512: \t0\n\n"));
+  EXPECT_EQ(block.getCommonStatisticData(nullptr)[3], 0x11);
+}
+
+TEST(CommonStatisticData, TakesOverIdAlignmentAndValidBytesOfAnyRecord) {
+  HwSDatablockCommonStatisticData record{{11313, 7, 8, 9}, 2, {5, 6, 7}};
+  HwDatablockCommonStatisticData block(11310);
+  EXPECT_EQ(block.setBlock(&record), 0);
+  EXPECT_EQ(block.setBlock(nullptr), 1);
+  EXPECT_EQ(block.getId(), 11313);
+  EXPECT_EQ(block.getBlockSize(), 524);
+  EXPECT_EQ(block.getAlignment(), 9);
+  EXPECT_EQ(block.getByteArrayData().mid(8, 7).toHex(' '), "02 00 00 00 05 06 00");
+  EXPECT_EQ(block.getInstance(), 11310);
+  block.swapBlock(&record);
+  EXPECT_EQ(hexOf(block).substr(0, 35), "31 2C 07 00 08 00 00 00 02 00 00 00");
+}
+
+}  // namespace
+}  // namespace Velk

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "velk/datablock/RecordText.h"
+
+namespace Velk {
+
+/// A count and a list of values. The count says how many are in use; it may claim more than the list holds.
+template <class Count, class Value, std::size_t N>
+struct VELK_RECORD CountedRecord {
+  HwSDatablockHeader header;
+  Count count;
+  Value values[N];
+
+  bool operator==(const CountedRecord&) const = default;
+};
+
+template <class Record>
+inline constexpr FieldInfo countedFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, values)};
+
+/// Completes the traits of a list class by what its record tells.
+template <class Record>
+constexpr RecordTraits listTraits(RecordTraits traits) {
+  traits.size = sizeof(Record);
+  traits.fields = countedFields<Record>;
+  return traits;
+}
+
+/// A block that is a count and a list of values. Derived classes name the accessors; their traits hold the text form.
+template <class Record>
+class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
+ public:
+  std::ostream& printToStream(std::ostream& os) override {
+    return detail::printList(os, this->bytes(), this->recordTraits());
+  }
+
+ protected:
+  using Count = decltype(Record::count);
+  using Value = std::remove_extent_t<decltype(Record::values)>;
+
+  using HwTypedRecordBlock<Record>::HwTypedRecordBlock;
+
+  Count count() const { return this->get(&Record::count); }
+  void setListCount(Count count) { this->set(&Record::count, count); }
+  Value value(std::int64_t index) const { return this->get(&Record::values, index); }
+  void setValue(Value value, std::int64_t index) { this->set(&Record::values, value, index); }
+  /// Without a fresh checksum where the caller stores one after a series of values.
+  void setValue(Value value, std::int64_t index, bool withChecksum) {
+    this->set(&Record::values, value, index, withChecksum);
+  }
+  /// The value as the text presents it.
+  double presented(std::int64_t index) const {
+    return detail::presentedValue(this->bytes(), this->recordTraits().fields[1], this->recordTraits().text, index);
+  }
+};
+
+}  // namespace Velk

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "velk/datablock/HwRecordBlock.h"
+
+namespace Velk {
+
+/// A block of which a memory holds several, one for each path or copy, with ids one after another.
+template <class Block>
+class VELK_EXPORT HwInstance : public Block {
+ public:
+  /// The path or copy that the block was made for.
+  int getInstance() const { return instance_; }
+
+ protected:
+  HwInstance(const RecordTraits& traits, int instance, bool stopConversionOnError)
+      : Block(traits, stopConversionOnError, static_cast<unsigned short>(traits.id + instance)), instance_(instance) {}
+
+ private:
+  int instance_;
+};
+
+}  // namespace Velk

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "velk/datablock/HwRecordBlock.h"
+#include "velk/datablock/TextWriter.h"
+
+namespace Velk::detail {
+
+/// The comment lines and the ID line of a record.
+void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits);
+
+/// The whole text of a record whose fields are a count and a list of values: a line a value, as many as the count says.
+/// Values past the capacity are 0.
+VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+
+/// The whole text of a record whose fields are a number of steps and a table: a line a step with all its columns.
+VELK_EXPORT std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+
+/// The rows of a table, `rows` of them with `columns` values each, whatever the table's capacity: a line a row with its
+/// number and its values, each behind two tabs and a blank. Values past the capacity are 0.
+VELK_EXPORT void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form,
+                           std::uint64_t rows, std::uint64_t columns);
+
+/// A value of a list as its text presents it: scaled, and raised by the twin step where its neighbour before it is
+/// stored alike. 0 past the capacity.
+VELK_EXPORT double presentedValue(ConstBytes block, const FieldInfo& values, const TextForm& form, std::int64_t index);
+
+}  // namespace Velk::detail

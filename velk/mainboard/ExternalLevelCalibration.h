@@ -1,0 +1,204 @@
+#pragma once
+
+#include "velk/datablock/HwCountedBlock.h"
+#include "velk/datablock/HwGridBlock.h"
+#include "velk/datablock/HwInstance.h"
+
+namespace Velk {
+
+/// The frequency grid of a path's external level calibration. A stored value is a tenth of the presented one; two equal
+/// neighbours are presented 0.01 apart.
+template <class Record>
+class VELK_EXPORT HwPathFrequencyList : public HwInstance<HwCountedBlock<Record>> {
+ public:
+  unsigned int getNumberOfFrequency() const { return this->count(); }
+  void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
+  /// The presented value; 0 past the capacity.
+  double getFrequencyValue(unsigned int index) const { return this->presented(index); }
+  /// Takes the value as it is stored.
+  void setFrequencyValue(unsigned int value, unsigned int index) { this->setValue(value, index); }
+
+ protected:
+  using HwInstance<HwCountedBlock<Record>>::HwInstance;
+
+  static constexpr RecordTraits frequencyTraits(RecordTraits traits) {
+    traits.text = {.comments = {"# Das sind die Frequenzst�tzstellen"}, .decimals = 2, .scale = 10.0, .twinStep = 0.01};
+    return listTraits<Record>(traits);
+  }
+};
+
+using HwSDatablockMbrdExtLevCalDataFreq = CountedRecord<unsigned int, unsigned int, 260>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq) == 1052);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits({
+      .id = 12050,
+      .refusal = "HwDatablockMbrdExtLevCalDataFreq",
+      .keys = {"EXT_CAL_DAT_A_FREQ", "EXT_CAL_DAT_B_FREQ", "EXT_CAL_DAT_C_FREQ", "EXT_CAL_DAT_D_FREQ"},
+  });
+
+  HwDatablockMbrdExtLevCalDataFreq(int path, bool stopConversionOnError)
+      : HwPathFrequencyList(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalDataFreq_Enh = CountedRecord<unsigned int, unsigned int, 500>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq_Enh) == 2012);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq_Enh
+    : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq_Enh> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits({
+      .id = 12070,
+      .refusal = "HwDatablockMbrdExtLevCalDataFreq_Enh",
+      .keys = {"EXT_CAL_DAT_A_FREQ_ENH", "EXT_CAL_DAT_B_FREQ_ENH"},
+      .alsoKeys = {.firstId = 12050, .keys = {"EXT_CAL_DAT_A_FREQ", "EXT_CAL_DAT_B_FREQ"}},
+  });
+
+  HwDatablockMbrdExtLevCalDataFreq_Enh(int path, bool stopConversionOnError)
+      : HwPathFrequencyList(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalDataFreq2Edition = CountedRecord<unsigned int, unsigned int, 260>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq2Edition) == 1052);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq2Edition
+    : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq2Edition> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits({
+      .id = 12150,
+      .refusal = "HwDatablockMbrdExtLevCalDataFreq2Edition",
+      .keys = {"EXT_CAL_DAT_A_FREQ_2_EDITION", "EXT_CAL_DAT_B_FREQ_2_EDITION", "EXT_CAL_DAT_C_FREQ_2_EDITION",
+               "EXT_CAL_DAT_D_FREQ_2_EDITION"},
+  });
+
+  HwDatablockMbrdExtLevCalDataFreq2Edition(int path, bool stopConversionOnError)
+      : HwPathFrequencyList(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalDataFreq2Edition_Enh = CountedRecord<unsigned int, unsigned int, 500>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq2Edition_Enh) == 2012);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq2Edition_Enh
+    : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq2Edition_Enh> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits({
+      .id = 12090,
+      .refusal = "HwDatablockMbrdExtLevCalDataFreq2Edition_Enh",
+      .keys = {"EXT_CAL_DAT_A_FREQ_2_EDITION_ENH", "EXT_CAL_DAT_B_FREQ_2_EDITION_ENH"},
+      .alsoKeys = {.firstId = 12150, .keys = {"EXT_CAL_DAT_A_FREQ_2_EDITION", "EXT_CAL_DAT_B_FREQ_2_EDITION"}},
+  });
+
+  HwDatablockMbrdExtLevCalDataFreq2Edition_Enh(int path, bool stopConversionOnError)
+      : HwPathFrequencyList(traits, path, stopConversionOnError) {}
+};
+
+/// The level corrections of a path's external level calibration: a row for each level step, a column for each
+/// frequency.
+template <class Record>
+class VELK_EXPORT HwPathLevelTable : public HwInstance<HwGridBlock<Record>> {
+ public:
+  unsigned int getNumberOfLevelSteps() const { return this->count(); }
+  void setNumberOfLevelSteps(unsigned short n) { this->setGridCount(n); }
+  /// 0 outside the table.
+  short getCorLevelValue(unsigned char level, unsigned int frequencyIndex) const {
+    return this->cell(level, frequencyIndex);
+  }
+  void setCorLevelValue(short value, unsigned char level, unsigned int frequencyIndex) {
+    this->setCell(value, level, frequencyIndex);
+  }
+
+ protected:
+  using HwInstance<HwGridBlock<Record>>::HwInstance;
+
+  static constexpr RecordTraits levelTraits(RecordTraits traits, const char* comment) {
+    traits.text = {.comments = {comment}, .separator = ": ", .countJoint = " *", .countWord = "LEVEL", .firstRow = 0};
+    return gridTraits<Record>(traits);
+  }
+};
+
+using HwSDatablockMbrdExtLevCalData = GridRecord<short, 7, 260>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalData) == 3652);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalData : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData> {
+ public:
+  static constexpr RecordTraits traits = levelTraits(
+      {
+          .id = 12060,
+          .refusal = "HwSDatablockMbrdExtLevCalData",
+          .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL", "EXT_CAL_DAT_C_LEVEL", "EXT_CAL_DAT_D_LEVEL"},
+      },
+      "# Das sind die Externen Kalibrierdaten ");
+
+  HwDatablockMbrdExtLevCalData(int path, bool stopConversionOnError)
+      : HwPathLevelTable(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalData_Enh = GridRecord<short, 7, 500>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalData_Enh) == 7012);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalData_Enh : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData_Enh> {
+ public:
+  static constexpr RecordTraits traits = levelTraits(
+      {
+          .id = 12080,
+          .refusal = "HwSDatablockMbrdExtLevCalData_Enh",
+          .keys = {"EXT_CAL_DAT_A_LEVEL_ENH", "EXT_CAL_DAT_B_LEVEL_ENH"},
+          .alsoKeys = {.firstId = 12060, .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL"}},
+      },
+      "# Das sind die Externen Kalibrierdaten ");
+
+  HwDatablockMbrdExtLevCalData_Enh(int path, bool stopConversionOnError)
+      : HwPathLevelTable(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalData2Edition = GridRecord<short, 7, 260>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition) == 3652);
+
+class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition
+    : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition> {
+ public:
+  static constexpr RecordTraits traits = levelTraits(
+      {
+          .id = 12160,
+          .refusal = "HwSDatablockMbrdExtLevCalData2Edition",
+          .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION", "EXT_CAL_DAT_C_LEVEL_2_EDITION",
+                   "EXT_CAL_DAT_D_LEVEL_2_EDITION"},
+      },
+      "# Userdaten ");
+
+  HwDatablockMbrdExtLevCalData2Edition(int path, bool stopConversionOnError)
+      : HwPathLevelTable(traits, path, stopConversionOnError) {}
+};
+
+using HwSDatablockMbrdExtLevCalData2Edition_Enh = GridRecord<short, 13, 500>;
+static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition_Enh) == 13012);
+
+/// Comes in two sizes: of the smaller one only the first seven rows exist, in the block as in records.
+class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
+    : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition_Enh> {
+ public:
+  static constexpr RecordTraits traits = levelTraits(
+      {
+          .id = 12095,
+          .refusal = "HwSDatablockMbrdExtLevCalData2Edition_Enh",
+          .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION_ENH", "EXT_CAL_DAT_B_LEVEL_2_EDITION_ENH"},
+          .alsoKeys = {.firstId = 12160, .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION"}},
+      },
+      "# Userdaten ");
+  /// Bytes of a block with seven rows.
+  static constexpr unsigned short smallSize = 7012;
+
+  /// 13 rows for a `blockSize` of 13012, else seven.
+  HwDatablockMbrdExtLevCalData2Edition_Enh(int path, bool stopConversionOnError, int blockSize)
+      : HwPathLevelTable(blockSize == traits.size ? traits : smallTraits, path, stopConversionOnError) {}
+
+  void setCorLevelValue(short value, unsigned char level, unsigned int frequencyIndex);
+
+ private:
+  static constexpr unsigned short smallRows = 7;
+  static const std::array<FieldInfo, 2> smallFields;
+  static const RecordTraits smallTraits;
+};
+
+}  // namespace Velk

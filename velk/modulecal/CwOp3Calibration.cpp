@@ -1,0 +1,55 @@
+#include "velk/modulecal/CwOp3Calibration.h"
+
+namespace Velk {
+
+std::ostream& HwDatablockCwOp3AmGainData::printToStream(std::ostream& os) {
+  constexpr int entries = std::extent_v<decltype(HwSDatablockCwOp3AmGainData::blocks)>;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.line("FreqIndex   CW_GAIN   AM_GAIN    RESERVE1    RESERVE2");
+  for (int i = 0; i < entries; ++i) {
+    const HwSCwOp3AmGainDataBlock block = getAmGainDataBlock(i);
+    text.number(i + 1).text(": \t\t").number(+block.cwGain).text(" ").number(+block.amGain);
+    text.text(" ").number(+block.reserve1).text(" ").number(+block.reserve2).endLine();
+  }
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwDatablockCwop6VcoIdent::printToStream(std::ostream& os) {
+  constexpr std::size_t labelWidth = 18;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  const auto line = [&](const char* label, unsigned value) { text.key(label, labelWidth).number(value).endLine(); };
+  line("JOBNR:", getJobNumber());
+  line("SERNR:", getSerialNumber());
+  line("LOTNR:", getLotNumber());
+  line("TAZ:", getTaz());
+  line("OSC3SUB_H:", getOsc3Subh());
+  line("OSC3SUB_L:", getOsc3Subl());
+  line("OSC2SUB_H:", getOsc2Subh());
+  line("OSC2SUB_L:", getOsc2Subl());
+  line("OSC1SUB_H:", getOsc1Subh());
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwDatablockCwopDetLinCorrData::printToStream(std::ostream& os) {
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.line("# number of steps");
+  text.key("COUNT:").number(getNumberOfDetLinCorrSteps()).text(" * ").number(getNumberOfValidFreqs()).endLine();
+  text.line("# level values and corresponding correction values");
+  for (int frequency = 0; frequency < getNumberOfValidFreqs() && text.ok(); ++frequency) {
+    text.number(frequency + 1).text(":");
+    for (int step = 0; step < getNumberOfDetLinCorrSteps() && text.ok(); ++step) {
+      const HwSLevCorrValues values = getDetLinCorrData(step, frequency);
+      text.text("\t\t ").general(values.level).text(" ").general(values.correction);
+    }
+    text.endLine();
+  }
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

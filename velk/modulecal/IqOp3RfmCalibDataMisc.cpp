@@ -1,0 +1,158 @@
+#include "velk/modulecal/IqOp3RfmCalibDataMisc.h"
+
+#include <iterator>
+
+#include "velk/datablock/NumberConversion.h"
+#include "velk/datablock/RecordText.h"
+
+namespace Velk {
+namespace {
+
+using detail::TextWriter;
+
+constexpr const char* separator = ":             ";
+constexpr double dbPerStep = 0.0078125;
+constexpr unsigned stepsPerDbBits = 7;
+// The maximum power is stored half a step too high.
+constexpr double pmaxOffset = 0.5;
+
+constexpr const char* v20Labels[] = {"LMAX_LOW:",
+                                     "LMAX_MED:",
+                                     "LMAX_HIGH:",
+                                     "LMAX_OVR:",
+                                     "LCAL_SENS_LOW:",
+                                     "LCAL_SENS_MED:",
+                                     "LCAL_SENS_HIGH:",
+                                     "LCAL_SENS_OVR:",
+                                     "VCAL_SENS_LOW:",
+                                     "VCAL_SENS_MED:",
+                                     "VCAL_SENS_HIGH:",
+                                     "VCAL_SENS_OVR:",
+                                     "LRANGE_CW_NORM:",
+                                     "LRANGE_CW_OVR:",
+                                     "LRANGE_IQ_NORM:",
+                                     "LRANGE_IQ_OVR:",
+                                     "UIQ:",
+                                     "LCON_RESERVE_CW_NORM:",
+                                     "LCON_RESERVE_CW_OVR:",
+                                     "LCON_RESERVE_IQ_NORM:",
+                                     "LCON_RESERVE_IQ_OVR:",
+                                     "LPRE_CAL_LEV_CW_NORM:",
+                                     "LPRE_CAL_LEV_CW_OVR:",
+                                     "LPRE_CAL_LEV_IQ_NORM:",
+                                     "LPRE_CAL_LEV_IQ_OVR:",
+                                     "DETATT_LOW:",
+                                     "DETATT_MED:",
+                                     "DETATT_HIGH:",
+                                     "DETATT_OVR:"};
+static_assert(std::size(v20Labels) == std::size(iqOp3MiscV20Fields));
+
+/// A section: an empty line and the comment that explains the lines behind it.
+void printSection(TextWriter& text, const char* comment) {
+  text.endLine();
+  text.line(comment);
+}
+
+/// A line for each operating state; `write` writes the value of one.
+template <class Write>
+void printStates(TextWriter& text, const char* label, const char* unit, std::uint64_t states, Write write) {
+  for (std::uint64_t state = 0; state < states && text.ok(); ++state) {
+    text.text(label).number(state + 1).text(separator);
+    write(static_cast<std::int64_t>(state));
+    text.text(unit).endLine();
+  }
+}
+
+void printWholeDb(TextWriter& text, const char* label, unsigned short value) {
+  text.text(label).text(separator).number(value >> stepsPerDbBits).text("\t dB").endLine();
+}
+
+}  // namespace
+
+unsigned short HwDatablockIqOp3RfmCalibDataMisc::getPmaxBz(unsigned char state) const {
+  return detail::toInteger<unsigned short>(get(&HwSDatablockIqOp3RfmCalibDataMisc::pmaxBz, state));
+}
+
+std::ostream& HwDatablockIqOp3RfmCalibDataMisc::printToStream(std::ostream& os) {
+  using Record = HwSDatablockIqOp3RfmCalibDataMisc;
+  const std::uint64_t states = getNumberOfOperatingStates();
+  TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.key("COUNT_BZ:").number(states).endLine();
+  text.line("# Basisbandspannung (V) des Betriebszustandes x, gemessen an den Eing�ngen I und Q des Moduls");
+  text.endLine();
+  printStates(text, "UIQ_BZ", "\t V", states, [&](std::int64_t i) { text.general(get(&Record::uiqBz, i)); });
+  printSection(text, "# Maximale Ausgangsleistung (dBm) des Betriebszustandes x, BZ Werte, 3 Nachkomma");
+  printStates(text, "PMAX_BZ", "\t dBm", states, [&](std::int64_t i) {
+    const auto pmax = detail::toInteger<unsigned short>(get(&Record::pmaxBz, i));
+    text.fixed((pmax - pmaxOffset) * dbPerStep, 1);
+  });
+  printSection(text, "# Reserve (dB) des LCON PIN D�mpfungsgliedes zum Vollausschlag, BZ Werte, 3 Nachkomma");
+  printStates(text, "LCON_RESERVE_BZ", "\t dB", states,
+              [&](std::int64_t i) { text.number(get(&Record::lconReserveBz, i) >> stepsPerDbBits); });
+  printSection(
+      text,
+      "# Vollausschlag des Detektorwandlers (Definition LCM), bei der Kalibrierung als Vollausschlag definiert "
+      "(65535)");
+  text.text("DET_FULL_SCALE").text(separator).general(getDetFullScale()).text("\t V").endLine();
+  printSection(text,
+               "# minimale Detektorreserve (dB) zum Vollauschlag des Detektors bei PMAX_BZx, BZ Werte, 3 Nachkomma");
+  printStates(text, "DET_RESERVE_BZ", "\t dB", states,
+              [&](std::int64_t i) { text.number(get(&Record::detReserveBz, i)); });
+  printTolerances(text);
+  printErrorCodes(text);
+  text.endLine();
+  return os;
+}
+
+void HwDatablockIqOp3RfmCalibDataMisc::printTolerances(TextWriter& text) const {
+  printSection(text, "# +/-Toleranz (dB) des LEVEL PRESET Step Attenuators., 3 Nachkomma");
+  printWholeDb(text, "TOLERANZ_LEVPRE", getToleranceLevPre());
+  printSection(text, "# +/-Toleranz (dB) des Level Attenuators., 3 Nachkomma");
+  text.text("TOLERANZ_LEVATT_15").text(separator).fixed(getToleranceLevAtt_15() * dbPerStep, 1);
+  text.text("\t dB").endLine();
+  text.text("TOLERANZ_LEVATT_30_45:          ").fixed(getToleranceLevAtt_30_45() * dbPerStep, 1);
+  text.text("\t dB").endLine();
+  printSection(text, "# +/-Toleranz (dB) des Detektor Step Attenuators., 3 Nachkomma");
+  printWholeDb(text, "TOLERANZ_DETATT", getToleranceDetAtt());
+}
+
+void HwDatablockIqOp3RfmCalibDataMisc::printErrorCodes(TextWriter& text) {
+  constexpr const char* lines[] = {
+      "# F�r das Beschreiben des RFM EEPROMS werden pro Betriebszustandalle Spalten ausgenommen Fehler und OPU3RF_LP "
+      "ben�tigt",
+      "# OPURF_LP=Baugruppenausgangsleistung Ausgangsleistung mit LEVELPRESET Einstellung lt. Tabelle und "
+      "LCON-Absenkung=LCONRESERVE",
+      "#",
+      "# Fehler\t Beschreibung",
+      "#      0\t kein Fehler",
+      "#      1\t Iteration LPW fehlgeschlagen",
+      "#      2\t Alle LPW au�erhalb des LP-Limits",
+      "#      3\t LPW au�erhalb der LEVPRE-Toleranz",
+      "#    +10\t PMAX_BZ nicht erreichbar",
+      "#   +100\t LEVATT au�erhalb der Toleranz",
+      "#  +1000\t Alle DETATT au�erhalb des LP-Limits",
+      "#  +2000\t DETATT au�erhalb der Toleranz",
+  };
+  for (const char* const line : lines) text.line(line);
+}
+
+std::ostream& HwDatablockIqOp3RfmCalibDataMiscV20::printToStream(std::ostream& os) {
+  constexpr std::size_t labelWidth = 23;
+  TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  for (std::size_t i = 0; i < std::size(v20Labels); ++i) {
+    const FieldInfo& field = iqOp3MiscV20Fields[i];
+    text.key(v20Labels[i], labelWidth);
+    if (field.type == ScalarType::F32) {
+      text.general(load<float>(field.offset));
+    } else {
+      text.number(load<short>(field.offset));
+    }
+    text.endLine();
+  }
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

@@ -1,0 +1,22 @@
+#include "velk/modulecal/IqOp6Calibration.h"
+
+namespace Velk {
+
+std::ostream& HwDatablockIqOp6CalibData::printToStream(std::ostream& os) {
+  using States = decltype(HwSDatablockIqOp6CalibData::daValueBz);
+  constexpr unsigned char states = std::extent_v<States, 0>;
+  constexpr unsigned char frequencies = std::extent_v<States, 1>;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  // The frequencies themselves are in their own block; a row's number is their index there.
+  for (unsigned char frequency = 0; frequency < frequencies; ++frequency) {
+    text.number(frequency + 1).text(": \t\t").number(getLevAtt_20(frequency));
+    text.text(" ").number(getLevAtt_40(frequency));
+    for (unsigned char state = 0; state < states; ++state) text.text(" ").number(getDaValueBz(state, frequency));
+    text.endLine();
+  }
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

@@ -1,0 +1,149 @@
+#pragma once
+
+#include <QString>
+
+#include "velk/datablock/HwRecordBlock.h"
+
+namespace Velk {
+
+/// The serial number of the instrument.
+struct VELK_RECORD HwSDatablockMbrdSerialNumber {
+  HwSDatablockHeader header;
+  unsigned int serialNumber;
+
+  bool operator==(const HwSDatablockMbrdSerialNumber&) const = default;
+};
+static_assert(sizeof(HwSDatablockMbrdSerialNumber) == 12);
+
+inline constexpr FieldInfo mbrdSerialNumberFields[] = {VELK_FIELD(HwSDatablockMbrdSerialNumber, serialNumber)};
+
+class VELK_EXPORT HwDatablockMbrdSerialNumber : public HwTypedRecordBlock<HwSDatablockMbrdSerialNumber> {
+ public:
+  static constexpr RecordTraits traits{
+      .id = 12000,
+      .size = sizeof(HwSDatablockMbrdSerialNumber),
+      .refusal = "HwSDatablockMbrdSerialNumber",
+      .keys = {"SERIAL_NUMBER"},
+      .fields = mbrdSerialNumberFields,
+      .text = {.comments = {"# Das ist die Seriennummer des Orvan`s"}},
+  };
+
+  HwDatablockMbrdSerialNumber() : HwTypedRecordBlock(traits, true) {}
+
+  unsigned int getSerialNumber() const { return get(&HwSDatablockMbrdSerialNumber::serialNumber); }
+  void setSerialNumber(unsigned int number) { set(&HwSDatablockMbrdSerialNumber::serialNumber, number); }
+
+  std::ostream& printToStream(std::ostream& os) override;
+};
+
+/// The model name of the instrument.
+struct VELK_RECORD HwSDatablockMbrdModel {
+  HwSDatablockHeader header;
+  char model[32];  ///< padded with zeros
+
+  bool operator==(const HwSDatablockMbrdModel&) const = default;
+};
+static_assert(sizeof(HwSDatablockMbrdModel) == 40);
+
+inline constexpr FieldInfo mbrdModelFields[] = {VELK_FIELD(HwSDatablockMbrdModel, model).asText()};
+
+class VELK_EXPORT HwDatablockMbrdModel : public HwTypedRecordBlock<HwSDatablockMbrdModel> {
+  /// Names that are set leave the last byte alone.
+  static constexpr unsigned short longestName = sizeof HwSDatablockMbrdModel::model - 1;
+
+ public:
+  static constexpr RecordTraits traits{
+      .id = 12001,
+      .size = sizeof(HwSDatablockMbrdModel),
+      .refusal = "HwDatablockMbrdModel",
+      .keys = {"GENERATOR_MODEL"},
+      .fields = mbrdModelFields,
+      .name = {offsetof(HwSDatablockMbrdModel, model), longestName},
+      .text = {.comments = {"# Das ist der Modellname des TARN`s"}},
+  };
+
+  HwDatablockMbrdModel() : HwTypedRecordBlock(traits, false) {}
+
+  QString getModel() const;
+  /// Keeps the first 31 bytes of the name's local 8-bit form.
+  void setModel(const QString& model);
+
+  int setBlock(const HwSDatablockMbrdModel* record);
+  using HwDatablock::swapBlock;
+  void swapBlock(const HwSDatablockMbrdModel* record);
+
+  std::ostream& printToStream(std::ostream& os) override;
+};
+
+/// The network address of the instrument.
+struct VELK_RECORD HwSDatablockMbrdMac {
+  HwSDatablockHeader header;
+  unsigned int macLength;  ///< valid bytes of the address
+  unsigned char mac[16];   ///< unused bytes are 0xFF
+  unsigned char reserved[228];
+
+  bool operator==(const HwSDatablockMbrdMac&) const = default;
+};
+static_assert(sizeof(HwSDatablockMbrdMac) == 256);
+
+inline constexpr FieldInfo mbrdMacFields[] = {
+    VELK_FIELD(HwSDatablockMbrdMac, macLength),
+    VELK_FIELD(HwSDatablockMbrdMac, mac),
+};
+
+/// Has no text form but its bytes.
+class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbrdMac> {
+ public:
+  static constexpr RecordTraits traits{
+      .id = 12004,
+      .size = sizeof(HwSDatablockMbrdMac),
+      .refusal = "HwDatablockMbrdMac",
+      .keys = {"MBRD_MAC"},
+      .fields = mbrdMacFields,
+      .acceptance = Acceptance::ChecksumAndHeader,
+  };
+
+  HwDatablockMbrdMac();
+
+  /// The address inside the block, 16 bytes; stores how many of them are valid unless `length` is null.
+  unsigned char* getMac(unsigned int* length);
+  unsigned int getMacLength() const { return get(&HwSDatablockMbrdMac::macLength); }
+  /// Stores `length` and at most 16 bytes of the address, but no checksum; null is refused.
+  void setMac(const unsigned char* bytes, unsigned int length);
+
+  /// Takes id, alignment, checksum and all 16 bytes of the address over; the length becomes 16. 1 for a refused record.
+  int setBlock(const HwSDatablockMbrdMac* record);
+};
+
+/// The analog output calibration of the baseband option: a header and nothing else.
+struct VELK_RECORD HwSDatablockAnalogOutputCalibration {
+  HwSDatablockHeader header;
+
+  bool operator==(const HwSDatablockAnalogOutputCalibration&) const = default;
+};
+static_assert(sizeof(HwSDatablockAnalogOutputCalibration) == 8);
+
+inline constexpr FieldInfo analogOutputCalibrationFields[] = {
+    detail::describeField<unsigned short>("alignment", offsetof(HwSDatablockHeader, alignment)),
+};
+
+class VELK_EXPORT HwObelDatablockAnalogOutputCalibration
+    : public HwTypedRecordBlock<HwSDatablockAnalogOutputCalibration> {
+ public:
+  static constexpr RecordTraits traits{
+      .id = 15500,
+      .size = sizeof(HwSDatablockAnalogOutputCalibration),
+      .refusal = "HwSDatablockAnalogOutputCalibration",
+      .keys = {"OBEL_ANALOG_OUTPUT_CALIBRATION_1", "OBEL_ANALOG_OUTPUT_CALIBRATION_2"},
+      .fields = analogOutputCalibrationFields,
+  };
+
+  /// `second` chooses between the two blocks: id 15501 unless it is 0.
+  HwObelDatablockAnalogOutputCalibration(unsigned int second, bool stopConversionOnError)
+      : HwTypedRecordBlock(traits, stopConversionOnError, second != 0 ? traits.id + 1 : traits.id) {}
+
+  /// Writes nothing.
+  std::ostream& printToStream(std::ostream& os) override;
+};
+
+}  // namespace Velk

@@ -1,0 +1,126 @@
+#include "velk/records/ServiceRecords.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "velk/datablock/RecordText.h"
+
+namespace Velk {
+
+HwDatablockServiceData::HwDatablockServiceData() : HwDatablockServiceData(0, nullptr) {}
+
+HwDatablockServiceData::HwDatablockServiceData(HwEVariantEepromDatablock id)
+    : HwDatablockServiceData(static_cast<unsigned short>(id), nullptr) {}
+
+HwDatablockServiceData::HwDatablockServiceData(unsigned short id, std::nullptr_t)
+    : HwTypedRecordBlock(traits, true, id) {
+  std::ranges::fill(getBlock()->department, '0');
+}
+
+void HwDatablockServiceData::setDepartment(const char* department) {
+  constexpr qsizetype length = sizeof HwSDatablockServiceData::department;
+  if (department != nullptr) setText(&HwSDatablockServiceData::department, QByteArray(department, length));
+}
+
+void HwDatablockServiceData::setServiceDateDay(unsigned short day) {
+  PackedDate changed = date();
+  changed.day = day;
+  setServiceDate(changed.packed());
+}
+
+void HwDatablockServiceData::setServiceDateMonth(unsigned short month) {
+  PackedDate changed = date();
+  changed.month = month;
+  setServiceDate(changed.packed());
+}
+
+void HwDatablockServiceData::setServiceDateYear(unsigned short year) {
+  PackedDate changed = date();
+  changed.year = year;
+  setServiceDate(changed.packed());
+}
+
+std::ostream& HwDatablockServiceData::printToStream(std::ostream& os) {
+  constexpr unsigned hoursPerGroup = 1000000;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.key("DEPARTMENT:").text(getText(&HwSDatablockServiceData::department)).endLine();
+  text.key("SERVICEDATE:").date(date()).endLine();
+  text.key("OPHOURS:").padded(getOpTimeHours() / hoursPerGroup, 5).text("/");
+  text.padded(getOpTimeHours() % hoursPerGroup, 6).endLine();
+  text.key("REPAIRNUMBER:").number(getRepairNumber()).endLine();
+  text.key("SERVICECODE:").number(getServiceCode()).endLine();
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwModificationBlock::printToStream(std::ostream& os) {
+  constexpr unsigned char entries = std::extent_v<decltype(HwSDatablockModification::serviceCode)>;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), recordTraits());
+  for (unsigned char i = 0; i < entries; ++i) text.key("SERVICECODE:").number(getServiceCode(i)).endLine();
+  text.endLine();
+  return os;
+}
+
+void HwDatablockModification::setCircularNr(unsigned short number, unsigned char index) {
+  const unsigned others = getServiceCode(index) & ~circularMask;
+  setServiceCode(static_cast<unsigned short>(others | (number & circularMask)), index);
+}
+
+void HwDatablockModification::setAction(unsigned short action, unsigned char index) {
+  const unsigned number = getCircularNr(index);
+  setServiceCode(static_cast<unsigned short>(number | static_cast<unsigned>(action) << circularBits), index);
+}
+
+HwDatablockModification120::HwDatablockModification120() : HwDatablock(true) {
+  store(offsetof(HwSDatablockHeader, id), traits.id);
+  reInterpretData();
+}
+
+void HwDatablockModification120::reInterpretData() {
+  header_ = {load<unsigned short>(offsetof(HwSDatablockHeader, id)),
+             load<unsigned short>(offsetof(HwSDatablockHeader, blockSize)),
+             load<unsigned short>(offsetof(HwSDatablockHeader, checksum)),
+             load<unsigned short>(offsetof(HwSDatablockHeader, alignment))};
+  const std::size_t words = bytes().size() / sizeof(unsigned int);
+  constexpr std::size_t headerWords = sizeof(HwSDatablockHeader) / sizeof(unsigned int);
+  serviceCodes_.resize(words < headerWords ? 0 : words - headerWords);
+  for (std::size_t i = 0; i < serviceCodes_.size(); ++i) {
+    serviceCodes_[i] = load<unsigned int>((headerWords + i) * sizeof(unsigned int));
+  }
+}
+
+unsigned int HwDatablockModification120::getNumberOfServiceCode() {
+  reInterpretData();
+  return static_cast<unsigned int>(serviceCodes_.size());
+}
+
+unsigned int HwDatablockModification120::getServiceCode(unsigned int index) {
+  return index < getNumberOfServiceCode() ? serviceCodes_[index] : 0;
+}
+
+void HwDatablockModification120::swapBlock() {
+  // The gate passes every word through its primitive; on this host that leaves the buffer as it is.
+  reInterpretData();
+}
+
+std::ostream& HwDatablockModification120::printToStream(std::ostream& os) {
+  reInterpretData();
+  detail::TextWriter text(os);
+  text.line(traits.text.comments[0]);
+  text.key("ID:").text(traits.keys[0]).endLine();
+  for (const unsigned int code : serviceCodes_) text.key("SERVICECODE:").number(code).endLine();
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwDatablockStatistic::printToStream(std::ostream& os) {
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.key("OPHOURS:").number(getOpHours()).endLine();
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

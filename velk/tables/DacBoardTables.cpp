@@ -1,0 +1,14 @@
+#include "velk/tables/DacBoardTables.h"
+
+namespace Velk {
+
+std::ostream& HwDatablockDacIfFullScale::printToStream(std::ostream& os) {
+  constexpr std::size_t labelWidth = 29;
+  detail::TextWriter text(os);
+  detail::printHeading(text, bytes(), traits);
+  text.key("FullscaleValue:", labelWidth).number(getFullScaleValue()).endLine();
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

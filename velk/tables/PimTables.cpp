@@ -1,0 +1,16 @@
+#include "velk/tables/PimTables.h"
+
+namespace Velk {
+
+std::ostream& detail::printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits) {
+  const auto steps = load<unsigned>(block, traits.fields[0].offset);
+  const auto columns = load<unsigned>(block, traits.fields[1].offset);
+  TextWriter text(os);
+  printHeading(text, block, traits);
+  text.key("COUNT:").number(steps).text("*").number(columns).endLine();
+  printRows(text, block, traits.fields[2], traits.text, steps, columns);
+  text.endLine();
+  return os;
+}
+
+}  // namespace Velk

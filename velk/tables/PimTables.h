@@ -1,0 +1,226 @@
+#pragma once
+
+#include "velk/datablock/HwCountedBlock.h"
+#include "velk/datablock/HwSingleValueBlock.h"
+
+namespace Velk {
+
+using HwSDatablockPimOcxoRefCalValue = SingleValueRecord;
+
+/// The value that tunes the microwave module's reference oscillator.
+class VELK_EXPORT HwDatablockPimOcxoRefCalValue : public HwReferenceOscillatorBlock {
+ public:
+  static constexpr RecordTraits traits = singleValueTraits({
+      .id = 15002,
+      .refusal = "HwDatablockPimOcxoRefCalValue",
+      .keys = {"PIM_OCXO_REF_CAL_VALUE"},
+      .text = {.comments = {"#Kalibrierwert f�r den Feinabgleich der OCXO-Frequenz", "# Wertebereich: 0...65535",
+                            "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+  });
+
+  HwDatablockPimOcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
+};
+
+/// A list of frequencies in 100 Hz, presented in Hz. Two equal neighbours are presented 0.001 apart.
+template <class Record>
+class VELK_EXPORT HwPimFrequencyList : public HwCountedBlock<Record> {
+ public:
+  unsigned int getNumberOfFrequency() const { return this->count(); }
+  void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
+  /// In Hz; 0 past the capacity.
+  double getFrequencyValue(unsigned int index) const { return this->presented(index); }
+  /// In 100 Hz. Stores a fresh checksum unless the caller does so after a series of values.
+  void setFrequencyValue(unsigned int value, unsigned int index, bool withChecksum) {
+    this->setValue(value, index, withChecksum);
+  }
+
+ protected:
+  using HwCountedBlock<Record>::HwCountedBlock;
+
+  static constexpr RecordTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
+    return listTraits<Record>({
+        .id = id,
+        .refusal = refusal,
+        .keys = {key},
+        .text = {.comments = {"# Frequenzst�tzstellen [Hz]"}, .decimals = 3, .scale = 100.0, .twinStep = 0.001},
+    });
+  }
+};
+
+using HwSDatablockPimMwIfExtLevCalDataFreq = CountedRecord<unsigned int, unsigned int, 1500>;
+static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataFreq) == 6012);
+
+class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataFreq
+    : public HwPimFrequencyList<HwSDatablockPimMwIfExtLevCalDataFreq> {
+ public:
+  static constexpr RecordTraits traits =
+      frequencyTraits(12040, "HwDatablockPimMwIfExtLevCalDataFreq", "LEV_CAL_DAT_FREQ");
+
+  explicit HwDatablockPimMwIfExtLevCalDataFreq(bool stopConversionOnError)
+      : HwPimFrequencyList(traits, stopConversionOnError) {}
+};
+
+using HwSDatablockPimAttCalDatFreq = CountedRecord<unsigned int, unsigned int, 200>;
+static_assert(sizeof(HwSDatablockPimAttCalDatFreq) == 812);
+
+class VELK_EXPORT HwDatablockPimAttCalDatFreq : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreq> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits(12044, "HwDatablockPimAttCalDatFreq", "ATT_CAL_DAT_FREQ");
+
+  explicit HwDatablockPimAttCalDatFreq(bool stopConversionOnError)
+      : HwPimFrequencyList(traits, stopConversionOnError) {}
+};
+
+using HwSDatablockPimAttCalDatFreqSe = CountedRecord<unsigned int, unsigned int, 500>;
+static_assert(sizeof(HwSDatablockPimAttCalDatFreqSe) == 2012);
+
+class VELK_EXPORT HwDatablockPimAttCalDatFreqSe : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreqSe> {
+ public:
+  static constexpr RecordTraits traits = frequencyTraits(12046, "HwDatablockPimAttCalDatFreqSe", "ATT_CAL_DAT_FREQ_SE");
+
+  explicit HwDatablockPimAttCalDatFreqSe(bool stopConversionOnError)
+      : HwPimFrequencyList(traits, stopConversionOnError) {}
+};
+
+using HwSDatablockPimMwIfExtLevCalDataAbsCorr = CountedRecord<unsigned int, short, 1500>;
+static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataAbsCorr) == 3012);
+
+/// Absolute level corrections in 1/100 dB, one for each frequency.
+class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataAbsCorr
+    : public HwCountedBlock<HwSDatablockPimMwIfExtLevCalDataAbsCorr> {
+ public:
+  static constexpr RecordTraits traits = listTraits<HwSDatablockPimMwIfExtLevCalDataAbsCorr>({
+      .id = 12042,
+      .refusal = "HwDatablockPimMwIfExtLevCalDataAbsCorr",
+      .keys = {"LEV_CAL_DAT_ABS_CORR"},
+      .text = {.comments = {"# Korrekturdaten [1/100dB] "}},
+  });
+
+  explicit HwDatablockPimMwIfExtLevCalDataAbsCorr(bool stopConversionOnError)
+      : HwCountedBlock(traits, stopConversionOnError) {}
+
+  unsigned int getNumberOfAbsCorr() const { return count(); }
+  void setNumberOfAbsCorr(unsigned int n) { setListCount(n); }
+  short getAbsCorrValue(unsigned int index) const { return value(index); }
+  /// Stores a fresh checksum unless the caller does so after a series of values.
+  void setAbsCorrValue(short value, unsigned int index, bool withChecksum) { setValue(value, index, withChecksum); }
+};
+
+/// Corrections in 1/100 dB: a row for each level step, a column for each frequency.
+template <std::size_t N>
+struct VELK_RECORD LevelTableRecord {
+  HwSDatablockHeader header;
+  unsigned int levelSteps;
+  unsigned int freqs;
+  short cells[20][N];
+
+  bool operator==(const LevelTableRecord&) const = default;
+};
+
+template <class Record>
+inline constexpr FieldInfo levelTableFields[] = {
+    VELK_FIELD(Record, levelSteps),
+    VELK_FIELD(Record, freqs),
+    VELK_FIELD(Record, cells),
+};
+
+namespace detail {
+/// The text of a level table: a line for each level step with as many values as there are frequencies.
+VELK_EXPORT std::ostream& printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+}  // namespace detail
+
+template <class Record>
+class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
+ public:
+  unsigned int getNumberOfLevelSteps() const { return this->get(&Record::levelSteps); }
+  void setNumberOfLevelSteps(unsigned short n) { this->set(&Record::levelSteps, n); }
+  short getCorLevelValue(unsigned char level, unsigned int freq) const {
+    return this->get(&Record::cells, level, freq);
+  }
+  /// Stores a fresh checksum unless the caller does so after a series of values.
+  void setCorLevelValue(short value, unsigned char level, unsigned int freq, bool withChecksum) {
+    this->set(&Record::cells, value, level, freq, withChecksum);
+  }
+
+  std::ostream& printToStream(std::ostream& os) override {
+    return detail::printLevelTable(os, this->bytes(), this->recordTraits());
+  }
+
+ protected:
+  using HwTypedRecordBlock<Record>::HwTypedRecordBlock;
+
+  unsigned int columns() const { return this->get(&Record::freqs); }
+  void setColumns(unsigned short n) { this->set(&Record::freqs, n); }
+
+  static constexpr RecordTraits levelTraits(unsigned short id, const char* refusal, const char* key,
+                                            const char* comment) {
+    return {
+        .id = id,
+        .size = sizeof(Record),
+        .refusal = refusal,
+        .keys = {key},
+        .fields = levelTableFields<Record>,
+        .text = {.comments = {comment}, .separator = ": ", .firstRow = 0, .rowStep = 10},
+    };
+  }
+};
+
+using HwSDatablockPimMwIfExtLevCalData = LevelTableRecord<1500>;
+static_assert(sizeof(HwSDatablockPimMwIfExtLevCalData) == 60016);
+
+class VELK_EXPORT HwDatablockPimMwIfExtLevCalData : public HwLevelTable<HwSDatablockPimMwIfExtLevCalData> {
+ public:
+  static constexpr RecordTraits traits =
+      levelTraits(12041, "HwSDatablockPimMwIfExtLevCalData   ", "LEV_CAL_DAT_LEVEL", "# Pegelst�tzstellen [dBm] ");
+
+  explicit HwDatablockPimMwIfExtLevCalData(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
+
+  unsigned int getNumberOfFreqs() const { return columns(); }
+  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
+};
+
+using HwSDatablockPimMwIfExtLevCalDataRelCorr = LevelTableRecord<1500>;
+static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataRelCorr) == 60016);
+
+class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataRelCorr
+    : public HwLevelTable<HwSDatablockPimMwIfExtLevCalDataRelCorr> {
+ public:
+  static constexpr RecordTraits traits = levelTraits(12043, "HwSDatablockPimMwIfExtLevCalDataRelCorr   ",
+                                                     "LEV_CAL_DAT_REL_CORR", "# Externe Kalibrierdaten [1/100dBm] ");
+
+  explicit HwDatablockPimMwIfExtLevCalDataRelCorr(bool stopConversionOnError)
+      : HwLevelTable(traits, stopConversionOnError) {}
+
+  unsigned int getNumberOfRelCorrValues() const { return columns(); }
+  void setNumberOfRelCorrValues(unsigned short n) { setColumns(n); }
+};
+
+using HwSDatablockPimAttCalDat = LevelTableRecord<200>;
+static_assert(sizeof(HwSDatablockPimAttCalDat) == 8016);
+
+class VELK_EXPORT HwDatablockPimAttCalDat : public HwLevelTable<HwSDatablockPimAttCalDat> {
+ public:
+  static constexpr RecordTraits traits =
+      levelTraits(12045, "HwSDatablockPimAttCalDat   ", "ATT_CAL_DAT_CORR", "# Korrekturdaten [1/100dB] ");
+
+  explicit HwDatablockPimAttCalDat(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
+
+  unsigned int getNumberOfFreqs() const { return columns(); }
+  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
+};
+
+using HwSDatablockPimAttCalDatSe = LevelTableRecord<500>;
+static_assert(sizeof(HwSDatablockPimAttCalDatSe) == 20016);
+
+class VELK_EXPORT HwDatablockPimAttCalDatSe : public HwLevelTable<HwSDatablockPimAttCalDatSe> {
+ public:
+  static constexpr RecordTraits traits =
+      levelTraits(12047, "HwSDatablockPimAttCalDatSe   ", "ATT_CAL_DAT_CORR_SE", "# Korrekturdaten [1/100dB] ");
+
+  explicit HwDatablockPimAttCalDatSe(bool stopConversionOnError) : HwLevelTable(traits, stopConversionOnError) {}
+
+  unsigned int getNumberOfFreqs() const { return columns(); }
+  void setNumberOfFreqs(unsigned short n) { setColumns(n); }
+};
+
+}  // namespace Velk
