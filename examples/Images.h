@@ -12,6 +12,7 @@ QByteArray synthesizer();
 QByteArray iqModule();
 QByteArray mainboard();
 QByteArray dacBoard();
+QByteArray detector();
 
 /// What the examples have in common: an ident block with a name, a part number and a serial number.
 Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber);

@@ -14,7 +14,7 @@ struct Image {
 constexpr Image images[] = {
     {"rf_board.bin", Examples::rfBoard},   {"synthesizer.bin", Examples::synthesizer},
     {"iq_module.bin", Examples::iqModule}, {"mainboard.bin", Examples::mainboard},
-    {"dac_board.bin", Examples::dacBoard},
+    {"dac_board.bin", Examples::dacBoard}, {"detector.bin", Examples::detector},
 };
 
 bool write(const QString& path, const QByteArray& bytes) {
