@@ -66,11 +66,17 @@ inline void expectSameTable(const Velk::CommonSubDatablock& table, const Referen
   EXPECT_EQ(table.columnTypes, expected.types);
   EXPECT_EQ(std::string(table.rowIds.begin(), table.rowIds.end()), expected.rowIds);
   EXPECT_EQ(std::string(table.columnIds.begin(), table.columnIds.end()), expected.columnIds);
+  const bool strings = std::ranges::count(table.columnTypes, Velk::TYPE_ID_STRING) != 0;
   for (unsigned column = 0; column <= table.columnTypes.size(); ++column) {
+    const Velk::CellRun run = table.cells[column].run();
     for (unsigned row = 0; row <= std::min<std::size_t>(rows, table.rows); ++row) {
       const auto found = expected.cells.find({column, row});
       const auto cell = table.cells[column][row];
       EXPECT_EQ(std::string(cell.begin(), cell.end()), found == expected.cells.end() ? "" : found->second);
+      EXPECT_EQ(row < run.count, !strings && !cell.empty());
+      if (row < run.count) {
+        EXPECT_EQ(static_cast<const void*>(run.first + row * run.distance), cell.data());
+      }
     }
   }
 }

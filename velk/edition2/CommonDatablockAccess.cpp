@@ -67,10 +67,7 @@ class ImageWriter {
     if (table.columns == 0) return;
     for (const unsigned int type : table.columnTypes) add(static_cast<unsigned char>(type));
     pad().add(table.rowIds).pad().add(table.columnIds).pad();
-    for (unsigned int column = 0; column < table.columns; ++column) {
-      const TableCells::Column cells = table.cells[column];
-      for (unsigned int row = 0; row < table.rows; ++row) add(cells[row]);
-    }
+    for (unsigned int column = 0; column < table.columns; ++column) addCells(table.cells[column], table.rows);
   }
 
   QByteArray take() { return std::move(image_); }
@@ -84,6 +81,20 @@ class ImageWriter {
   ImageWriter& add(std::span<const char> bytes) {
     image_.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
     return *this;
+  }
+  void addCells(const TableCells::Column& cells, std::size_t rows) {
+    const CellRun run = cells.run();
+    for (std::size_t row = run.count; row < rows; ++row) add(cells[row]);  // a table with strings has no run
+    const qsizetype end = image_.size();
+    image_.resize(end + static_cast<qsizetype>(run.count * run.cellSize));
+    char* to = image_.data() + end;
+    if (run.distance == run.cellSize) {
+      if (run.count != 0) std::memcpy(to, run.first, run.count * run.cellSize);
+      return;
+    }
+    for (std::size_t row = 0; row < run.count; ++row) {
+      std::memcpy(to + row * run.cellSize, run.first + row * run.distance, run.cellSize);
+    }
   }
   ImageWriter& pad() {
     while (padded_ && static_cast<std::size_t>(image_.size()) % alignmentModulus != 0) image_ += '\0';

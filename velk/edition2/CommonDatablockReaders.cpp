@@ -68,6 +68,22 @@ auto withConversion(unsigned int typeId, Act act) {
   }
 }
 
+template <class T, class Convert>
+void convertCells(const TableCells::Column& cells, std::span<T> values, Convert convert) {
+  constexpr char zeros[detail::widestType] = {};
+  const char* last = zeros;  // what a missing cell leaves in place
+  const CellRun run = cells.run();
+  std::size_t row = 0;
+  for (; row < run.count; ++row) {
+    last = reinterpret_cast<const char*>(run.first) + row * run.distance;
+    values[row] = convert(last);
+  }
+  for (; row < values.size(); ++row) {
+    if (const auto cell = cells[row]; !cell.empty()) last = cell.data();
+    values[row] = convert(last);
+  }
+}
+
 /// Takes the text before the next zero byte, and that byte, off the front of `bytes`; all where there is none.
 std::string takeText(std::string_view& bytes) {
   const std::size_t length = std::min(bytes.find('\0'), bytes.size());
@@ -114,18 +130,13 @@ template <class T>
 bool CommonDatablockAccess::getDataColumn(unsigned int column, std::vector<T>& out, unsigned int table) const {
   const CommonSubDatablock* const found = find(table);
   if (found == nullptr || column >= found->columnTypes.size()) return true;
-  out.reserve(out.size() + found->rows);
   const TableCells::Column cells = found->cells[column];
   if constexpr (isText<T>) {
     for (unsigned int row = 0; row < found->rows; ++row) out.emplace_back(cells[row].begin(), cells[row].end());
   } else {
-    withConversion<T>(found->columnTypes[column], [&](auto convert) {
-      constexpr char zeros[detail::widestType] = {};
-      const char* last = zeros;  // what a missing cell leaves in place
-      for (unsigned int row = 0; row < found->rows; ++row) {
-        if (const auto cell = cells[row]; !cell.empty()) last = cell.data();
-        out.push_back(convert(last));
-      }
+    out.resize(out.size() + found->rows);
+    withConversion<T>(found->columnTypes[column], [values = std::span(out).last(found->rows), cells](auto convert) {
+      convertCells(cells, values, convert);
     });
   }
   return true;

@@ -21,6 +21,7 @@ class VELK_EXPORT TableCells {
       const detail::ConstBytes cell = table_.cell(column_, row);
       return {reinterpret_cast<const char*>(cell.data()), cell.size()};
     }
+    CellRun run() const { return table_.run(column_); }
 
    private:
     const StoredTable& table_;

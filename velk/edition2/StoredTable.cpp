@@ -136,6 +136,15 @@ ConstBytes StoredTable::foundCell(std::size_t column, std::size_t row) const {
   return cells_.subspan(starts_[index], starts_[index + 1] - starts_[index] - terminator);
 }
 
+CellRun StoredTable::run(std::size_t column) const {
+  if (column + 1 >= places_.size()) return {};
+  const std::size_t size = places_[column + 1] - places_[column];
+  const std::size_t distance = places_.back();
+  if (!detail::fits(cells_.size(), places_[column], size)) return {};
+  const std::size_t count = (cells_.size() - places_[column] - size) / distance + 1;
+  return {cells_.data() + places_[column], size, distance, std::min<std::size_t>(count, rows_)};
+}
+
 std::optional<StoredTable> TableWalk::next() {
   if (position_ >= block_.size()) return std::nullopt;
   StoredTable table(block_, position_);

@@ -66,7 +66,7 @@ inline constexpr unsigned int widestType = 20;
 
 /// The row of a type; what is no type has that of TYPE_ID_NONE.
 constexpr const STypeId& typeRow(unsigned int typeId) noexcept {
-  return TypeIdTable[typeId <= TYPE_ID_MAX ? typeId : TYPE_ID_NONE];
+  return typeId <= TYPE_ID_MAX ? TypeIdTable[typeId] : TypeIdTable[TYPE_ID_NONE];
 }
 
 /// Bytes of a stored value; 1 for a string, 0 for what is no type.
