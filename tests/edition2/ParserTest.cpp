@@ -158,7 +158,7 @@ QByteArray almostTables(std::mt19937& random) {
 TEST(SecondEditionParser, ComesToTheTablesOfTheReference) {
   std::mt19937 random(7);
   std::size_t complete = 0;
-  for (int i = 0; i < 4000 && !testing::Test::HasFailure(); ++i) {
+  for (int i = 0; i < 2000 && !testing::Test::HasFailure(); ++i) {
     QByteArray bytes = almostTables(random);
     if (i % 8 == 0) bytes.truncate(static_cast<qsizetype>(random() % 40));
     bytes = sized(bytes);
@@ -166,7 +166,7 @@ TEST(SecondEditionParser, ComesToTheTablesOfTheReference) {
     expectSameTables(bytes);
     complete += Parsed(bytes).tables().size() - 1;
   }
-  EXPECT_GT(complete, 1000U) << "or there was little to compare";
+  EXPECT_GT(complete, 500U) << "or there was little to compare";
 }
 
 TEST(SecondEditionParser, ComesToTheTablesOfTheReferenceWhereverABlockIsCut) {
