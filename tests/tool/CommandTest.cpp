@@ -118,7 +118,9 @@ TEST_F(Command, TablesAreRecognisedWhereTheCrcIsWrong) {
   const std::string place = "velk: " + path.toStdString() + ": offset 0x0000002C, id 1040: ";
   EXPECT_EQ(print.errors, place + "CRC-32 is 0xFBFF943F, the bytes give 0x170D68F7\n" + place +
                               "checksum is 0x7786, the bytes give 0x7686\n");
-  EXPECT_NE(print.output.find("\n1000000 0.5                  -0.0625000000000036  10                   \n"), std::string::npos) << print.output;
+  EXPECT_NE(print.output.find("\n1000000 0.5                  -0.0625000000000036  10                   \n"),
+            std::string::npos)
+      << print.output;
   EXPECT_NE(run({"check", path}).output.find("ID_1040: wrong CRC; CRC-32 is"), std::string::npos);
 }
 
