@@ -12,6 +12,7 @@ QByteArray synthesizer();
 QByteArray iqModule();
 QByteArray mainboard();
 QByteArray dacBoard();
+QByteArray detector();
 /// An RF board with calibration tables of every layout.
 QByteArray rfBoardTables();
 

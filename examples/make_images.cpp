@@ -17,6 +17,7 @@ constexpr Image images[] = {
     {"iq_module.bin", Examples::iqModule},
     {"mainboard.bin", Examples::mainboard},
     {"dac_board.bin", Examples::dacBoard},
+    {"detector.bin", Examples::detector},
     {"rf_board_tables.bin", Examples::rfBoardTables},
     {"attenuator_registers.txt", Examples::attenuatorRegisters},
 };

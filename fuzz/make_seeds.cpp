@@ -27,7 +27,8 @@ void seedFrom(const fs::path& file, const fs::path& seeds) {
   write(seeds / "image" / name, image.bytes);
   for (const BlockView& block : MemoryImage(image.bytes)) {
     const std::string_view bytes(reinterpret_cast<const char*>(block.bytes.data()), block.bytes.size());
-    write(seeds / "block" / (name + '_' + std::to_string(block.offset)), bytes);
+    const bool describesItself = block.kind == BlockKind::SecondEdition || block.kind == BlockKind::EventCounter;
+    write(seeds / (describesItself ? "edition2" : "block") / (name + '_' + std::to_string(block.offset)), bytes);
   }
   for (const ImageFormat format : {ImageFormat::IntelHex, ImageFormat::SRecord}) {
     image.format = format;

@@ -1,12 +1,16 @@
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <ostream>
+#include <set>
 
 #include "Commands.h"
 #include "Images.h"
 #include "Inputs.h"
 #include "LimitedText.h"
+#include "Pages.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
+#include "velk/platform/Console.h"
 
 namespace VelkTool {
 namespace {
@@ -18,16 +22,37 @@ bool isInDictionary(const BlockView& block) {
   return block.row != nullptr && Velk::findDictionaryRow(block.id) == block.row;
 }
 
+/// Collects what the library writes to standard output by itself while this lives; a line that repeats counts once.
+class LibraryOutput {
+ public:
+  LibraryOutput()
+      : former_(Velk::Console::redirect([this](Velk::Console::Stream stream, std::string_view line) {
+          if (stream == Velk::Console::Stream::Output) lines_.emplace(line.substr(0, line.find('\n')));
+        })) {}
+  LibraryOutput(const LibraryOutput&) = delete;
+  LibraryOutput& operator=(const LibraryOutput&) = delete;
+  ~LibraryOutput() { Velk::Console::redirect(std::move(former_)); }
+
+  const std::set<std::string>& lines() const { return lines_; }
+
+ private:
+  std::set<std::string> lines_;
+  Velk::Console::Handler former_;
+};
+
 class Printer {
  public:
-  Printer(Session& session, std::vector<int> ids) : session_(session), ids_(std::move(ids)) {}
+  Printer(Session& session, std::vector<int> ids, Page page) : session_(session), ids_(std::move(ids)), page_(page) {}
 
   void print(const std::string& file, const BlockView& block) {
     if (!ids_.empty() && std::ranges::find(ids_, block.id) == ids_.end()) return;
     LimitedText text;
     std::ostream stream(&text);
+    const LibraryOutput said;
     write(block, stream);
     session_.write(text.text());
+    for (const std::string& line : said.lines()) session_.complain(file, placeText(block) + ": " + line);
+    for (const std::string& line : notOnPage(page_, block)) session_.complain(file, placeText(block) + ", " + line);
     if (text.full()) {
       session_.complain(file, placeText(block) + ": the text is cut after 4 MiB");
       session_.worsen(Exit::Findings);
@@ -37,6 +62,8 @@ class Printer {
 
  private:
   void write(const BlockView& block, std::ostream& stream) {
+    if (page_ == Page::Hex) return writeHexPage(block, stream);
+    if (hasTables(block)) return writeTablePage(page_, block, stream);
     Velk::HwDatablock raw(true);
     raw.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
     if (isInDictionary(block) && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
@@ -51,6 +78,7 @@ class Printer {
 
   Session& session_;
   std::vector<int> ids_;
+  Page page_;
   Velk::HwDatablockOldStyleInterpreter interpreter_;
 };
 
@@ -65,11 +93,23 @@ void addPrint(CLI::App& app, Session& session) {
       ->type_name("N")
       ->take_all()
       ->allow_extra_args(false);
+  const auto page = std::make_shared<Page>(Page::Usual);
+  const std::map<std::string, Page> pages{{"complete", Page::Complete},
+                                          {"detail", Page::Detail},
+                                          {"summary", Page::Summary},
+                                          {"heading", Page::Heading},
+                                          {"hex", Page::Hex}};
+  command
+      ->add_option("--page", *page,
+                   "Of blocks that hold tables: complete (as without it), detail, summary or "
+                   "heading; hex: the bytes of any block")
+      ->transform(CLI::CheckedTransformer(pages).description(""))
+      ->type_name("PAGE");
   command->footer(
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
-      "Example:\n  velk print --id 2 module.bin");
-  command->callback([&session, inputs, ids] {
-    Printer printer(session, *ids);
+      "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
+  command->callback([&session, inputs, ids, page] {
+    Printer printer(session, *ids, *page);
     forEachInput(session, *inputs, [&](const Input& input) {
       for (const BlockView& block : input.image) printer.print(input.name, block);
     });

@@ -1,6 +1,7 @@
 #include "velk/image/MemoryImage.h"
 
 #include "ImageBuilder.h"
+#include "SecondEditionBuilder.h"
 #include "TestSupport.h"
 #include "velk/records/HwDatablockIdent.h"
 
@@ -136,6 +137,28 @@ TEST(MemoryImage, CrcAndEventCounterIdentifierDecideBeforeTheId) {
   const QByteArray counter = fromHex("05 00 10 00 00 00 00 00 10 00 2D 45 00 00 00 00");
   EXPECT_EQ(walked(counter), "0 ID_5 16 sound");
   EXPECT_EQ(MemoryImage(counter).begin()->kind, BlockKind::EventCounter);
+}
+
+TEST(MemoryImage, TablesThatFillAnUnknownBlockAreRecognisedWhateverTheCrc) {
+  const auto block = [](unsigned short id) {
+    QByteArray bytes = Examples::SecondEditionBuilder(id)
+                           .add({.columnTypes = {TYPE_ID_UINT8}, .rows = {{1}, {2}}})
+                           .finish()
+                           .getByteArrayData();
+    bytes[9] = static_cast<char>(bytes[9] ^ 1);
+    return bytes;
+  };
+  const MemoryImage image(block(1040));
+  EXPECT_EQ(image.begin()->kind, BlockKind::SecondEdition);
+  EXPECT_STREQ(verdictName(*image.begin()), "wrong CRC");
+  EXPECT_TRUE(image.begin()->has(Finding::WrongSumBesideCrc));
+  EXPECT_EQ(describe(*image.begin(), Finding::WrongCrc), "CRC-32 is 0x82E54773, the bytes give 0x82E54673");
+  EXPECT_EQ(MemoryImage(block(10)).begin()->kind, BlockKind::OldStyle) << "the id decides before the bytes";
+  QByteArray open = block(1040);
+  open[20] = static_cast<char>(TYPE_ID_UINT16);
+  EXPECT_EQ(MemoryImage(open).begin()->kind, BlockKind::Unknown);
+  const QByteArray zeros = fromHex("10 04 1A 00") + QByteArray(22, '\0');
+  EXPECT_EQ(MemoryImage(zeros).begin()->kind, BlockKind::Unknown) << "empty tables could be anything";
 }
 
 TEST(MemoryImage, EveryByteIsInAViewWhateverIsDamaged) {

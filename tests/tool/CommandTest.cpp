@@ -10,6 +10,10 @@ using VelkTest::run;
 
 QByteArray rfBoard() { return exampleImage("rf_board.bin"); }
 
+std::string outputAndErrors(const Outcome& result) {
+  return result.errors.empty() ? result.output : result.output + "\nStandard error:\n" + result.errors;
+}
+
 TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   ASSERT_EQ(run({directory_.path()}, {}, VELK_MAKE_IMAGES).exitCode, 0);
   const QStringList examples = QDir(VELK_SOURCE_DIR "/examples/images").entryList(QDir::Files);
@@ -25,9 +29,9 @@ TEST_F(Command, GoldenTextsOfTheExamples) {
     for (const char* const verb : {"list", "check", "print"}) {
       const Outcome result = run({verb, name});
       EXPECT_EQ(result.exitCode, 0) << name.toStdString();
-      EXPECT_EQ(result.errors, "");
       const std::string expected = QFileInfo(name).baseName().toStdString() + '.' + verb + ".txt";
-      EXPECT_EQ(result.output, VelkTest::golden(expected, result.output));
+      const std::string all = outputAndErrors(result);
+      EXPECT_EQ(all, VelkTest::golden(expected, all));
       EXPECT_EQ(run({verb, "-"}, exampleImage(name)).output, result.output) << "standard input is like a file";
     }
   }
@@ -59,6 +63,34 @@ TEST_F(Command, DamageIsToldAndPrintedAllTheSame) {
   EXPECT_EQ(check.errors, "");
   EXPECT_NE(check.output.find("IDENT_2: wrong checksum; checksum is 0xF430, the bytes give 0xF42F\n"),
             std::string::npos);
+}
+
+TEST_F(Command, PagesOfBlocksThatDescribeThemselves) {
+  for (const char* const page : {"detail", "summary", "heading", "hex"}) {
+    const Outcome result = run({"print", "--page", page, "detector.bin"});
+    EXPECT_EQ(result.exitCode, 0);
+    const std::string all = outputAndErrors(result);
+    EXPECT_EQ(all, VelkTest::golden(std::string("detector.") + page + ".txt", all));
+  }
+  EXPECT_EQ(run({"print", "--page", "complete", "detector.bin"}).output, run({"print", "detector.bin"}).output);
+  EXPECT_EQ(run({"print", "--page", "detail", "rf_board.bin"}).output, run({"print", "rf_board.bin"}).output);
+  EXPECT_EQ(run({"print", "--page", "backwards", "detector.bin"}).exitCode, 2);
+}
+
+TEST_F(Command, TablesAreRecognisedWhereTheCrcIsWrong) {
+  QByteArray damaged = exampleImage("detector.bin");
+  constexpr int inACell = 0x2C + 75;
+  damaged[inACell] = static_cast<char>(damaged[inACell] ^ 1);
+  const QString path = file("damaged.bin", damaged);
+  const Outcome print = run({"print", "--id", "1040", path});
+  EXPECT_EQ(print.exitCode, 1);
+  const std::string place = "velk: " + path.toStdString() + ": offset 0x0000002C, id 1040: ";
+  EXPECT_EQ(print.errors, place + "CRC-32 is 0xFBFF943F, the bytes give 0x170D68F7\n" + place +
+                              "checksum is 0x7786, the bytes give 0x7686\n");
+  EXPECT_NE(print.output.find("\n1000000 0.5                  -0.0625000000000036  10                   \n"),
+            std::string::npos)
+      << print.output;
+  EXPECT_NE(run({"check", path}).output.find("ID_1040: wrong CRC; CRC-32 is"), std::string::npos);
 }
 
 TEST_F(Command, RemarksCountForCheckOnly) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 #include <span>
@@ -44,6 +45,14 @@ inline std::string_view textAt(ConstBytes bytes, std::size_t offset, std::size_t
   const ConstBytes text = bytes.subspan(begin, std::min(length, bytes.size() - begin));
   const auto end = std::find(text.begin(), text.end(), 0);
   return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
+}
+
+/// The first N bytes; zeros follow where there are fewer.
+template <std::size_t N>
+std::array<unsigned char, N> firstBytes(ConstBytes bytes) noexcept {
+  std::array<unsigned char, N> first{};
+  std::copy_n(bytes.begin(), std::min(N, bytes.size()), first.begin());
+  return first;
 }
 
 }  // namespace Velk::detail

@@ -10,6 +10,14 @@ namespace {
 // Room for every double in fixed notation: sign, 309 digits, point and decimals.
 constexpr std::size_t longestNumber = 384;
 
+template <class T>
+std::string generalText(T value) {
+  constexpr int significantDigits = 6;
+  char digits[longestNumber];
+  return {digits,
+          std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significantDigits).ptr};
+}
+
 }  // namespace
 
 TextWriter::TextWriter(std::ostream& os) : os_(os) {}
@@ -29,12 +37,14 @@ TextWriter& TextWriter::fixed(double value, int decimals, std::size_t width) {
   return toTheRight({digits, static_cast<std::size_t>(end - digits)}, width);
 }
 
-TextWriter& TextWriter::general(double value) {
-  constexpr int significantDigits = 6;
-  char digits[longestNumber];
-  const auto end =
-      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significantDigits).ptr;
-  return text({digits, static_cast<std::size_t>(end - digits)});
+TextWriter& TextWriter::general(double value) { return text(generalText(value)); }
+
+TextWriter& TextWriter::general(long double value) { return text(generalText(value)); }
+
+TextWriter& TextWriter::field(std::string_view value, std::size_t width) {
+  text(value);
+  if (value.size() < width) line_.append(width - value.size(), ' ');
+  return *this;
 }
 
 TextWriter& TextWriter::date(PackedDate date) {

@@ -48,11 +48,16 @@ class VELK_EXPORT TextWriter {
   TextWriter& fixed(double value, int decimals, std::size_t width = 0);
   /// As an untouched stream writes it: general notation of 6 significant digits.
   TextWriter& general(double value);
+  TextWriter& general(long double value);
+  /// Text with blanks behind it up to `width` characters.
+  TextWriter& field(std::string_view value, std::size_t width);
   /// Year, month and day with hyphens.
   TextWriter& date(PackedDate date);
 
   void endLine();
   void line(std::string_view whole) { text(whole).endLine(); }
+  /// Gives the stream what there is of the line.
+  void handOn();
 
   bool ok() const;
 
@@ -63,8 +68,6 @@ class VELK_EXPORT TextWriter {
     if (digits.size() < width) line_.append(width - digits.size(), ' ');
     return text(digits);
   }
-  /// Gives the stream what there is of the line.
-  void handOn();
 
   std::ostream& os_;
   std::string line_;

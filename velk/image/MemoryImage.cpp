@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "velk/datablock/Checksums.h"
+#include "velk/edition2/StoredTable.h"
 #include "velk/image/HexText.h"
 
 namespace Velk {
@@ -20,14 +21,19 @@ unsigned short sizeOf(ConstBytes block) {
   return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
-/// The kind of a block whose size can be believed.
-BlockKind kindOf(ConstBytes bytes, const CatalogueRow* row) {
-  if (bytes.size() >= detail::shortestCrcBlock) {
-    const auto stored = detail::load<std::uint32_t>(bytes, detail::crcOffset);
-    if (stored == detail::crcOf(bytes)) return BlockKind::SecondEdition;
-    if (stored == detail::eventCounterMagic(sizeOf(bytes))) return BlockKind::EventCounter;
+/// Says what a block is whose size can be believed.
+void classify(BlockView& block) {
+  const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
+  if (block.bytes.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block.bytes)) {
+    block.kind = BlockKind::SecondEdition;
+  } else if (stored == detail::eventCounterMagic(sizeOf(block.bytes))) {
+    block.kind = BlockKind::EventCounter;
+  } else if (block.row != nullptr) {
+    block.kind = BlockKind::OldStyle;
+  } else if (isFilledByTables(block.bytes)) {
+    block.kind = BlockKind::SecondEdition;
+    block.add(Finding::WrongCrc);
   }
-  return row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
 }
 
 bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
@@ -36,6 +42,12 @@ std::string describeChecksum(const BlockView& block) {
   const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
   return "checksum is " + detail::hexText(stored, 4) + ", the bytes give " +
          detail::hexText(detail::checksumOf(block.bytes), 4);
+}
+
+std::string describeCrc(const BlockView& block) {
+  const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
+  return "CRC-32 is " + detail::hexText(stored, 8) + ", the bytes give " +
+         detail::hexText(detail::crcOf(block.bytes), 8);
 }
 
 std::string describeNotErased(const BlockView& block) {
@@ -51,9 +63,13 @@ struct FindingName {
 };
 
 constexpr FindingName findingNames[] = {
-    {Finding::UnbelievableSize, "damaged size"},  {Finding::WrongChecksum, "wrong checksum"},
-    {Finding::TooShort, "too short for a block"}, {Finding::NotErased, "not erased"},
-    {Finding::SizeNotOfClass, "unexpected size"}, {Finding::WrongSumBesideCrc, "wrong 16-bit checksum"},
+    {Finding::UnbelievableSize, "damaged size"},
+    {Finding::WrongChecksum, "wrong checksum"},
+    {Finding::WrongCrc, "wrong CRC"},
+    {Finding::TooShort, "too short for a block"},
+    {Finding::NotErased, "not erased"},
+    {Finding::SizeNotOfClass, "unexpected size"},
+    {Finding::WrongSumBesideCrc, "wrong 16-bit checksum"},
 };
 
 constexpr Finding firstRemark = Finding::SizeNotOfClass;
@@ -94,6 +110,8 @@ std::string describe(const BlockView& block, Finding finding) {
     case Finding::WrongChecksum:
     case Finding::WrongSumBesideCrc:
       return describeChecksum(block);
+    case Finding::WrongCrc:
+      return describeCrc(block);
     case Finding::TooShort:
       return std::to_string(block.bytes.size()) + " bytes are too few for a block";
     case Finding::NotErased:
@@ -180,7 +198,7 @@ BlockView BlockWalk::block(unsigned short id) {
   bool believable = size >= headerSize && size <= rest().size();
   if (believable) {
     view.bytes = rest().first(size);
-    view.kind = kindOf(view.bytes, view.row);
+    classify(view);
     const bool rightSum = detail::sumOfWords(view.bytes) == 0;
     if (hasCrc(view.kind)) {
       view.row = nullptr;

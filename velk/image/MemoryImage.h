@@ -15,7 +15,7 @@ namespace Velk {
 
 enum class BlockKind : unsigned char {
   OldStyle,       ///< a class knows its id
-  SecondEdition,  ///< describes itself and has a right CRC-32
+  SecondEdition,  ///< describes itself: has a right CRC-32, or an unknown id and tables that fill it
   EventCounter,   ///< carries the event counter identifier
   End,            ///< erased memory: no block follows
   Unknown,        ///< nobody knows its id
@@ -26,12 +26,13 @@ enum class BlockKind : unsigned char {
 enum class Finding : unsigned char {
   UnbelievableSize,   ///< below the header's or beyond the image's end, or a wrong size with a wrong checksum
   WrongChecksum,      ///< the 16-bit words do not add up to 0
+  WrongCrc,           ///< the bytes read as tables that fill the block, and the CRC-32 is not theirs
   TooShort,           ///< stray: fewer bytes than a header has
   NotErased,          ///< stray: bytes behind the end block that are not erased
   SizeNotOfClass,     ///< remark: the block is sound, but not as long as blocks of its id are
-  WrongSumBesideCrc,  ///< remark: the CRC-32 is right and the 16-bit checksum is not
+  WrongSumBesideCrc,  ///< remark: the block's check is the CRC-32, and its 16-bit checksum is wrong
 };
-inline constexpr std::size_t findingCount = 6;
+inline constexpr std::size_t findingCount = 7;
 
 /// One block of an image, or bytes that belong to none. `bytes` points into the image.
 struct VELK_EXPORT BlockView {

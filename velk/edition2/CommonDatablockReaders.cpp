@@ -1,0 +1,313 @@
+// The typed readers of CommonDatablockAccess, and the conversions that they share.
+#include <charconv>
+#include <functional>
+#include <string_view>
+
+#include "velk/datablock/NumberConversion.h"
+#include "velk/edition2/CommonDatablockAccess.h"
+#include "velk/platform/Console.h"
+
+namespace Velk {
+namespace {
+
+template <class T>
+constexpr bool isText = std::is_same_v<T, std::string>;
+
+/// The first `size` bytes of a T; the others are zero.
+template <class T>
+T copied(const char* source, std::size_t size) {
+  T value{};
+  std::memcpy(&value, source, std::min(size, sizeof value));
+  detail::swapStoredAndHost(value);
+  return value;
+}
+
+template <class T, class Stored>
+T converted(const char* source) {
+  const auto stored = copied<Stored>(source, sizeof(Stored));
+  if constexpr (std::is_floating_point_v<Stored> && std::is_integral_v<T>) {
+    return detail::toInteger<T>(stored);
+  } else {
+    return static_cast<T>(stored);
+  }
+}
+
+template <class T>
+T unsupported(unsigned int typeId) {
+  const auto number = std::to_string(static_cast<int>(typeId));
+  Console::write(Console::Stream::Output, "CommonDatablockAccess::convValue: type (" + number + ") not supported\n");
+  return T{};
+}
+
+/// Calls `act` with the function that reads a stored value of type `typeId` as a T, so that a loop over many values
+/// looks at their type once.
+template <class T, class Act>
+auto withConversion(unsigned int typeId, Act act) {
+  switch (typeId) {
+    case TYPE_ID_UINT8:
+      return act([](const char* source) { return converted<T, unsigned char>(source); });
+    case TYPE_ID_INT8:
+      return act([](const char* source) { return converted<T, signed char>(source); });
+    case TYPE_ID_UINT16:
+      return act([](const char* source) { return converted<T, unsigned short>(source); });
+    case TYPE_ID_INT16:
+      return act([](const char* source) { return converted<T, short>(source); });
+    case TYPE_ID_UINT32:
+    case TYPE_ID_UINT64:  // the upper half does not count
+      return act([](const char* source) { return converted<T, unsigned int>(source); });
+    case TYPE_ID_INT32:
+    case TYPE_ID_INT64:
+      return act([](const char* source) { return converted<T, int>(source); });
+    case TYPE_ID_FLOAT:
+      return act([](const char* source) { return converted<T, float>(source); });
+    case TYPE_ID_DOUBLE:
+      return act([](const char* source) { return converted<T, double>(source); });
+    default:
+      if (!detail::isCharacters(typeId)) return act([typeId](const char*) { return unsupported<T>(typeId); });
+      return act([typeId](const char* source) { return copied<T>(source, detail::typeSize(typeId)); });
+  }
+}
+
+template <class T, class Convert>
+void convertCells(const TableCells::Column& cells, std::span<T> values, Convert convert) {
+  constexpr char zeros[detail::widestType] = {};
+  const char* last = zeros;  // what a missing cell leaves in place
+  const CellRun run = cells.run();
+  std::size_t row = 0;
+  for (; row < run.count; ++row) {
+    last = reinterpret_cast<const char*>(run.first) + row * run.distance;
+    values[row] = convert(last);
+  }
+  for (; row < values.size(); ++row) {
+    if (const auto cell = cells[row]; !cell.empty()) last = cell.data();
+    values[row] = convert(last);
+  }
+}
+
+/// Takes the text before the next zero byte, and that byte, off the front of `bytes`; all where there is none.
+std::string takeText(std::string_view& bytes) {
+  const std::size_t length = std::min(bytes.find('\0'), bytes.size());
+  std::string text(bytes.substr(0, length));
+  bytes.remove_prefix(std::min(length + 1, bytes.size()));
+  return text;
+}
+
+std::string_view viewOf(const std::vector<char>& store) { return {store.data(), store.size()}; }
+
+/// The id at place `index` of a store, with zeros behind it; zeros alone where the store lacks it.
+std::array<char, detail::widestType> idAt(const std::vector<char>& store, std::size_t index, unsigned int typeId) {
+  std::array<char, detail::widestType> id{};
+  const std::size_t size = detail::typeSize(typeId);
+  if (detail::fits(store.size(), index * size, size)) viewOf(store).copy(id.data(), size, index * size);
+  return id;
+}
+
+template <class T>
+std::string textOf(const T& value) {
+  if constexpr (isText<T>) {
+    return value;
+  } else {
+    constexpr int significantDigits = 15;
+    char digits[32];
+    std::to_chars_result end{};
+    if constexpr (std::is_floating_point_v<T>) {
+      end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, significantDigits);
+    } else {
+      end = std::to_chars(digits, digits + sizeof digits, value);
+    }
+    return {digits, end.ptr};
+  }
+}
+
+}  // namespace
+
+template <class T>
+T CommonDatablockAccess::convValue(const char* source, unsigned int typeId) {
+  return withConversion<T>(typeId, [source](auto convert) { return convert(source); });
+}
+
+template <class T>
+bool CommonDatablockAccess::getDataColumn(unsigned int column, std::vector<T>& out, unsigned int table) const {
+  const CommonSubDatablock* const found = find(table);
+  if (found == nullptr || column >= found->columnTypes.size()) return true;
+  const TableCells::Column cells = found->cells[column];
+  if constexpr (isText<T>) {
+    for (unsigned int row = 0; row < found->rows; ++row) out.emplace_back(cells[row].begin(), cells[row].end());
+  } else {
+    out.resize(out.size() + found->rows);
+    withConversion<T>(found->columnTypes[column], [values = std::span(out).last(found->rows), cells](auto convert) {
+      convertCells(cells, values, convert);
+    });
+  }
+  return true;
+}
+
+template <class T>
+bool CommonDatablockAccess::getColIdList(std::vector<T>& out, unsigned int table) const {
+  const CommonSubDatablock* const found = find(table);
+  if (found == nullptr) return true;
+  std::string_view texts = viewOf(found->columnIds);
+  for (unsigned int column = 0; column < found->columns; ++column) {
+    if constexpr (isText<T>) {
+      texts.remove_prefix(std::min(texts.find_first_not_of('\0'), texts.size()));
+      out.push_back(takeText(texts));
+    } else {
+      const auto id = idAt(found->columnIds, column, found->columnIdType);
+      out.push_back(convValue<T>(id.data(), found->columnIdType));
+    }
+  }
+  return true;
+}
+
+template <class T>
+bool CommonDatablockAccess::getRowIdList(std::vector<T>& out, unsigned int table) const {
+  const CommonSubDatablock* const found = find(table);
+  if (found == nullptr) return true;
+  std::string_view texts = viewOf(found->rowIds);
+  for (unsigned int row = 0; row < found->rows; ++row) {
+    if constexpr (isText<T>) {
+      out.push_back(takeText(texts));
+    } else {
+      const auto id = idAt(found->rowIds, row, found->rowIdType);
+      out.push_back(copied<T>(id.data(), id.size()));
+    }
+  }
+  return true;
+}
+
+bool CommonDatablockAccess::getStringColumn(unsigned int column, std::vector<std::string>& out,
+                                            unsigned int table) const {
+  return getDataColumn(column, out, table);
+}
+
+bool CommonDatablockAccess::getColIdStringList(std::vector<std::string>& out, unsigned int table) const {
+  return getColIdList(out, table);
+}
+
+bool CommonDatablockAccess::getDataTypeList(std::vector<std::string>& out, unsigned int table) const {
+  out.clear();
+  if (const CommonSubDatablock* const found = find(table)) {
+    for (const unsigned int type : found->columnTypes) out.emplace_back(detail::typeRow(type).typeName);
+  }
+  return true;
+}
+
+template <class T>
+void CommonDatablockAccess::convertVectorToStingVector(std::vector<T> values, std::vector<std::string>& out) {
+  for (const T& value : values) out.push_back(textOf(value));
+}
+
+namespace {
+
+/// One list of a table, as the caller of getDataInStringVector names it.
+struct List {
+  const CommonDatablockAccess& access;
+  VECTOR_TYPE kind;
+  unsigned int column;
+  unsigned int table;
+
+  template <class T>
+  std::vector<T> read() const {
+    std::vector<T> values;
+    if (kind == ROW_TYPE) access.getRowIdList(values, table);
+    if (kind == COLUMN_TYPE) access.getColIdList(values, table);
+    if (kind == DATA_TYPE) access.getDataColumn(column, values, table);
+    return values;
+  }
+
+  template <class T, class Show = std::identity>
+  void appendTexts(std::vector<std::string>& out, Show show = {}) const {
+    for (const T& value : read<T>()) out.push_back(textOf(show(value)));
+  }
+};
+
+}  // namespace
+
+bool CommonDatablockAccess::getDataInStringVector(std::vector<std::string>& out, VECTOR_TYPE kind, unsigned int typeId,
+                                                  unsigned int column, unsigned int table) const {
+  const List list{*this, kind, column, table};
+  const auto scaled = [typeId](int stored) { return static_cast<float>(stored * detail::fixedPointUnit(typeId)); };
+  switch (typeId) {
+    case TYPE_ID_UINT8:
+      list.appendTexts<unsigned char>(out);
+      break;
+    case TYPE_ID_INT8:
+      list.appendTexts<signed char>(out);
+      break;
+    case TYPE_ID_UINT16:
+      list.appendTexts<unsigned short>(out);
+      break;
+    case TYPE_ID_INT16:
+      list.appendTexts<short>(out);
+      break;
+    case TYPE_ID_UINT32:
+      list.appendTexts<unsigned int>(out);
+      break;
+    case TYPE_ID_INT32:
+      list.appendTexts<int>(out);
+      break;
+    case TYPE_ID_UINT64:
+      list.appendTexts<unsigned long long>(out);
+      break;
+    case TYPE_ID_INT64:
+      list.appendTexts<long long>(out);
+      break;
+    case TYPE_ID_FLOAT:
+      list.appendTexts<float>(out);
+      break;
+    case TYPE_ID_DOUBLE:
+    case TYPE_ID_LONG_DOUBLE:
+      list.appendTexts<double>(out);
+      break;
+    case TYPE_ID_FIX16D1:
+    case TYPE_ID_FIX16D2:
+    case TYPE_ID_FIX16D3:
+    case TYPE_ID_FIX16D4:
+      list.appendTexts<short>(out, scaled);
+      break;
+    case TYPE_ID_FIX32D1:
+    case TYPE_ID_FIX32D2:
+    case TYPE_ID_FIX32D3:
+    case TYPE_ID_FIX32D4:
+      list.appendTexts<int>(out, scaled);
+      break;
+    default:
+      if (typeId >= TYPE_ID_CHAR && typeId <= TYPE_ID_STRING) list.appendTexts<std::string>(out);
+  }
+  return true;
+}
+
+// The types that the header names.
+#define VELK_READERS(T)                                                                                              \
+  template VELK_EXPORT bool CommonDatablockAccess::getDataColumn(unsigned int, std::vector<T>&, unsigned int) const; \
+  template VELK_EXPORT bool CommonDatablockAccess::getColIdList(std::vector<T>&, unsigned int) const;                \
+  template VELK_EXPORT bool CommonDatablockAccess::getRowIdList(std::vector<T>&, unsigned int) const;
+#define VELK_TEXTS(T)                                                                         \
+  template VELK_EXPORT void CommonDatablockAccess::convertVectorToStingVector(std::vector<T>, \
+                                                                              std::vector<std::string>&);
+#define VELK_NUMBER(T) \
+  VELK_READERS(T)      \
+  template VELK_EXPORT T CommonDatablockAccess::convValue(const char*, unsigned int);
+
+VELK_NUMBER(unsigned char)
+VELK_NUMBER(signed char)
+VELK_NUMBER(unsigned short)
+VELK_NUMBER(short)
+VELK_NUMBER(unsigned int)
+VELK_NUMBER(int)
+VELK_NUMBER(unsigned long long)
+VELK_NUMBER(long long)
+VELK_NUMBER(float)
+VELK_NUMBER(double)
+VELK_READERS(std::string)
+VELK_TEXTS(unsigned short)
+VELK_TEXTS(short)
+VELK_TEXTS(unsigned int)
+VELK_TEXTS(int)
+VELK_TEXTS(unsigned long long)
+VELK_TEXTS(long long)
+VELK_TEXTS(float)
+VELK_TEXTS(double)
+VELK_TEXTS(std::string)
+
+}  // namespace Velk

@@ -1,0 +1,369 @@
+// The pages of a second-edition block that service looks at.
+#include <algorithm>
+#include <ios>
+#include <limits>
+#include <ostream>
+#include <string_view>
+
+#include "velk/datablock/TextWriter.h"
+#include "velk/edition2/CommonDatablockAccess.h"
+#include "velk/edition2/HwDatablock2Edition.h"
+#include "velk/edition2/StoredTable.h"
+
+namespace Velk {
+namespace {
+
+using detail::ConstBytes;
+using detail::TextWriter;
+
+constexpr std::string_view behindValue = "    ";
+constexpr std::string_view columnGap = "         ";
+constexpr std::string_view pageStart = "############# NEW CONCEPT  #####################################";
+constexpr std::string_view rule = "#=======================================================================";
+
+/// Columns of a line's label and of its value, in the lines before a table and in the table.
+constexpr std::size_t labelWidth = 20;
+constexpr std::size_t valueWidth = 15;
+constexpr std::size_t rowLabelWidth = 7;
+
+int printedDecimals(ETypeId type) {
+  // FIX32D4 has always been printed with one decimal.
+  return type == TYPE_ID_FIX32D4 ? 1 : static_cast<int>(detail::fixedPointDecimals(type));
+}
+
+void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
+  const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
+  text.fixed(stored * detail::fixedPointUnit(type), printedDecimals(type));
+}
+
+long double loadLongDouble(ConstBytes value) {
+  static_assert(std::numeric_limits<long double>::digits == 64, "the stored form has to be the host's");
+  long double number = 0;
+  std::copy(value.begin(), value.end(), reinterpret_cast<unsigned char*>(&number));
+  return number;
+}
+
+/// One stored value and the blanks behind it, in the form of its type; nothing where a type has no form.
+void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
+  const auto number = [&]<class T>(T) { text.number(detail::load<T>(value, 0)); };
+  switch (type) {
+    case TYPE_ID_UINT8:
+      number(static_cast<unsigned char>(0));
+      break;
+    case TYPE_ID_INT8:
+      number(static_cast<signed char>(0));
+      break;
+    case TYPE_ID_UINT16:
+      number(static_cast<unsigned short>(0));
+      break;
+    case TYPE_ID_INT16:
+      number(static_cast<short>(0));
+      break;
+    case TYPE_ID_UINT32:
+      number(0U);
+      break;
+    case TYPE_ID_INT32:
+      number(0);
+      break;
+    case TYPE_ID_UINT64:
+      number(0ULL);
+      break;
+    case TYPE_ID_INT64:
+      number(0LL);
+      break;
+    case TYPE_ID_FLOAT:
+      text.general(detail::load<float>(value, 0));
+      break;
+    case TYPE_ID_DOUBLE:
+      text.general(detail::load<double>(value, 0));
+      break;
+    case TYPE_ID_LONG_DOUBLE:
+      text.general(loadLongDouble(value));
+      break;
+    default:
+      if (detail::isFixedPoint(type)) {
+        appendFixedPoint(text, value, type);
+      } else if (detail::isCharacters(type)) {
+        text.text(detail::textAt(value, 0, value.size()));
+      } else {
+        return;
+      }
+  }
+  text.text(behindValue);
+}
+
+/// Prints stored values one behind the other, up to the end of the block.
+class ValueCursor {
+ public:
+  ValueCursor(ConstBytes block, std::size_t position) : block_(block), position_(position) {}
+
+  void print(TextWriter& text, ETypeId type) {
+    const std::size_t size = HwDatablock2Edition::size_in_byte(type);
+    if (!detail::fits(block_.size(), position_, size)) {
+      position_ = block_.size() + 1;  // what follows would stand in the wrong column
+      return;
+    }
+    appendValue(text, block_.subspan(position_, size), type);
+    position_ += size;
+  }
+  /// How many times `size` bytes begin before the block's end.
+  std::size_t countOf(std::size_t size) const {
+    return position_ < block_.size() ? (block_.size() - position_ + size - 1) / size : 0;
+  }
+
+ private:
+  ConstBytes block_;
+  std::size_t position_;
+};
+
+/// The first table as the detail page walks it: its lists one behind the other, each value of its type's size.
+class DetailTable {
+ public:
+  DetailTable(HwDatablock2Edition& block, ConstBytes bytes, std::size_t typesOffset);
+
+  void print(TextWriter& text) const;
+
+ private:
+  void printColumnNumbers(TextWriter& text) const;
+  void printColumnIds(TextWriter& text) const;
+  void printTypes(TextWriter& text) const;
+  void printRows(TextWriter& text) const;
+
+  ConstBytes bytes_;
+  std::size_t rows_;
+  ETypeId rowIdType_;
+  ETypeId columnIdType_;
+  ConstBytes types_;  ///< of the columns whose types are there
+  std::size_t rowIds_;
+  std::size_t columnIds_;
+  std::size_t data_;
+};
+
+DetailTable::DetailTable(HwDatablock2Edition& block, ConstBytes bytes, std::size_t typesOffset)
+    : bytes_(bytes),
+      rows_(block.getNumberOfRows(0)),
+      rowIdType_(block.getRowIdType()),
+      columnIdType_(block.getColumnIdType()) {
+  const std::size_t columns = block.getNumberOfColumns(0);
+  const std::size_t alignment = block.getAlignment() == 0 ? 4 : 1;
+  const auto aligned = [alignment](std::size_t offset) { return (offset + alignment - 1) / alignment * alignment; };
+  if (typesOffset < bytes.size()) types_ = bytes.subspan(typesOffset, std::min(columns, bytes.size() - typesOffset));
+  rowIds_ = aligned(typesOffset + columns);
+  columnIds_ = aligned(rowIds_ + rows_ * block.getSizeOfRowIdType());
+  data_ = aligned(columnIds_ + columns * block.getSizeOfColumnIdType());
+}
+
+void DetailTable::print(TextWriter& text) const {
+  printColumnNumbers(text);
+  printColumnIds(text);
+  printTypes(text);
+  text.line(rule);
+  text.endLine();
+  printRows(text);
+}
+
+void DetailTable::printColumnNumbers(TextWriter& text) const {
+  if (types_.empty()) return;
+  text.text("# COL         1");
+  for (std::size_t column = 2; column <= types_.size(); ++column) text.text(columnGap).number(column);
+  text.endLine();
+}
+
+void DetailTable::printColumnIds(TextWriter& text) const {
+  if (columnIdType_ == TYPE_ID_NONE) return;
+  text.text("DESC:         ");
+  ValueCursor ids(bytes_, columnIds_);
+  for (std::size_t column = 0; column < types_.size(); ++column) ids.print(text, columnIdType_);
+  text.endLine();
+}
+
+void DetailTable::printTypes(TextWriter& text) const {
+  text.text("TYPE: ");
+  for (const unsigned char type : types_) text.text(columnGap).text(detail::typeRow(type).typeName);
+  text.endLine();
+}
+
+void DetailTable::printRows(TextWriter& text) const {
+  if (types_.empty()) return;
+  std::size_t rowSize = 0;
+  for (const unsigned char type : types_) rowSize += HwDatablock2Edition::size_in_byte(ETypeId{type});
+  const std::size_t idSize = HwDatablock2Edition::size_in_byte(rowIdType_);
+  ValueCursor ids(bytes_, rowIds_);
+  ValueCursor cells(bytes_, data_);
+  // Rows of strings show nothing here, but each has a byte at least.
+  const std::size_t shown = std::min(
+      rows_, std::max(idSize == 0 ? 0 : ids.countOf(idSize), cells.countOf(std::max<std::size_t>(rowSize, 1))));
+  for (std::size_t row = 1; row <= shown && text.ok(); ++row) {
+    text.number(row).text(": ");
+    ids.print(text, rowIdType_);
+    for (const unsigned char type : types_) cells.print(text, ETypeId{type});
+    text.endLine();
+  }
+}
+
+void printLabelled(TextWriter& text, std::string_view label, std::string_view value) {
+  text.key(label, labelWidth).field(value, valueWidth).endLine();
+}
+
+/// A table of the complete page as the texts that it shows.
+struct TableTexts {
+  TableTexts(const CommonDatablockAccess& access, unsigned int number);
+
+  std::size_t width() const;
+
+  std::vector<std::string> columnIds;
+  std::vector<std::string> types;
+  std::vector<std::string> rowIds;
+  std::vector<std::vector<std::string>> columns;
+};
+
+TableTexts::TableTexts(const CommonDatablockAccess& access, unsigned int number) {
+  const CommonSubDatablock& table = access.tables()[number];
+  if (table.columns == 0) return;  // its rows are claimed without a byte
+  access.getDataInStringVector(columnIds, COLUMN_TYPE, table.columnIdType, 0, number);
+  access.getDataTypeList(types, number);
+  access.getDataInStringVector(rowIds, ROW_TYPE, table.rowIdType, 0, number);
+  columns.resize(table.columns);
+  for (unsigned int column = 0; column < table.columns; ++column) {
+    access.getDataInStringVector(columns[column], DATA_TYPE, table.columnTypes[column], column, number);
+  }
+}
+
+std::size_t TableTexts::width() const {
+  std::size_t longest = 0;
+  const auto measure = [&longest](const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) longest = std::max(longest, text.size());
+  };
+  for (const auto* texts : {&columnIds, &types, &rowIds}) measure(*texts);
+  for (const auto& column : columns) measure(column);
+  return longest + 2;
+}
+
+void printTableLine(TextWriter& text, std::string_view label, const std::vector<std::string>& texts,
+                    std::size_t width) {
+  text.field(label, rowLabelWidth);
+  for (const std::string& cell : texts) {
+    if (!text.ok()) return;
+    text.field(cell, width);
+  }
+  text.endLine();
+}
+
+/// The text at `index`, or none where there are fewer.
+std::string_view textAt(const std::vector<std::string>& texts, std::size_t index) {
+  return index < texts.size() ? std::string_view(texts[index]) : std::string_view();
+}
+
+void printRow(TextWriter& text, const TableTexts& table, std::size_t row, std::size_t width) {
+  const std::string_view label = textAt(table.rowIds, row);
+  // A label that fills its field keeps a blank before the first cell.
+  text.field(label, std::max(rowLabelWidth, label.size() + 1));
+  for (const auto& column : table.columns) {
+    if (!text.ok()) return;
+    text.field(textAt(column, row), width);
+  }
+  text.endLine();
+}
+
+void printTable(TextWriter& text, const CommonDatablockAccess& access, unsigned int number) {
+  const CommonSubDatablock& table = access.tables()[number];
+  printLabelled(text, "ROWS:", std::to_string(table.rows));
+  printLabelled(text, "COLUMNS:", std::to_string(table.columns));
+  printLabelled(text, "ROW_ID_TYPE:", detail::typeRow(table.rowIdType).typeName);
+  printLabelled(text, "COLUMN_ID_TYPE:", detail::typeRow(table.columnIdType).typeName);
+  text.line(rule);
+  const TableTexts texts(access, number);
+  const std::size_t width = texts.width();
+  if (table.columnIdType != TYPE_ID_NONE) printTableLine(text, "DESC:", texts.columnIds, width);
+  printTableLine(text, "TYPE:", texts.types, width);
+  if (table.columns == 0) return;
+  for (std::size_t row = 0; row < table.rows && text.ok(); ++row) printRow(text, texts, row, width);
+}
+
+}  // namespace
+
+unsigned char* HwDatablock2Edition::printDataTypeToStream(std::ostream& os, unsigned char* value, ETypeId type) {
+  const unsigned int size = size_in_byte(type);
+  TextWriter text(os);
+  appendValue(text, {value, size}, type);
+  text.handOn();
+  if (detail::isFixedPoint(type)) {
+    os.setf(std::ios_base::fixed, std::ios_base::floatfield);
+    os.precision(printedDecimals(type));
+  }
+  return value + size;
+}
+
+std::ostream& HwDatablock2Edition::printDebugPageHeading(std::ostream& os, bool summary) {
+  constexpr std::string_view frame = "##################################################";
+  TextWriter text(os);
+  text.endLine();
+  text.line(frame);
+  text.line("         D E B U G - I N F O R M A T I O N        ");
+  text.line("         EEPROM / FLASH                           ");
+  text.line(summary ? "         Block Summary                            "
+                    : "         Block Details                            ");
+  text.line(frame);
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwDatablock2Edition::printDebugPageSummary(std::ostream& os, HwSDataBlockCfg cfg) {
+  constexpr std::string_view gap = "                    ";
+  TextWriter text(os);
+  text.line("############# NEW CONCEPT #####################################");
+  text.text("SECTOR:     ").number(getEepromSector()).endLine();
+  text.endLine();
+  text.line("Block Id:           Block Name:           Update Index:           Date:");
+  text.endLine();
+  text.number(getId()).text(gap);
+  if (cfg.blockName.isNull()) {
+    text.handOn();
+    os.setstate(std::ios_base::badbit);
+    return os;
+  }
+  text.text(cfg.blockName.toLocal8Bit().toStdString()).text(gap).general(getUpdateIndex()).text(gap).endLine();
+  text.endLine();
+  return os;
+}
+
+std::ostream& HwDatablock2Edition::printDebugPageDetail(std::ostream& os, HwSDataBlockCfg /*cfg*/) {
+  TextWriter text(os);
+  text.line(pageStart);
+  text.endLine();
+  text.text("# SECTOR:              ").number(getEepromSector()).endLine();
+  text.text("# DATABLOCKADDRESS:  0x").hex(getEepromAddress()).endLine();
+  text.endLine();
+  text.endLine();
+  text.key("BLOCK ID:", labelWidth).text("USER_").number(getId()).endLine();
+  text.key("UPDATE INDEX:", labelWidth).general(getUpdateIndex()).endLine();
+  text.key("ROWS:", labelWidth).number(getNumberOfRows(0)).endLine();
+  text.key("COLUMNS:", labelWidth).number(getNumberOfColumns(0)).endLine();
+  text.key("ROW_ID_TYPE:", labelWidth).text(getTypeString(getRowIdType())).endLine();
+  text.key("COLUMN_ID_TYPE:", labelWidth).text(getTypeString(getColumnIdType())).endLine();
+  text.line(rule);
+  text.endLine();
+  DetailTable(*this, bytes(), firstColumnType()).print(text);
+  os.setf(std::ios_base::dec, std::ios_base::basefield);
+  return os;
+}
+
+std::ostream& HwDatablock2Edition::printDebugPageComplete(std::ostream& os, HwSDataBlockCfg /*cfg*/) {
+  CommonDatablockAccess access(this, nullptr, true);
+  access.releaseBlock();  // its tables are all that is needed, and a stream may throw
+  TextWriter text(os);
+  text.line(pageStart);
+  text.endLine();
+  printLabelled(text, "ID:", "USER_" + std::to_string(access.getId()));
+  text.key("UPDATE_INDEX:", labelWidth).fixed(static_cast<float>(access.getUpdateIndex()), 2).endLine();
+  for (unsigned int table = 0; table + 1 < access.tables().size() && text.ok(); ++table) {
+    printTable(text, access, table);
+  }
+  return os;
+}
+
+std::ostream& HwDatablock2Edition::printToStream2Edition(std::ostream& os, HwSDataBlockCfg cfg) {
+  return printDebugPageComplete(os, std::move(cfg));
+}
+
+}  // namespace Velk
