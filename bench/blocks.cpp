@@ -5,11 +5,13 @@
 #include <cstring>
 
 #include "AllocationCount.h"
+#include "WordSum.h"
 #include "velk/velk.h"
 
 namespace {
 
 using Velk::HwDatablock;
+using VelkBench::sumOf;
 
 /// A block of `size` bytes whose checks are both right.
 HwDatablock soundBlock(std::size_t size) {
@@ -22,17 +24,6 @@ HwDatablock soundBlock(std::size_t size) {
   std::memcpy(block.getData() + 8, &crc, sizeof crc);
   block.setChecksum(block.computeChecksum());
   return block;
-}
-
-/// The bare loop over 16-bit words.
-[[gnu::noinline]] unsigned short sumOf(const unsigned char* bytes, std::size_t size) {
-  unsigned short sum = 0;
-  for (std::size_t i = 0; i + 1 < size; i += 2) {
-    unsigned short word = 0;
-    std::memcpy(&word, bytes + i, sizeof word);
-    sum = static_cast<unsigned short>(sum + word);
-  }
-  return sum;
 }
 
 void sumVerified(benchmark::State& state) {

@@ -24,6 +24,9 @@ constexpr Comparison comparisons[] = {
     {"CRC-32 verify, 64 KB", "crcVerified/65532", "crcBare/65532", "libdeflate", 1.1},
     {"walk of 64 MiB", "imageWalked/real_time", "imageRead/real_time", "one read pass", 2},
     {"list of 10,000 files of 8 KB", "filesListed/real_time", "filesRead/real_time", "reading them", 1.5},
+    {"table of 60,016 bytes loaded", "tableLoaded", "tableLoadedBare", "copy, 2 sums", 1.5},
+    {"one of its cells set", "cellSet", "cellSetBare", "one sum", 1.5},
+    {"one of its cells printed", "cellPrinted", "cellPrintedBare", "to_chars", 0},
     {"ident made, changed, verified", "identLife", "identBare", "plain record", 0},
 };
 

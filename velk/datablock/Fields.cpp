@@ -7,6 +7,7 @@
 
 #include "velk/datablock/NumberText.h"
 #include "velk/datablock/PackedDate.h"
+#include "velk/datablock/ScalarDispatch.h"
 
 namespace Velk {
 namespace {
@@ -16,23 +17,14 @@ using detail::MutableBytes;
 
 bool isFloating(ScalarType type) { return type == ScalarType::F32 || type == ScalarType::F64; }
 
-/// Calls `act` with a value of the stored type of an integer field.
-template <class Act>
-auto withIntegerType(ScalarType type, Act act) {
-  switch (type) {
-    case ScalarType::U8:
-      return act(static_cast<unsigned char>(0));
-    case ScalarType::I8:
-      return act(static_cast<signed char>(0));
-    case ScalarType::U16:
-      return act(static_cast<unsigned short>(0));
-    case ScalarType::I16:
-      return act(static_cast<short>(0));
-    case ScalarType::U32:
-      return act(0U);
-    default:
-      return act(0);
-  }
+/// Calls `act` with a value of the stored type of an integer field and returns its result.
+template <class Result, class Act>
+Result withIntegerType(ScalarType type, Act act) {
+  Result result{};
+  detail::withScalarType(type, [&]<class T>(T zero) {
+    if constexpr (std::is_integral_v<T>) result = act(zero);
+  });
+  return result;
 }
 
 struct Range {
@@ -45,13 +37,13 @@ Range rangeOf(const FieldInfo& field) {
     const std::int64_t span = std::int64_t{1} << field.bits.width;
     return field.bits.isSigned ? Range{-span / 2, span / 2 - 1} : Range{0, span - 1};
   }
-  return withIntegerType(field.type, []<class T>(T) {
+  return withIntegerType<Range>(field.type, []<class T>(T) {
     return Range{std::numeric_limits<T>::min(), std::numeric_limits<T>::max()};
   });
 }
 
 std::int64_t loadInteger(ConstBytes block, FieldElement element) {
-  const std::int64_t word = withIntegerType(
+  const std::int64_t word = withIntegerType<std::int64_t>(
       element.field->type, [&]<class T>(T) -> std::int64_t { return detail::load<T>(block, element.offset); });
   const Bits bits = element.field->bits;
   if (bits.width == 0) return word;
@@ -62,7 +54,7 @@ std::int64_t loadInteger(ConstBytes block, FieldElement element) {
 
 bool storeInteger(MutableBytes block, FieldElement element, std::int64_t value) {
   const Bits bits = element.field->bits;
-  return withIntegerType(element.field->type, [&]<class T>(T) {
+  return withIntegerType<bool>(element.field->type, [&]<class T>(T) {
     if (bits.width == 0) return detail::store(block, element.offset, static_cast<T>(value));
     const std::int64_t mask = ((std::int64_t{1} << bits.width) - 1) << bits.shift;
     const std::int64_t others = detail::load<T>(block, element.offset) & ~mask;

@@ -3,33 +3,10 @@
 #include <ostream>
 #include <string>
 
+#include "velk/datablock/ScalarDispatch.h"
+
 namespace Velk::detail {
 namespace {
-
-/// Calls `act` with a value of the field's scalar type, so that loops over its elements are compiled for that type.
-template <class Act>
-void withScalarType(ScalarType type, Act act) {
-  switch (type) {
-    case ScalarType::U8:
-      return act(static_cast<unsigned char>(0));
-    case ScalarType::I8:
-      return act(static_cast<signed char>(0));
-    case ScalarType::U16:
-      return act(static_cast<unsigned short>(0));
-    case ScalarType::I16:
-      return act(static_cast<short>(0));
-    case ScalarType::U32:
-      return act(0U);
-    case ScalarType::I32:
-      return act(0);
-    case ScalarType::F32:
-      return act(0.0F);
-    case ScalarType::F64:
-      return act(0.0);
-    case ScalarType::Record:
-      return;
-  }
-}
 
 template <class T>
 T element(ConstBytes block, const FieldInfo& field, std::int64_t index) {
