@@ -80,7 +80,7 @@ class SecondEditionBuilder {
   void add(Velk::ETypeId type, const Value& value) {
     const qsizetype end = bytes_.size() + Velk::detail::typeSize(type);
     if (type == Velk::TYPE_ID_STRING) {
-      bytes_.append(value.text.c_str(), static_cast<qsizetype>(value.text.size() + 1));
+      bytes_.append(value.text.c_str(), static_cast<qsizetype>(value.text.size()) + 1);
       return;
     }
     if (type == Velk::TYPE_ID_FLOAT) {

@@ -129,7 +129,7 @@ class Store : public IHwVariantEeprom {
 
 /// Whether writing and parsing give a table back as it was.
 bool survives(const CommonSubDatablock& table) {
-  return table.columns <= 1 && !std::ranges::count(table.columnTypes, 25U);
+  return table.columns <= 1 && std::ranges::count(table.columnTypes, 25U) == 0;
 }
 
 void writeAndReadBack(const QByteArray& bytes) {

@@ -70,24 +70,24 @@ bool hasTables(const BlockView& block) {
   return block.kind == Velk::BlockKind::SecondEdition || block.kind == Velk::BlockKind::EventCounter;
 }
 
-void writeTablePage(Page page, const BlockView& view, std::ostream& stream) {
-  Velk::HwDatablock2Edition block;
-  block.setDataWithoutChecksumCheck(view.bytes.data(), static_cast<unsigned>(view.bytes.size()));
-  block.setEepromAddress(static_cast<unsigned>(view.offset));
+void writeTablePage(Page page, const BlockView& block, std::ostream& stream) {
+  Velk::HwDatablock2Edition tables;
+  tables.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
+  tables.setEepromAddress(static_cast<unsigned>(block.offset));
   Velk::HwSDataBlockCfg cfg;
-  cfg.blockName = QString::fromStdString(Velk::blockName(view));
+  cfg.blockName = QString::fromStdString(Velk::blockName(block));
   switch (page) {
     case Page::Detail:
-      block.printDebugPageDetail(stream, cfg);
+      tables.printDebugPageDetail(stream, cfg);
       break;
     case Page::Summary:
-      block.printDebugPageSummary(stream, cfg);
+      tables.printDebugPageSummary(stream, cfg);
       break;
     case Page::Heading:
-      block.printDebugPageHeading(stream, false);
+      tables.printDebugPageHeading(stream, false);
       break;
     default:
-      block.printDebugPageComplete(stream, cfg);
+      tables.printDebugPageComplete(stream, cfg);
   }
 }
 

@@ -35,7 +35,7 @@ std::unique_ptr<Velk::HwTableBlock> makeExchangeTable(int id) {
   std::unique_ptr<Velk::HwDatablock> block = row == nullptr ? nullptr : row->make(static_cast<unsigned short>(id));
   auto* const table = dynamic_cast<Velk::HwTableBlock*>(block.get());
   if (table == nullptr || !table->hasExchangeText()) return nullptr;
-  block.release();
+  static_cast<void>(block.release());  // owned as a table from here on
   return std::unique_ptr<Velk::HwTableBlock>(table);
 }
 

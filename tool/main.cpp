@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "velk/platform/Console.h"
 
+// What escapes from here is memory running out, which ends the run.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   using namespace VelkTool;
   // What the library has to say of a damaged block the command says itself, with file and offset.
