@@ -18,7 +18,7 @@ void convertInPlace(detail::MutableBytes block, const CatalogueRow& row) {
     case Conversion::Record:
       detail::applyRecordRules(block, *row.record, row.record->onSwap);
       break;
-    case Conversion::Table:
+    case Conversion::ClearAlignment:
       detail::store<unsigned short>(block, offsetof(HwSDatablockHeader, alignment), 0);
       break;
     case Conversion::Values:
