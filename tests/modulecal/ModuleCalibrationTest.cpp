@@ -134,7 +134,7 @@ TEST(ModuleCalibration, GoldenTexts) {
   for (const int id : {11300, 11301, 11302, 11303, 7}) text += textOfFilled<HwDatablockSAttCCounter>(-1, id);
   text += textOfFilled<HwDatablockIpcUser10000>(-1);
   text += textOfFilled<HwDatablockIpcUser10040>(-1);
-  EXPECT_EQ(text, VelkTest::golden("modulecal.txt", text));
+  EXPECT_TRUE(VelkTest::isGolden("modulecal.txt", text));
 }
 
 TEST(ModuleCalibration, MiscRecordsPrintEveryFieldWithItsUnits) {
@@ -151,7 +151,7 @@ TEST(ModuleCalibration, MiscRecordsPrintEveryFieldWithItsUnits) {
   VelkTest::fillFields(v20, iqOp3MiscV20Fields);
   v20.setDetattOvr(-3);
   const std::string text = printed(misc) + printed(v20);
-  EXPECT_EQ(text, VelkTest::golden("modulecal_misc.txt", text));
+  EXPECT_TRUE(VelkTest::isGolden("modulecal_misc.txt", text));
 }
 
 TEST(ModuleCalibration, IndexesOutsideTheCapacityReadAsZeroAndStoreNothing) {

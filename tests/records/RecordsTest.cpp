@@ -47,7 +47,7 @@ TEST(Records, GoldenTexts) {
   add(HwDatablockStatistic(), statisticFields);
   add(HwDatablockMbrdSerialNumber(), mbrdSerialNumberFields);
   add(HwDatablockMbrdModel(), mbrdModelFields);
-  EXPECT_EQ(text, VelkTest::golden("records.txt", text));
+  EXPECT_TRUE(VelkTest::isGolden("records.txt", text));
 }
 
 TEST(ServiceData, PartsOfWordsKeepTheirNeighbours) {
