@@ -2,7 +2,7 @@
 
 #include "velk/datablock/HwGridBlock.h"
 #include "velk/datablock/HwInstance.h"
-#include "velk/modulecal/CwOp3Calibration.h"
+#include "velk/modulecal/FrequencyList.h"
 
 namespace Velk {
 

@@ -48,7 +48,6 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
   if (block == nullptr) return false;
   HwDatablock* const prototype = dictionary_[block->getId()];
   if (prototype == nullptr) return false;
-  prototype->resizeData(block->getBlockSize());
   prototype->setData(block);
   prototype->printToStream(os);
   return true;
