@@ -17,7 +17,7 @@ struct VELK_RECORD CountedRecord {
 template <class Record, int scale>
 inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, count),
-    VELK_FIELD(Record, values).in("", scale),
+    VELK_FIELD(Record, values).in("", scale).counted("count"),
 };
 
 /// Completes the traits of a list class by what its record tells. Its text presents the values times `scale`.

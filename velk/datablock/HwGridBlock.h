@@ -15,7 +15,7 @@ struct VELK_RECORD GridRecord {
 };
 
 template <class Record>
-inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, cells)};
+inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, cells).counted("count")};
 
 /// Completes the traits of a table class by what its record tells.
 template <class Record>
