@@ -62,7 +62,7 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   const char* const description =
       count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
   CLI::Option* const files = command.add_option("FILE", inputs->files, description)->required();
-  if (count != 0) files->expected(count);
+  if (count != 0) files->expected(count)->allow_extra_args(false);
   command
       .add_option_function<std::string>(
           "--input", [inputs](const std::string& name) { inputs->format = formats.at(name); },

@@ -28,13 +28,14 @@ class Editor {
     Input input = openInput(session_, inputs_, name);
     if (!input.file.error.empty()) return;
     const std::optional<BlockView> block = choose(input);
-    if (!block || !edit(input, *block)) return session_.worsen(Exit::Findings);
+    if (!block || !edit(input, *block)) return;
     output_.write(session_, name, input.file);
   }
 
  private:
-  std::nullopt_t refuse(const std::string& file, const std::string& what) {
+  std::nullopt_t refuse(const std::string& file, const std::string& what, Exit exit = Exit::Findings) {
     session_.complain(file, what + "; nothing is changed");
+    session_.worsen(exit);
     return std::nullopt;
   }
 
@@ -73,7 +74,7 @@ class Editor {
               ? "\"" + assignment + "\" is not of the form name=value"
               : Velk::setValue(bytes, block, path, std::string_view(assignment).substr(equals + 1), form);
       if (!refusal.empty()) {
-        refuse(input.name, placeText(block) + ": " + refusal);
+        refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
         return false;
       }
       changes += Velk::blockName(block) + " " + path + ": " + before + " -> " + textOf(block, path, form) + '\n';

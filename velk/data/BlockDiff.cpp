@@ -11,6 +11,7 @@ namespace {
 using detail::ConstBytes;
 
 constexpr FieldInfo headerFields[] = {
+    VELK_FIELD(HwSDatablockHeader, id),
     detail::describeField<unsigned short>("size", offsetof(HwSDatablockHeader, blockSize)),
     VELK_FIELD(HwSDatablockHeader, alignment),
 };
@@ -43,8 +44,8 @@ class Comparison {
         report_(report) {}
 
   void run(bool header) {
-    if (header) compareFields(headerFields);
     compare({}, first_.root(), second_.root());
+    if (header) compareFields(headerFields);
     if (!sameSize_) return tellLength();
     const std::size_t start = header ? sizeof(HwSDatablockHeader) : 0;
     const bool crc = kind_ == BlockKind::SecondEdition || kind_ == BlockKind::EventCounter;
@@ -59,11 +60,12 @@ class Comparison {
     report_({path, first, second});
   }
 
-  /// Compares fields that are in the same place in both blocks.
+  /// Compares fields that are in the same place in both blocks, and about which nothing has been told yet.
   void compareFields(std::span<const FieldInfo> fields) {
     for (const FieldInfo& field : fields) {
       const FieldElement element{&field, field.offset};
-      if (element.isInside(first_.bytes().size()) || element.isInside(second_.bytes().size())) {
+      const bool told = element.offset < explained_.size() && explained_[element.offset];
+      if (!told && (element.isInside(first_.bytes().size()) || element.isInside(second_.bytes().size()))) {
         compareValues(DataPath(field.name), element, element);
       }
     }

@@ -24,8 +24,8 @@ struct Difference {
   std::optional<FieldElement> second;
 };
 
-/// Reports every difference of two blocks in the order of their fields: first the size and the alignment word of their
-/// headers, then their data, unused elements included, then bytes that no field covers. A checksum or CRC-32 that
+/// Reports every difference of two blocks: of their data in the order of the fields, unused elements included, then of
+/// the id, size and alignment word in their headers, then of bytes that no field covers. A checksum or CRC-32 that
 /// differs is reported where nothing else does. Nothing is reported exactly where all bytes are equal.
 VELK_EXPORT void compareBlocks(const BlockView& first, const BlockView& second,
                                const std::function<void(const Difference&)>& report);

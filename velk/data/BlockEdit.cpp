@@ -67,7 +67,7 @@ std::optional<Step> takeStep(std::string_view& path) {
 std::optional<DataNode> take(const DataNode& node, const Step& step, std::string_view before, DataLookup& lookup) {
   const std::string text(before);
   if (node.kind() == DataNode::Kind::Record) {
-    if (step.index) {
+    if (step.index || (step.name.empty() && !text.empty())) {
       lookup.complaint = text + " has fields, as " + text + '.' + node.nameOf(0);
     } else if (const auto member = node.find(step.name)) {
       return member;
