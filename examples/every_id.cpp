@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -15,21 +16,15 @@ using Velk::FieldInfo;
 /// Values of each list, rows and columns of each table that are used.
 constexpr int used = 3;
 
-constexpr std::string_view rowCounts[] = {"count",  "counts",   "rows", "validFreqs", "numberOfOperatingStates",
-                                          "length", "macLength"};
-constexpr std::string_view columnCounts[] = {"cols", "steps"};
-
-bool isCount(const FieldInfo& field) {
-  return std::ranges::count(rowCounts, field.name) != 0 || std::ranges::count(columnCounts, field.name) != 0;
-}
-
-/// What a count says: how much of the block's first list or table of numbers is used.
-int countOf(const FieldInfo& count, std::span<const FieldInfo> fields) {
-  const auto values = std::ranges::find_if(fields, [](const FieldInfo& field) {
-    return field.rank > 0 && field.kind == Velk::FieldKind::Number && !isCount(field);
-  });
-  const bool ofColumns = std::ranges::count(columnCounts, count.name) != 0;
-  return std::min<int>(used, ofColumns ? values->cols : values->rows);
+/// How many elements a count says are in use, or nothing where a field is no count.
+std::optional<int> countOf(const FieldInfo& field, std::span<const FieldInfo> fields) {
+  const std::string_view name = field.name;
+  if (name == "counts") return used;  // of each row
+  for (const FieldInfo& counted : fields) {
+    if (name == counted.usedRows) return std::min<int>(used, counted.rows);
+    if (name == counted.usedCols) return std::min<int>(used, counted.cols);
+  }
+  return std::nullopt;
 }
 
 /// The value of the field that is filled as the number-th: each of a block's values is another one.
@@ -49,41 +44,38 @@ std::string valueOf(const FieldInfo& field, int number) {
 /// Fills a block's fields, its lists and tables as far as they are used.
 class Filler {
  public:
-  Filler(Velk::HwDatablock& block, std::span<const FieldInfo> fields) : block_(block), fields_(fields) {
-    fill(fields, "");
-    block.setChecksum(block.computeChecksum());
+  Filler(Velk::HwDatablock& block, std::span<const FieldInfo> fields)
+      : bytes_(block.getData(), static_cast<std::size_t>(block.getByteArrayData().size())) {
+    fill(fields, 0);
   }
 
  private:
-  void fill(std::span<const FieldInfo> fields, const std::string& prefix) {
+  void fill(std::span<const FieldInfo> fields, std::size_t base) {
     for (const FieldInfo& field : fields) {
       const int rows = field.openEnded ? used : std::min<int>(used, field.rows);
       for (int row = 0; row < rows; ++row) {
         for (int column = 0; column < std::min<int>(used, field.cols); ++column) {
-          std::string path = prefix + field.name;
-          if (field.rank > 0) path += '[' + std::to_string(row) + ']';
-          if (field.rank > 1) path += '[' + std::to_string(column) + ']';
+          const std::size_t offset =
+              base + field.offset + static_cast<std::size_t>(row * field.cols + column) * field.stride;
           if (field.type == Velk::ScalarType::Record) {
-            fill(field.members, path + '.');
+            fill(field.members, offset);
+          } else if (const std::optional<int> count = countOf(field, fields)) {
+            set(field, offset, std::to_string(*count));
           } else {
-            set(path, isCount(field) ? std::to_string(countOf(field, fields)) : valueOf(field, ++number_));
+            set(field, offset, valueOf(field, ++number_));
           }
         }
       }
     }
   }
 
-  void set(const std::string& path, const std::string& value) {
-    const Velk::detail::MutableBytes bytes(block_.getData(),
-                                           static_cast<std::size_t>(block_.getByteArrayData().size()));
-    const auto element = Velk::findField(fields_, path);
-    if (!element || Velk::setFieldText(bytes, *element, value) != Velk::FieldResult::Done) {
-      throw std::logic_error("cannot set " + path + " to " + value);
+  void set(const FieldInfo& field, std::size_t offset, const std::string& value) {
+    if (Velk::setFieldText(bytes_, {&field, offset}, value) != Velk::FieldResult::Done) {
+      throw std::logic_error(std::string(field.name) + " cannot be " + value);
     }
   }
 
-  Velk::HwDatablock& block_;
-  std::span<const FieldInfo> fields_;
+  Velk::detail::MutableBytes bytes_;
   int number_ = 0;
 };
 
@@ -99,6 +91,7 @@ void addBlocks(ImageBuilder& image, std::span<const CatalogueRow> rows) {
       // Some classes serve ids that they do not give to a new block.
       block->setBlockId(static_cast<unsigned short>(id));
       Filler(*block, row.fields);
+      block->setChecksum(block->computeChecksum());
       image.add(*block);
     }
   }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "FieldSupport.h"
 #include "FuzzSupport.h"
 #include "velk/datablock/Checksums.h"
 #include "velk/oldstyle/BlockCatalogue.h"
@@ -73,11 +74,11 @@ void setFields(const CatalogueRow& row, QByteArray bytes) {
   constexpr std::string_view texts[] = {"0", "-1", "255", "65536", "1.5", "1e300", "2017-03-15", "", "nan", "ab"};
   std::size_t elements = 0;
   const auto size = static_cast<std::size_t>(bytes.size());
-  visitFields(row.fields, size, [&](const std::string&, FieldElement) { ++elements; });
+  VelkTest::forEachField(row.fields, size, [&](const std::string&, FieldElement) { ++elements; });
   const std::size_t stride = elements / most + 1;
   std::size_t index = size % stride;
   std::size_t at = 0;
-  visitFields(row.fields, size, [&](const std::string&, FieldElement element) {
+  VelkTest::forEachField(row.fields, size, [&](const std::string&, FieldElement element) {
     if (at++ != index) return;
     index += stride;
     setField(bytes, element, fieldText(view(bytes), element));

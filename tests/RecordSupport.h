@@ -2,8 +2,8 @@
 
 #include <libdeflate.h>
 
+#include "FieldSupport.h"
 #include "TestSupport.h"
-#include "velk/datablock/Fields.h"
 #include "velk/datablock/HwRecordBlock.h"
 
 namespace VelkTest {
@@ -21,8 +21,9 @@ struct RecordClass {
 inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo> fields) {
   const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
   int next = 1;
-  Velk::visitFields(fields, size, [&](const std::string& path, Velk::FieldElement element) {
+  forEachField(fields, size, [&](const std::string& path, Velk::FieldElement element) {
     const Velk::FieldInfo& field = *element.field;
+    if (field.isFixed) return;
     const bool floating = field.type == Velk::ScalarType::F32 || field.type == Velk::ScalarType::F64;
     const bool small = field.bits.width != 0 || field.stride == 1;
     std::string value = std::to_string(small ? next % (field.bits.width == 2 ? 4 : 7) : next % 1000);

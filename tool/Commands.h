@@ -12,5 +12,9 @@ void addCheck(CLI::App& app, Session& session);
 void addPrint(CLI::App& app, Session& session);
 void addIds(CLI::App& app, Session& session);
 void addTable(CLI::App& app, Session& session);
+void addExport(CLI::App& app, Session& session);
+void addDiff(CLI::App& app, Session& session);
+void addSet(CLI::App& app, Session& session);
+void addRedact(CLI::App& app, Session& session);
 
 }  // namespace VelkTool

@@ -21,11 +21,17 @@ std::optional<std::string> readText(Session& session, const std::string& path) {
   return std::nullopt;
 }
 
-void writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
   QSaveFile file(QFile::decodeName(path.c_str()));
-  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return;
+  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return true;
   session.complain(path, file.errorString().toStdString());
   session.worsen(Exit::NoAccess);
+  return false;
+}
+
+bool copyFile(Session& session, const std::string& from, const std::string& to) {
+  const std::optional<std::string> contents = readText(session, from);
+  return contents && writeFile(session, to, QByteArray::fromStdString(*contents));
 }
 
 bool isSameFile(const std::string& path, const std::string& other) {

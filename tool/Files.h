@@ -11,8 +11,12 @@ namespace VelkTool {
 /// The whole of a text file, - being standard input; nothing, told and counted, where it cannot be read.
 std::optional<std::string> readText(Session& session, const std::string& path);
 
-/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. A failure is told and counted.
-void writeFile(Session& session, const std::string& path, const QByteArray& bytes);
+/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Whether it could be
+/// done; a failure is told and counted.
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
+
+/// Copies a file over another, with the same guarantee. Whether it could be done.
+bool copyFile(Session& session, const std::string& from, const std::string& to);
 
 /// Whether both paths lead to one file. Standard input is no file.
 bool isSameFile(const std::string& path, const std::string& other);

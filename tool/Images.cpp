@@ -18,12 +18,16 @@ void forEachFinding(const Velk::BlockView& block, const std::function<void(Velk:
   }
 }
 
-void complainOf(Session& session, const std::string& file, const Velk::BlockView& block) {
+void tellFindings(Session& session, const std::string& file, const Velk::BlockView& block) {
   if (block.isSound()) return;
-  session.worsen(Exit::Findings);
   forEachFinding(block, [&](Velk::Finding finding) {
     session.complain(file, placeText(block) + ": " + Velk::describe(block, finding));
   });
+}
+
+void complainOf(Session& session, const std::string& file, const Velk::BlockView& block) {
+  if (!block.isSound()) session.worsen(Exit::Findings);
+  tellFindings(session, file, block);
 }
 
 }  // namespace VelkTool

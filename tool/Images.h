@@ -18,7 +18,10 @@ std::string placeText(const Velk::BlockView& block);
 /// Calls `act` with every finding of a block, the most important first.
 void forEachFinding(const Velk::BlockView& block, const std::function<void(Velk::Finding finding)>& act);
 
-/// Tells every finding of a block on standard error, remarks excepted, and counts them.
+/// Tells every finding of a block that is not sound on standard error.
+void tellFindings(Session& session, const std::string& file, const Velk::BlockView& block);
+
+/// Does the same and counts them.
 void complainOf(Session& session, const std::string& file, const Velk::BlockView& block);
 
 }  // namespace VelkTool

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "Images.h"
+#include "Redaction.h"
 
 namespace VelkTool {
 namespace {
@@ -47,7 +48,9 @@ bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
 
 }  // namespace
 
-std::shared_ptr<const Inputs> addInputs(CLI::App& command) {
+namespace {
+
+std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   const auto inputs = std::make_shared<Inputs>();
   static const std::map<std::string, Velk::ImageFormat> formats = [] {
     std::map<std::string, Velk::ImageFormat> byName;
@@ -56,7 +59,10 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command) {
     }
     return byName;
   }();
-  command.add_option("FILE", inputs->files, "Memory images; - is standard input")->required();
+  const char* const description =
+      count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
+  CLI::Option* const files = command.add_option("FILE", inputs->files, description)->required();
+  if (count != 0) files->expected(count)->allow_extra_args(false);
   command
       .add_option_function<std::string>(
           "--input", [inputs](const std::string& name) { inputs->format = formats.at(name); },
@@ -69,8 +75,19 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command) {
   return inputs;
 }
 
+}  // namespace
+
+std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return makeInputs(command, count); }
+
+std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
+  const auto inputs = makeInputs(command, 0);
+  command.add_flag("--redact", inputs->redacted, "Without serial numbers, names, departments and network addresses");
+  return inputs;
+}
+
 Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
   Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
+  if (inputs.redacted) redactImage(file.bytes, inputs.offset, inputs.sectorSize, [](const Redaction&) {});
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
   Input input{name, std::move(file), std::move(image)};
   if (!input.file.error.empty()) {

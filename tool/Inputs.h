@@ -19,10 +19,15 @@ struct Inputs {
   std::optional<Velk::ImageFormat> format{};  ///< nothing: told by the contents
   std::uint64_t offset = 0;
   std::uint64_t sectorSize = 0;
+  bool redacted = false;  ///< as if `velk redact` had gone over them
 };
 
-/// Adds the FILE arguments and the options about them to a subcommand; the values are there when its callback runs.
-std::shared_ptr<const Inputs> addInputs(CLI::App& command);
+/// Adds the FILE arguments, `count` of them or any number with 0, and the options about them to a subcommand; the
+/// values are there when its callback runs.
+std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count = 0);
+
+/// Adds the same with --redact.
+std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command);
 
 /// One file of a run, and its image where it could be read.
 struct Input {

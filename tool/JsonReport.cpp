@@ -1,7 +1,6 @@
 #include "JsonReport.h"
 
 #include "Images.h"
-#include "JsonWriter.h"
 
 namespace VelkTool {
 namespace {
@@ -18,8 +17,7 @@ void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
   json.endArray();
 }
 
-void writeBlock(JsonWriter& json, const Velk::BlockView& block) {
-  json.beginObject();
+void writeBlockMembers(JsonWriter& json, const Velk::BlockView& block) {
   json.member("offset", block.offset).member("size", block.bytes.size());
   if (block.kind != Velk::BlockKind::Stray) {
     json.member("id", block.id).member("name", Velk::blockName(block)).member("declaredSize", block.declaredSize);
@@ -27,7 +25,6 @@ void writeBlock(JsonWriter& json, const Velk::BlockView& block) {
   json.member("kind", Velk::kindName(block.kind)).member("verdict", Velk::verdictName(block));
   json.member("sound", block.isSound());
   writeFindings(json, block);
-  json.endObject();
 }
 
 void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
@@ -49,8 +46,8 @@ std::shared_ptr<const bool> addJson(CLI::App& command) {
   return json;
 }
 
-void writeJsonReport(Session& session, const Inputs& inputs,
-                     const std::function<void(const Input& input, const Velk::BlockView& block)>& visit) {
+void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection,
+                     const DescribeBlock& describe) {
   JsonWriter json([&](std::string_view text) { session.write(text); });
   json.beginObject().member("schema", jsonSchema).key("files").beginArray();
   for (const std::string& name : inputs.files) {
@@ -62,13 +59,35 @@ void writeJsonReport(Session& session, const Inputs& inputs,
     }
     writeFile(json, input.file);
     json.key("blocks").beginArray();
-    for (const Velk::BlockView& block : input.image) {
-      writeBlock(json, block);
-      visit(input, block);
-    }
+    forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
+      json.beginObject();
+      writeBlockMembers(json, block);
+      describe(json, input, block);
+      json.endObject();
+    });
     json.endArray().endObject();
   }
   json.endArray().endObject().finish();
+}
+
+void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {
+  JsonWriter json([&](std::string_view text) { session.write(text); }, JsonWriter::Layout::OneLine);
+  for (const std::string& name : inputs.files) {
+    const Input input = openInput(session, inputs, name);
+    const auto begin = [&]() -> JsonWriter& {
+      return json.beginObject().member("schema", jsonSchema).member("file", name);
+    };
+    if (!input.file.error.empty()) {
+      begin().member("error", input.file.error).endObject().finish();
+      continue;
+    }
+    forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
+      begin();
+      writeBlockMembers(json, block);
+      describe(json, input, block);
+      json.endObject().finish();
+    });
+  }
 }
 
 }  // namespace VelkTool

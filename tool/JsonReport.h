@@ -3,6 +3,8 @@
 #include <functional>
 
 #include "Inputs.h"
+#include "JsonWriter.h"
+#include "Selection.h"
 
 namespace VelkTool {
 
@@ -12,9 +14,14 @@ inline constexpr const char* jsonSchema = "velk/1";
 /// Adds --json to a subcommand; the flag is set when its callback runs.
 std::shared_ptr<const bool> addJson(CLI::App& command);
 
-/// Writes what the inputs are and which blocks they hold, sound or not, as one JSON document. `visit` sees each block
-/// as it is written.
-void writeJsonReport(Session& session, const Inputs& inputs,
-                     const std::function<void(const Input& input, const Velk::BlockView& block)>& visit);
+/// What a block's object says beside the usual members; called for each block of the report.
+using DescribeBlock = std::function<void(JsonWriter& json, const Input& input, const Velk::BlockView& block)>;
+
+/// Writes what the inputs are and which of the selected blocks they hold, sound or not, as one JSON document.
+void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+
+/// Writes the same as a line for each block, which says of which file it is, and a line for each file that cannot be
+/// read.
+void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
 
 }  // namespace VelkTool

@@ -25,6 +25,16 @@ class JsonWriter {
   JsonWriter& beginObject() { return begin('{'); }
   JsonWriter& endObject() { return end('}'); }
   JsonWriter& beginArray() { return begin('['); }
+  /// An array that stays on one line, with all in it: for rows of numbers, of which a line each would be unreadable.
+  JsonWriter& beginRow() {
+    begin('[');
+    ++rows_;
+    return *this;
+  }
+  JsonWriter& endRow() {
+    --rows_;
+    return end(']', true);
+  }
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
 
@@ -36,6 +46,7 @@ class JsonWriter {
   requires std::floating_point<T> JsonWriter& value(T number) { return number - number == 0 ? digits(number) : null(); }
   template <class T>
   requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
+  JsonWriter& value(std::nullptr_t) { return null(); }
   JsonWriter& null() { return raw("null"); }
 
   template <class T>
@@ -48,14 +59,15 @@ class JsonWriter {
 
  private:
   JsonWriter& begin(char bracket);
-  JsonWriter& end(char bracket);
+  JsonWriter& end(char bracket, bool row = false);
   JsonWriter& raw(std::string_view text);
   template <class T>
   JsonWriter& digits(T number) {
-    char text[40];
+    char text[64];
     const auto last = std::to_chars(text, text + sizeof text, number).ptr;
     return raw({text, static_cast<std::size_t>(last - text)});
   }
+  bool isOnOneLine() const { return layout_ == Layout::OneLine || rows_ != 0; }
   void separate();
   void breakLine();
   void appendString(std::string_view text);
@@ -65,6 +77,7 @@ class JsonWriter {
   Layout layout_;
   std::string pending_;
   std::size_t depth_ = 0;
+  std::size_t rows_ = 0;   ///< how many arrays on one line are open
   bool first_ = true;      ///< nothing stands in the innermost object or array yet
   bool afterKey_ = false;  ///< the next value belongs to a key
 };

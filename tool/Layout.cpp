@@ -10,7 +10,8 @@ using Velk::ScalarType;
 
 const char* typeName(ScalarType type) {
   constexpr const char* names[] = {"unsigned 8-bit",  "signed 8-bit",  "unsigned 16-bit", "signed 16-bit",
-                                   "unsigned 32-bit", "signed 32-bit", "float",           "double"};
+                                   "unsigned 32-bit", "signed 32-bit", "unsigned 64-bit", "signed 64-bit",
+                                   "float",           "double",        "extended"};
   return names[static_cast<std::size_t>(type)];
 }
 

@@ -36,7 +36,8 @@ void addCheck(CLI::App& app, Session& session) {
   command->footer("Exits with 1 when something is not sound.\n\nExample:\n  velk check module.bin && echo sound");
   command->callback([&session, inputs, json] {
     if (!*json) return writeText(session, *inputs);
-    writeJsonReport(session, *inputs, [&](const Input&, const Velk::BlockView& block) { count(session, block); });
+    writeJsonReport(session, *inputs, {},
+                    [&](JsonWriter&, const Input&, const Velk::BlockView& block) { count(session, block); });
   });
 }
 

@@ -49,8 +49,9 @@ void addList(CLI::App& app, Session& session) {
   command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
   command->callback([&session, inputs, json] {
     if (!*json) return writeText(session, *inputs);
-    writeJsonReport(session, *inputs,
-                    [&](const Input& input, const Velk::BlockView& block) { complainOf(session, input.name, block); });
+    writeJsonReport(session, *inputs, {}, [&](JsonWriter&, const Input& input, const Velk::BlockView& block) {
+      complainOf(session, input.name, block);
+    });
   });
 }
 

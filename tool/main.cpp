@@ -22,6 +22,10 @@ int main(int argc, char** argv) {
   addCheck(app, session);
   addPrint(app, session);
   addIds(app, session);
+  addExport(app, session);
+  addDiff(app, session);
+  addSet(app, session);
+  addRedact(app, session);
   addTable(app, session);
   try {
     app.parse(argc, argv);

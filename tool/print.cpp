@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <map>
 #include <memory>
 #include <ostream>
@@ -9,6 +8,7 @@
 #include "Inputs.h"
 #include "LimitedText.h"
 #include "Pages.h"
+#include "Selection.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 #include "velk/platform/Console.h"
 
@@ -42,10 +42,9 @@ class LibraryOutput {
 
 class Printer {
  public:
-  Printer(Session& session, std::vector<int> ids, Page page) : session_(session), ids_(std::move(ids)), page_(page) {}
+  Printer(Session& session, Page page) : session_(session), page_(page) {}
 
   void print(const std::string& file, const BlockView& block) {
-    if (!ids_.empty() && std::ranges::find(ids_, block.id) == ids_.end()) return;
     LimitedText text;
     std::ostream stream(&text);
     const LibraryOutput said;
@@ -77,7 +76,6 @@ class Printer {
   }
 
   Session& session_;
-  std::vector<int> ids_;
   Page page_;
   Velk::HwDatablockOldStyleInterpreter interpreter_;
 };
@@ -86,13 +84,8 @@ class Printer {
 
 void addPrint(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("print", "The text forms of blocks, in the order of the image");
-  const auto inputs = addInputs(*command);
-  const auto ids = std::make_shared<std::vector<int>>();
-  command->add_option("--id", *ids, "Only blocks of this id; may be given again")
-      ->check(CLI::Range(0, 65535))
-      ->type_name("N")
-      ->take_all()
-      ->allow_extra_args(false);
+  const auto inputs = addRedactableInputs(*command);
+  const auto selection = addSelection(*command, true);
   const auto page = std::make_shared<Page>(Page::Usual);
   const std::map<std::string, Page> pages{{"complete", Page::Complete},
                                           {"detail", Page::Detail},
@@ -108,10 +101,10 @@ void addPrint(CLI::App& app, Session& session) {
   command->footer(
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
-  command->callback([&session, inputs, ids, page] {
-    Printer printer(session, *ids, *page);
+  command->callback([&session, inputs, selection, page] {
+    Printer printer(session, *page);
     forEachInput(session, *inputs, [&](const Input& input) {
-      for (const BlockView& block : input.image) printer.print(input.name, block);
+      forEachBlock(input.image, *selection, [&](const BlockView& block) { printer.print(input.name, block); });
     });
   });
 }

@@ -8,7 +8,7 @@ namespace {
 
 const CLI::Range anyId(0, 65535);
 
-void addExport(CLI::App& app, Session& session) {
+void addTableExport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("export", "Writes a table of a memory image as text");
   const auto options = std::make_shared<TableExport>();
   command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
@@ -18,7 +18,7 @@ void addExport(CLI::App& app, Session& session) {
   command->callback([&session, options] { exportTable(session, *options); });
 }
 
-void addImport(CLI::App& app, Session& session) {
+void addTableImport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("import", "Puts the tables of a text into a memory image");
   const auto options = std::make_shared<TableImport>();
   command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
@@ -39,8 +39,8 @@ void addImport(CLI::App& app, Session& session) {
 void addTable(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("table", "Calibration tables as text that can be edited and read back");
   command->require_subcommand(1);
-  addExport(*command, session);
-  addImport(*command, session);
+  addTableExport(*command, session);
+  addTableImport(*command, session);
   command->footer(
       "Tables with such a text: RFBO_ATTREG_DATA (15750), BLOCK_LORN_RFBO_ATT_CAL_FREQ (15760),\n"
       "BLOCK_LORN_RFBO_TEMP_COMP_FREQ (15770), BLOCK_LORN_RFBO_TEMP_COMP_DATA (15771),\n"

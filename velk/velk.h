@@ -1,6 +1,10 @@
 #pragma once
 
 // Every public header of the library.
+#include "velk/data/BlockData.h"
+#include "velk/data/BlockDiff.h"
+#include "velk/data/BlockEdit.h"
+#include "velk/datablock/FieldValue.h"
 #include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
 #include "velk/datablock/HwDatablockEnd.h"

@@ -2,6 +2,7 @@
 
 #include "CatalogueSupport.h"
 #include "TestSupport.h"
+#include "velk/data/BlockEdit.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
 namespace Velk {
@@ -35,11 +36,14 @@ TEST(BlockCatalogue, RowsTellTheTruthAboutTheirClasses) {
 
 TEST(BlockCatalogue, FieldsLieInsideTheirBlocksAndHaveNamesOfTheirOwn) {
   for (const CatalogueRow& row : VelkTest::allRows()) {
-    visitFields(row.fields, row.size, [&](const std::string& path, FieldElement element) {
-      EXPECT_LE(element.offset + element.field->stride, row.size) << row.className << ' ' << path;
-      const auto found = findField(row.fields, path);
-      EXPECT_TRUE(found && found->field == element.field) << row.className << ' ' << path;
-    });
+    const std::vector<unsigned char> block(row.others.longer ? row.size : 0xFFFF);
+    const BlockData data(block, row.fields, Extent::Capacity);
+    const auto check = [&](const DataPath& path, const FieldElement& element) {
+      EXPECT_LE(element.offset + element.size, row.size) << row.className << ' ' << path.text();
+      const DataLookup found = findValue(data.root(), path.text());
+      EXPECT_TRUE(found.value && found.value->element().field == element.field) << row.className << ' ' << path.text();
+    };
+    forEachValue(data.root(), {}, check);
   }
 }
 

@@ -1,5 +1,6 @@
 #include <limits>
 
+#include "FieldSupport.h"
 #include "TestSupport.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
@@ -184,22 +185,23 @@ TEST(TableFields, NameEveryPartOfATable) {
   table.setCounts(2, 3);
   const std::span<const FieldInfo> fields = findCatalogueRow(14806)->fields;
   const auto text = [&](std::string_view path) {
-    return fieldText({table.getData(), 15776}, findField(fields, path).value());
+    return fieldText({table.getData(), 15776}, VelkTest::findField(fields, path).value());
   };
   EXPECT_EQ(text("descriptors[9]"), "CABLE");
   EXPECT_EQ(text("rows"), "2");
   EXPECT_EQ(text("cols"), "3");
   EXPECT_EQ(text("cells[12][599]"), "-7");
-  EXPECT_FALSE(findField(fields, "descriptors[10]"));
-  EXPECT_FALSE(findField(fields, "descriptors[0][0]"));
-  EXPECT_EQ(setFieldText({table.getData(), 15776}, findField(fields, "descriptors[0]").value(), "sixteen bytes..."),
-            FieldResult::Done);
+  EXPECT_FALSE(VelkTest::findField(fields, "descriptors[10]"));
+  EXPECT_FALSE(VelkTest::findField(fields, "descriptors[0][0]"));
+  EXPECT_EQ(
+      setFieldText({table.getData(), 15776}, VelkTest::findField(fields, "descriptors[0]").value(), "sixteen bytes..."),
+      FieldResult::Done);
   EXPECT_EQ(table.getDescriptor(0), "sixteen bytes...");
   EXPECT_EQ(table.getDescriptor(1), "");
 
   const std::span<const FieldInfo> points = findCatalogueRow(15755)->fields;
-  EXPECT_EQ(findField(points, "cells[149][0]").value().field->scale, 10.0);
-  EXPECT_TRUE(findField(findCatalogueRow(15843)->fields, "indexColumn[26]"));
+  EXPECT_EQ(VelkTest::findField(points, "cells[149][0]").value().field->scale, 10.0);
+  EXPECT_TRUE(VelkTest::findField(findCatalogueRow(15843)->fields, "indexColumn[26]"));
 }
 
 }  // namespace

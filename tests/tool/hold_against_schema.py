@@ -1,5 +1,7 @@
 """Holds JSON documents against a schema: hold_against_schema.py SCHEMA DOCUMENT...
 
+A file of JSON lines, whose name ends with .jsonl, is a document a line.
+
 Members that the schema does not name are errors here: readers may meet new ones, but this schema has to describe all.
 """
 import json
@@ -27,7 +29,9 @@ validator = jsonschema.Draft202012Validator(schema)
 faults = 0
 for name in sys.argv[2:]:
     with open(name, encoding="utf-8") as file:
-        for fault in validator.iter_errors(json.load(file)):
-            print(f"{name}: {fault.json_path}: {fault.message}")
-            faults += 1
+        texts = file if name.endswith(".jsonl") else [file.read()]
+        for text in texts:
+            for fault in validator.iter_errors(json.loads(text)):
+                print(f"{name}: {fault.json_path}: {fault.message}"[:400])
+                faults += 1
 sys.exit(1 if faults else 0)

@@ -2,23 +2,38 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <variant>
 
 #include "velk/Export.h"
 #include "velk/datablock/Bytes.h"
 
 namespace Velk {
 
-enum class ScalarType : unsigned char { U8, I8, U16, I16, U32, I32, F32, F64, Record };
+enum class ScalarType : unsigned char {
+  U8,
+  I8,
+  U16,
+  I16,
+  U32,
+  I32,
+  U64,
+  I64,
+  F32,
+  F64,
+  F80,  ///< the ten bytes of the x87
+  Record
+};
 
 /// What a field's bytes mean to a person; never guessed from their type.
-enum class FieldKind : unsigned char { Number, Text, Date };
+enum class FieldKind : unsigned char {
+  Number,
+  Text,
+  Date,
+  Name,  ///< a number that stands for one of several names
+};
 
 /// The part of an integer that a field occupies; width 0 means all of it.
 struct Bits {
@@ -30,7 +45,7 @@ struct Bits {
 /// One field of a record, as data: where it lies in the block, what it holds and what it is called. A field may be a
 /// single value, a list (rank 1) or a table (rank 2), of scalars or of sub-records with fields of their own.
 ///
-/// Arrays of these describe whole records; the functions below read, find, show and set any field of any record.
+/// Arrays of these describe whole records; the functions below read, show and set any field of any record.
 struct FieldInfo {
   const char* name;
   unsigned short offset;
@@ -43,9 +58,15 @@ struct FieldInfo {
   FieldKind kind = FieldKind::Number;
   double scale = 1;  ///< presented = stored * scale + bias
   double bias = 0;
+  double divisor = 0;  ///< 1 / scale where that is whole: a division by it rounds once and gives 0.1, not 0.1000...01
   const char* unit = "";
-  std::span<const FieldInfo> members{};  ///< of a sub-record
-  bool openEnded = false;                ///< a list of as many elements as the block has room for
+  std::span<const FieldInfo> members{};           ///< of a sub-record
+  bool openEnded = false;                         ///< a list of as many elements as the block has room for
+  bool isPersonal = false;                        ///< tells one module from the next, or who had it
+  bool isFixed = false;                           ///< the rest of the block depends on it: not to be edited
+  const char* usedRows = "";                      ///< the field of the same record that counts the elements in use
+  const char* usedCols = "";                      ///< the same for the columns of a table
+  const char* (*nameOf)(std::int64_t) = nullptr;  ///< of a Name
 
   /// A character array is one text rather than a list of small numbers; an array of those is a list of texts.
   constexpr FieldInfo asText() const {
@@ -74,6 +95,32 @@ struct FieldInfo {
     field.unit = unitName;
     field.scale = factor;
     field.bias = distance;
+    const bool small = factor > 1e-9 && factor < 1;
+    const auto whole = static_cast<double>(small ? static_cast<std::int64_t>(1 / factor + 0.5) : 0);
+    field.divisor = small && factor == 1 / whole ? whole : 0;
+    return field;
+  }
+  /// The elements in use are as many as other fields of the record say.
+  constexpr FieldInfo counted(const char* rowsField, const char* colsField = "") const {
+    FieldInfo field = *this;
+    field.usedRows = rowsField;
+    field.usedCols = colsField;
+    return field;
+  }
+  constexpr FieldInfo personal() const {
+    FieldInfo field = *this;
+    field.isPersonal = true;
+    return field;
+  }
+  constexpr FieldInfo fixed() const {
+    FieldInfo field = *this;
+    field.isFixed = true;
+    return field;
+  }
+  constexpr FieldInfo namedBy(const char* (*namer)(std::int64_t)) const {
+    FieldInfo field = *this;
+    field.kind = FieldKind::Name;
+    field.nameOf = namer;
     return field;
   }
   constexpr FieldInfo openList() const {
@@ -88,6 +135,10 @@ struct FieldInfo {
     return field;
   }
 };
+
+constexpr bool isFloating(ScalarType type) {
+  return type == ScalarType::F32 || type == ScalarType::F64 || type == ScalarType::F80;
+}
 
 namespace detail {
 
@@ -125,36 +176,37 @@ constexpr FieldInfo describeField(const char* name, std::size_t offset) {
 struct FieldElement {
   const FieldInfo* field;
   std::size_t offset;
+  std::size_t size = field->stride;  ///< its bytes; texts of any length have their own
+
+  bool isInside(std::size_t blockSize) const { return detail::fits(blockSize, offset, size); }
 };
 
-/// Integers and packed dates, floating values, texts.
-using FieldValue = std::variant<std::int64_t, double, std::string>;
+/// Values as records store them, or as people read them: scaled, biased, in a unit.
+enum class ValueForm : unsigned char { Presented, Stored };
+
+/// The presented value of a stored number.
+VELK_EXPORT double presentedValue(const FieldInfo& field, double stored);
+
+/// The stored integer (of a floating field: 0) and its text forms below; bytes outside the block count as 0.
+VELK_EXPORT std::int64_t integerValue(detail::ConstBytes block, FieldElement element);
+
+/// The value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
+VELK_EXPORT std::string fieldText(detail::ConstBytes block, FieldElement element, ValueForm form = ValueForm::Stored);
+
+/// "-32768 to 32767": what a number or date field takes, as text.
+VELK_EXPORT std::string fieldLimits(const FieldInfo& field, ValueForm form);
 
 enum class FieldResult {
   Done,
-  NoSuchField,
   NotAValue,     ///< the text is no number, no date
   OutOfRange,    ///< more than the field can hold
   OutsideBlock,  ///< the block is too short to have the field
+  Fixed,         ///< the rest of the block depends on the field
 };
 
-/// Calls `visit` for every element in order, with its path: "serialNumber", "values[3]", "cells[2][5]",
-/// "blocks[7].gain". `blockSize` tells how long open-ended lists are; all other elements are visited whether the block
-/// has them or not.
-VELK_EXPORT void visitFields(std::span<const FieldInfo> fields, std::size_t blockSize,
-                             const std::function<void(const std::string& path, FieldElement)>& visit);
-
-/// The element at `path`, or nothing where no field and no place inside its capacity is called so.
-VELK_EXPORT std::optional<FieldElement> findField(std::span<const FieldInfo> fields, std::string_view path);
-
-/// The stored value; bytes outside the block count as 0.
-VELK_EXPORT FieldValue readField(detail::ConstBytes block, FieldElement element);
-
-/// The value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
-VELK_EXPORT std::string fieldText(detail::ConstBytes block, FieldElement element);
-
-/// Stores what `text` says, in the form that fieldText gives; any other result leaves the block unchanged. The block's
-/// checksum is the caller's.
-VELK_EXPORT FieldResult setFieldText(detail::MutableBytes block, FieldElement element, std::string_view text);
+/// Stores what `text` says, in the form that fieldText gives; any other result leaves the block unchanged. A presented
+/// number becomes the nearest that the field can store. The block's checksum is the caller's.
+VELK_EXPORT FieldResult setFieldText(detail::MutableBytes block, FieldElement element, std::string_view text,
+                                     ValueForm form = ValueForm::Stored);
 
 }  // namespace Velk

@@ -17,7 +17,7 @@ struct VELK_RECORD CountedRecord {
 template <class Record, int scale, UnitName unit>
 inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, count),
-    VELK_FIELD(Record, values).in(unit.name, scale),
+    VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
 };
 
 /// Completes the traits of a list class by what its record tells, and by the unit of its values times `scale`, which is

@@ -15,7 +15,8 @@ struct VELK_RECORD GridRecord {
 };
 
 template <class Record, UnitName unit>
-inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, cells).in(unit.name)};
+inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count),
+                                           VELK_FIELD(Record, cells).in(unit.name).counted("count")};
 
 /// Completes the traits of a table class by what its record tells, and by the unit of its cells.
 template <class Record, UnitName unit = "">

@@ -26,7 +26,7 @@ void writeValue(TextWriter& text, T value, int decimals) {
 }
 
 std::int64_t storedCount(ConstBytes block, const FieldInfo& count) {
-  return std::get<std::int64_t>(readField(block, {&count, count.offset}));
+  return integerValue(block, {&count, count.offset});
 }
 
 /// "EXT_CAL_DAT_A_LEVEL" names its companion "COUNT_OF_EXT_CAL_DAT_A_FREQ".

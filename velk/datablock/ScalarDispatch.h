@@ -5,7 +5,7 @@
 namespace Velk::detail {
 
 /// Calls `act` with a zero of the scalar type, so that what it does over many elements is compiled for that type. For
-/// sub-records nothing is called.
+/// sub-records and the x87's numbers, which no C++ type stores in ten bytes, nothing is called.
 template <class Act>
 void withScalarType(ScalarType type, Act act) {
   switch (type) {
@@ -21,10 +21,15 @@ void withScalarType(ScalarType type, Act act) {
       return act(0U);
     case ScalarType::I32:
       return act(0);
+    case ScalarType::U64:
+      return act(std::uint64_t{0});
+    case ScalarType::I64:
+      return act(std::int64_t{0});
     case ScalarType::F32:
       return act(0.0F);
     case ScalarType::F64:
       return act(0.0);
+    case ScalarType::F80:
     case ScalarType::Record:
       return;
   }

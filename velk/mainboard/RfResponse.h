@@ -25,7 +25,7 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseAttAmpl) == 9612);
 inline constexpr FieldInfo attPolynomFields[] = {VELK_FIELD(HwSAttPolynomValues, coefficients).in("1/10000")};
 inline constexpr FieldInfo rfResponseAttAmplFields[] = {
     VELK_FIELD(HwSDatablockMbrdRfResponseAttAmpl, count),
-    VELK_FIELD(HwSDatablockMbrdRfResponseAttAmpl, cells).of(attPolynomFields),
+    VELK_FIELD(HwSDatablockMbrdRfResponseAttAmpl, cells).of(attPolynomFields).counted("", "count"),
 };
 
 /// A path's amplitude response with its attenuator pads: a row for each attenuator setting, a column for each frequency

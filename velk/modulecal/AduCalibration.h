@@ -53,7 +53,7 @@ inline constexpr FieldInfo aduGainOffsetEntryFields[] = {
 };
 inline constexpr FieldInfo aduGainOffsetFields[] = {
     VELK_FIELD(HwSDatablockAduGainOffsetCalData, count),
-    VELK_FIELD(HwSDatablockAduGainOffsetCalData, entries).of(aduGainOffsetEntryFields),
+    VELK_FIELD(HwSDatablockAduGainOffsetCalData, entries).of(aduGainOffsetEntryFields).counted("count"),
 };
 
 /// Offsets of the analog-to-digital unit by gain step.

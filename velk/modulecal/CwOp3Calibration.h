@@ -99,7 +99,7 @@ struct VELK_RECORD HwSDatablockCwop6VcoIdent {
 static_assert(sizeof(HwSDatablockCwop6VcoIdent) == 28);
 
 inline constexpr FieldInfo vcoIdentFields[] = {
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber), VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber), VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber).personal(),
     VELK_FIELD(HwSDatablockCwop6VcoIdent, lotNumber), VELK_FIELD(HwSDatablockCwop6VcoIdent, taz),
     VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subh),  VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subl),
     VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subh),  VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subl),
@@ -224,7 +224,7 @@ inline constexpr FieldInfo levCorrFields[] = {
 inline constexpr FieldInfo detLinCorrFields[] = {
     VELK_FIELD(HwSDatablockCwopDetLinCorrData, steps),
     VELK_FIELD(HwSDatablockCwopDetLinCorrData, validFreqs),
-    VELK_FIELD(HwSDatablockCwopDetLinCorrData, values).of(levCorrFields),
+    VELK_FIELD(HwSDatablockCwopDetLinCorrData, values).of(levCorrFields).counted("validFreqs", "steps"),
 };
 
 /// A path's detector linearity: at each frequency, levels and their corrections.

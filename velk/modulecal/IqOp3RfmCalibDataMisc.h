@@ -35,10 +35,14 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, toleranceDetAtt).in("dB", detail::dbPerStep),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detFullScale).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, numberOfOperatingStates),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V"),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz).in("dB", detail::dbPerStep),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz).in("dB"),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz)
+        .in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep)
+        .counted("numberOfOperatingStates"),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V").counted("numberOfOperatingStates"),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz)
+        .in("dB", detail::dbPerStep)
+        .counted("numberOfOperatingStates"),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz).in("dB").counted("numberOfOperatingStates"),
 };
 
 /// A state above 11 reads as 0 and stores nothing.

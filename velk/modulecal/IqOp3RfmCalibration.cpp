@@ -10,7 +10,7 @@ constexpr int entries = 300;
 std::int64_t part(const HwSIqOp3RfmCalibDataBlock& block, std::size_t field) {
   const detail::ConstBytes bytes(reinterpret_cast<const unsigned char*>(&block), sizeof block);
   const FieldInfo& info = iqOp3CalibBlockFields[field];
-  return std::get<std::int64_t>(readField(bytes, {&info, info.offset}));
+  return integerValue(bytes, {&info, info.offset});
 }
 
 enum Part : std::size_t { LevPre, DetAtt, DetConvDeflection, LevAtt15, LevAtt30, LevAtt45 };

@@ -16,7 +16,7 @@ static_assert(sizeof(HwSDatablockCommonStatisticData) == 524);
 
 inline constexpr FieldInfo commonStatisticFields[] = {
     VELK_FIELD(HwSDatablockCommonStatisticData, length),
-    VELK_FIELD(HwSDatablockCommonStatisticData, data),
+    VELK_FIELD(HwSDatablockCommonStatisticData, data).counted("length"),
 };
 
 /// The power-on count or the operating-time count of a module, or a backup of either. No operation that stores data

@@ -35,11 +35,11 @@ inline constexpr FieldInfo identFields[] = {
     VELK_FIELD(HwSDatablockIdent, variant),
     VELK_FIELD(HwSDatablockIdent, hardwareCode),
     VELK_FIELD(HwSDatablockIdent, productIndex),
-    VELK_FIELD(HwSDatablockIdent, serialNumber),
+    VELK_FIELD(HwSDatablockIdent, serialNumber).personal(),
     VELK_FIELD(HwSDatablockIdent, productDate).asDate(),
     VELK_FIELD(HwSDatablockIdent, readCode),
     VELK_FIELD(HwSDatablockIdent, testInstruction),
-    VELK_FIELD(HwSDatablockIdent, name).asText(),
+    VELK_FIELD(HwSDatablockIdent, name).asText().personal(),
 };
 
 /// The ident record as a block: its fields and the lines that they print.

@@ -15,7 +15,8 @@ struct VELK_RECORD HwSDatablockMbrdSerialNumber {
 };
 static_assert(sizeof(HwSDatablockMbrdSerialNumber) == 12);
 
-inline constexpr FieldInfo mbrdSerialNumberFields[] = {VELK_FIELD(HwSDatablockMbrdSerialNumber, serialNumber)};
+inline constexpr FieldInfo mbrdSerialNumberFields[] = {
+    VELK_FIELD(HwSDatablockMbrdSerialNumber, serialNumber).personal()};
 
 class VELK_EXPORT HwDatablockMbrdSerialNumber : public HwTypedRecordBlock<HwSDatablockMbrdSerialNumber> {
  public:
@@ -88,7 +89,7 @@ static_assert(sizeof(HwSDatablockMbrdMac) == 256);
 
 inline constexpr FieldInfo mbrdMacFields[] = {
     VELK_FIELD(HwSDatablockMbrdMac, macLength),
-    VELK_FIELD(HwSDatablockMbrdMac, mac),
+    VELK_FIELD(HwSDatablockMbrdMac, mac).counted("macLength").personal(),
 };
 
 /// Has no text form but its bytes.

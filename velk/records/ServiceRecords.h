@@ -22,7 +22,7 @@ struct VELK_RECORD HwSDatablockServiceData {
 static_assert(sizeof(HwSDatablockServiceData) == 24);
 
 inline constexpr FieldInfo serviceFields[] = {
-    VELK_FIELD(HwSDatablockServiceData, department).asText(),
+    VELK_FIELD(HwSDatablockServiceData, department).asText().personal(),
     VELK_FIELD(HwSDatablockServiceData, serviceDate).asDate(),
     VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeHours", {.shift = 0, .width = 18}).in("h"),
     VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeTurnOn", {.shift = 18, .width = 14}),

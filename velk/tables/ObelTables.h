@@ -208,8 +208,8 @@ static_assert(sizeof(HwSDatablockObelWiqSensorData) == 460);
 
 inline constexpr FieldInfo obelWiqSensorFields[] = {
     VELK_FIELD(HwSDatablockObelWiqSensorData, count),
-    VELK_FIELD(HwSDatablockObelWiqSensorData, a),
-    VELK_FIELD(HwSDatablockObelWiqSensorData, b),
+    VELK_FIELD(HwSDatablockObelWiqSensorData, a).counted("count"),
+    VELK_FIELD(HwSDatablockObelWiqSensorData, b).counted("count"),
 };
 
 class VELK_EXPORT HwDatablockObelWiqSensorData : public HwTypedRecordBlock<HwSDatablockObelWiqSensorData> {

@@ -123,7 +123,7 @@ template <class Record>
 inline constexpr FieldInfo levelTableFields[] = {
     VELK_FIELD(Record, levelSteps),
     VELK_FIELD(Record, freqs),
-    VELK_FIELD(Record, cells),
+    VELK_FIELD(Record, cells).counted("levelSteps", "freqs"),
 };
 
 namespace detail {

@@ -22,7 +22,8 @@ struct VELK_RECORD HwSTable {
   bool operator==(const HwSTable&) const = default;
 
   static constexpr std::array<FieldInfo, 3> fields(double scale) {
-    return {VELK_FIELD(HwSTable, rows), VELK_FIELD(HwSTable, cols), VELK_FIELD(HwSTable, cells).in("", scale)};
+    return {VELK_FIELD(HwSTable, rows), VELK_FIELD(HwSTable, cols),
+            VELK_FIELD(HwSTable, cells).in("", scale).counted("rows", "cols")};
   }
 };
 
@@ -39,7 +40,8 @@ struct VELK_RECORD HwSTableIndex {
 
   static constexpr std::array<FieldInfo, 4> fields(double scale) {
     return {VELK_FIELD(HwSTableIndex, rows), VELK_FIELD(HwSTableIndex, cols),
-            VELK_FIELD(HwSTableIndex, cells).in("", scale), VELK_FIELD(HwSTableIndex, indexColumn)};
+            VELK_FIELD(HwSTableIndex, cells).in("", scale).counted("rows", "cols"),
+            VELK_FIELD(HwSTableIndex, indexColumn).counted("rows")};
   }
 };
 
@@ -59,7 +61,8 @@ struct VELK_RECORD HwSTableExtended {
 
   static constexpr std::array<FieldInfo, 4> fields(double scale) {
     return {VELK_FIELD(HwSTableExtended, descriptors).asText(), VELK_FIELD(HwSTableExtended, rows),
-            VELK_FIELD(HwSTableExtended, cols), VELK_FIELD(HwSTableExtended, cells).in("", scale)};
+            VELK_FIELD(HwSTableExtended, cols),
+            VELK_FIELD(HwSTableExtended, cells).in("", scale).counted("rows", "cols")};
   }
 };
 

@@ -1,0 +1,92 @@
+#include <nlohmann/json.hpp>
+
+#include "CommandSupport.h"
+
+namespace {
+
+using nlohmann::json;
+using VelkTest::Command;
+using VelkTest::Outcome;
+using VelkTest::run;
+
+class Export : public Command {
+ protected:
+  std::string contents(const QString& name) { return VelkTest::readFile(directory_.filePath(name).toStdString()); }
+};
+
+TEST_F(Export, JsonOfTheExamplesStaysAsItIs) {
+  for (const QString& image : VelkTest::exampleImages()) {
+    const Outcome result = run({"export", "--stored", image});
+    EXPECT_EQ(result.exitCode, 0) << image.toStdString();
+    if (result.output.size() > 50'000) continue;
+    const std::string name = image.chopped(4).toStdString() + ".export.json";
+    EXPECT_EQ(result.output, VelkTest::golden(name, result.output)) << name;
+  }
+}
+
+TEST_F(Export, JsonLinesSayWhatTheDocumentSays) {
+  const Outcome lines = run({"export", "--format", "jsonl", "detector.bin", "missing.bin", "rf_board.bin"});
+  EXPECT_EQ(lines.exitCode, 3);
+  std::istringstream stream(lines.output);
+  std::vector<json> blocks;
+  for (std::string line; std::getline(stream, line);) blocks.push_back(json::parse(line));
+  const json document = json::parse(run({"export", "detector.bin", "missing.bin", "rf_board.bin"}).output);
+  std::vector<json> expected;
+  for (const json& file : document["files"]) {
+    const json start = {{"schema", "velk/1"}, {"file", file["file"]}};
+    if (file.contains("error")) {
+      expected.push_back(start);
+      expected.back()["error"] = file["error"];
+      continue;
+    }
+    for (const json& block : file["blocks"]) {
+      expected.push_back(block);
+      expected.back().update(start);
+    }
+  }
+  EXPECT_EQ(blocks, expected);
+}
+
+TEST_F(Export, SelectsBlocks) {
+  const auto offsets = [](const QStringList& arguments) {
+    const json document = json::parse(run(QStringList{"export", "rf_board.bin"} + arguments).output);
+    std::vector<int> found;
+    for (const json& block : document["files"][0]["blocks"]) found.push_back(block["offset"].get<int>());
+    return found;
+  };
+  EXPECT_EQ(offsets({"--id", "10", "--id", "4242"}), (std::vector<int>{44, 88}));
+  EXPECT_EQ(offsets({"--id", "10", "--nth", "2"}), std::vector<int>{});
+  EXPECT_EQ(run({"export", "--id", "65536", "rf_board.bin"}).exitCode, 2);
+}
+
+TEST_F(Export, CsvOfOneTableOrOfAllToFiles) {
+  const Outcome one = run({"export", "--format", "csv", "--id", "15750", "rf_board_tables.bin"});
+  EXPECT_EQ(one.exitCode, 0);
+  EXPECT_TRUE(one.output.starts_with("row,cells[0]\n0,0\n")) << one.output;
+
+  const Outcome many = run({"export", "--format", "csv", "detector.bin"});
+  EXPECT_EQ(many.exitCode, 2);
+  EXPECT_EQ(many.output, "");
+  EXPECT_NE(many.errors.find("gives 7 tables; -o names a folder"), many.errors.npos) << many.errors;
+
+  EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "detector.bin", "-o", directory_.path()}).exitCode, 0);
+  const QStringList files = QDir(directory_.path()).entryList(QDir::Files, QDir::Name);
+  EXPECT_EQ(files.size(), 14);
+  EXPECT_TRUE(files.contains("detector.ID_1040.table1.csv") && files.contains("detector.ID_1040.table1~2.csv"));
+  EXPECT_EQ(contents("detector.IDENT_2.csv").substr(0, 11), "eepromSize,");
+  EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "-o", "/nowhere"}).exitCode, 2);
+}
+
+TEST_F(Export, DamagedBlocksAreThereAndTold) {
+  QByteArray bytes = VelkTest::exampleImage("rf_board.bin");
+  bytes[34] = '\xE4';
+  const Outcome result = run({"export", "--id", "2", file("damaged.bin", bytes)});
+  EXPECT_EQ(result.exitCode, 1);
+  const json block = json::parse(result.output)["files"][0]["blocks"][0];
+  EXPECT_EQ(block["verdict"], "wrong checksum");
+  EXPECT_EQ(block["fields"]["name"],
+            "RF-B\xC3\xA4"
+            "ARD");
+}
+
+}  // namespace

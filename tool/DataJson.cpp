@@ -1,0 +1,106 @@
+#include "DataJson.h"
+
+#include "velk/datablock/FieldValue.h"
+
+namespace VelkTool {
+namespace {
+
+using Velk::BlockData;
+using Velk::DataNode;
+using Velk::DataPath;
+using Velk::ValueForm;
+
+/// Whether some value of a part is presented as another number than the stored one.
+bool isPresentedOtherwise(const DataNode& node) {
+  if (node.kind() == DataNode::Kind::Value) return Velk::detail::isScaled(*node.element().field);
+  const std::size_t parts = node.run() ? std::min<std::size_t>(node.size(), 1) : node.size();
+  for (std::size_t i = 0; i < parts; ++i) {
+    if (isPresentedOtherwise(node[i])) return true;
+  }
+  return false;
+}
+
+using Units = std::vector<std::pair<std::string, const char*>>;
+
+/// The units of a part's values; the elements of a list have those of the first.
+void collectUnits(const DataNode& node, const DataPath& path, Units& units) {
+  if (node.kind() == DataNode::Kind::Value) {
+    const char* const unit = node.element().field->unit;
+    if (*unit != '\0') units.emplace_back(path.text(false), unit);
+  } else if (node.kind() == DataNode::Kind::Record) {
+    forEachPart(node, path, [&](const DataPath& part, const DataNode& below) { collectUnits(below, part, units); });
+  } else if (node.size() != 0) {
+    collectUnits(node[0], DataPath(path, std::size_t{0}), units);
+  }
+}
+
+class DataWriter {
+ public:
+  DataWriter(JsonWriter& json, const BlockData& data, ValueForm form) : json_(json), data_(data), form_(form) {}
+
+  /// Of records, only the members that `accepts` takes.
+  template <class Accepts>
+  void write(const DataNode& node, Accepts accepts) {
+    switch (node.kind()) {
+      case DataNode::Kind::Value:
+        return writeDataValue(json_, data_.bytes(), node.element(), form_);
+      case DataNode::Kind::List:
+        return writeList(node, accepts);
+      case DataNode::Kind::Record:
+        json_.beginObject();
+        for (std::size_t i = 0; i < node.size(); ++i) {
+          const DataNode member = node[i];
+          if (!accepts(member)) continue;
+          json_.key(node.nameOf(i));
+          write(member, accepts);
+        }
+        json_.endObject();
+    }
+  }
+
+ private:
+  template <class Accepts>
+  void writeList(const DataNode& list, Accepts accepts) {
+    const auto run = list.run();
+    const bool row = run || (list.size() != 0 && list[0].kind() == DataNode::Kind::Value);
+    row ? json_.beginRow() : json_.beginArray();
+    if (run) {
+      Velk::detail::withValues(data_.bytes(), run->first, run->count, form_,
+                               [this](auto value) { json_.value(value); });
+    } else {
+      for (std::size_t i = 0; i < list.size(); ++i) write(list[i], accepts);
+    }
+    row ? json_.endRow() : json_.endArray();
+  }
+
+  JsonWriter& json_;
+  const BlockData& data_;
+  ValueForm form_;
+};
+
+}  // namespace
+
+void writeData(JsonWriter& json, const BlockData& data, ValueForm form) {
+  DataWriter(json, data, form).write(data.root(), [](const DataNode&) { return true; });
+}
+
+void writeDataNotes(JsonWriter& json, const BlockData& data, bool stored) {
+  Units units;
+  collectUnits(data.root(), {}, units);
+  if (!units.empty()) {
+    json.key("units").beginObject();
+    for (const auto& [name, unit] : units) json.member(name, unit);
+    json.endObject();
+  }
+  if (stored && isPresentedOtherwise(data.root())) {
+    json.key("stored");
+    DataWriter(json, data, ValueForm::Stored).write(data.root(), isPresentedOtherwise);
+  }
+}
+
+void writeDataValue(JsonWriter& json, Velk::detail::ConstBytes block, const Velk::FieldElement& element,
+                    ValueForm form) {
+  Velk::detail::withValue(block, element, form, [&](auto value) { json.value(value); });
+}
+
+}  // namespace VelkTool

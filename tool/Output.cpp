@@ -1,0 +1,34 @@
+#include "Output.h"
+
+#include "Files.h"
+
+namespace VelkTool {
+
+bool Output::accepts(Session& session, const std::string& input) const {
+  std::string refusal;
+  if (inPlace_ && input == "-") refusal = "standard input cannot be changed in place; -o names a file";
+  if (!inPlace_ && isSameFile(input, file_)) refusal = "would be written over; --in-place does that";
+  if (refusal.empty()) return true;
+  session.complain(input, refusal);
+  session.worsen(Exit::Usage);
+  return false;
+}
+
+void Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
+  const QByteArray contents = Velk::encodeImage(image);
+  if (backup_ && !copyFile(session, input, input + ".bak")) return;
+  writeFile(session, inPlace_ ? input : file_, contents);
+}
+
+std::shared_ptr<const Output> addOutput(CLI::App& command) {
+  const auto output = std::make_shared<Output>();
+  CLI::Option_group* const where = command.add_option_group("Output", "Where the changed image goes");
+  where->add_option("-o,--output", output->file_, "The file to be written, in the format of the input")
+      ->type_name("OUT");
+  CLI::Option* const inPlace = where->add_flag("--in-place", output->inPlace_, "Replace FILE");
+  where->require_option(1);
+  command.add_flag("--backup", output->backup_, "Keep what FILE was as FILE.bak, which is replaced")->needs(inPlace);
+  return output;
+}
+
+}  // namespace VelkTool

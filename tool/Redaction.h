@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "velk/image/MemoryImage.h"
+
+namespace VelkTool {
+
+/// What redaction did to one block.
+struct Redaction {
+  const Velk::BlockView& block;
+  bool isKnown;                    ///< otherwise nobody knows which of its bytes are personal, and all were left
+  std::vector<std::string> taken;  ///< the fields that held something
+};
+
+/// Redacts every block of an image in place; `tell` sees each block.
+void redactImage(QByteArray& image, std::uint64_t start, std::uint64_t sectorSize,
+                 const std::function<void(const Redaction& redaction)>& tell);
+
+}  // namespace VelkTool

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Inputs.h"
+
+namespace VelkTool {
+
+/// Which blocks of each image a run is about: all, unless ids are given.
+struct Selection {
+  std::vector<int> ids{};
+  unsigned occurrence = 0;  ///< counted from 1 among the blocks of an id; 0: each
+};
+
+/// Adds --id and, with `occurrences`, --nth to a subcommand; the values are there when its callback runs.
+std::shared_ptr<Selection> addSelection(CLI::App& command, bool occurrences);
+
+/// Calls `act` with every selected block, in the order of the image.
+void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
+                  const std::function<void(const Velk::BlockView& block)>& act);
+
+}  // namespace VelkTool

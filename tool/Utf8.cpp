@@ -1,0 +1,60 @@
+#include "Utf8.h"
+
+namespace VelkTool {
+
+std::optional<Character> takeUtf8(std::string_view text) {
+  struct Form {
+    unsigned char mask, lead;
+    char32_t least;
+  };
+  constexpr Form forms[] = {{0x80, 0x00, 0}, {0xE0, 0xC0, 0x80}, {0xF0, 0xE0, 0x800}, {0xF8, 0xF0, 0x10000}};
+  const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  for (std::size_t length = 1; length <= std::size(forms); ++length) {
+    const Form& form = forms[length - 1];
+    if ((byteAt(0) & form.mask) != form.lead) continue;
+    if (length > text.size()) return std::nullopt;
+    auto code = static_cast<char32_t>(byteAt(0) & static_cast<unsigned char>(~form.mask));
+    for (std::size_t i = 1; i < length; ++i) {
+      if ((byteAt(i) & 0xC0U) != 0x80U) return std::nullopt;
+      code = code << 6U | (byteAt(i) & 0x3FU);
+    }
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code < form.least || surrogate || code > 0x10FFFF) return std::nullopt;
+    return Character{length, code};
+  }
+  return std::nullopt;
+}
+
+namespace {
+
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::optional<Character> character = takeUtf8(text);
+    if (!character) return false;
+    text.remove_prefix(character->length);
+  }
+  return true;
+}
+
+std::string fromLatin1(std::string_view text) {
+  std::string utf8;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      utf8 += c;
+    } else {
+      utf8 += static_cast<char>(0xC0U | byte >> 6U);
+      utf8 += static_cast<char>(0x80U | (byte & 0x3FU));
+    }
+  }
+  return utf8;
+}
+
+}  // namespace
+
+std::string_view asUtf8(std::string_view text, std::string& converted) {
+  if (isUtf8(text)) return text;
+  return converted = fromLatin1(text);
+}
+
+}  // namespace VelkTool

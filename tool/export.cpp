@@ -1,0 +1,146 @@
+#include <map>
+#include <set>
+
+#include "Commands.h"
+#include "Csv.h"
+#include "DataJson.h"
+#include "Files.h"
+#include "Images.h"
+#include "JsonReport.h"
+#include "Selection.h"
+
+namespace VelkTool {
+namespace {
+
+using Velk::BlockView;
+
+enum class Format { Json, JsonLines, Csv };
+
+struct Export {
+  Format format = Format::Json;
+  bool stored = false;
+  std::string folder{};
+};
+
+void writeJson(Session& session, const Inputs& inputs, const Selection& selection, const Export& options) {
+  const auto write = options.format == Format::Json ? writeJsonReport : writeJsonLines;
+  write(session, inputs, selection, [&](JsonWriter& json, const Input& input, const BlockView& block) {
+    const Velk::BlockData data(block);
+    json.key("fields");
+    writeData(json, data, Velk::ValueForm::Presented);
+    writeDataNotes(json, data, options.stored);
+    complainOf(session, input.name, block);
+  });
+}
+
+/// Writes each block's tables to files of their own, or the only table there is to standard output.
+class CsvExporter {
+ public:
+  CsvExporter(Session& session, const Selection& selection, const Export& options)
+      : session_(session), selection_(selection), options_(options) {}
+
+  void exportAll(const Inputs& inputs) {
+    forEachInput(session_, inputs, [&](const Input& input) {
+      if (options_.folder.empty() && !hasOneTable(input, inputs)) return;
+      std::map<std::string, unsigned> seen;
+      forEachBlock(input.image, selection_, [&](const BlockView& block) {
+        const unsigned occurrence = ++seen[Velk::blockName(block)];
+        if (isWanted(block)) exportBlock(input, block, occurrence);
+      });
+    });
+  }
+
+ private:
+  /// The end block is a table only for whoever asks for it.
+  bool isWanted(const BlockView& block) const { return block.kind != Velk::BlockKind::End || !selection_.ids.empty(); }
+
+  bool hasOneTable(const Input& input, const Inputs& inputs) {
+    std::size_t tables = 0;
+    forEachBlock(input.image, selection_, [&](const BlockView& block) {
+      if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
+    });
+    if (tables == 1 && inputs.files.size() == 1) return true;
+    session_.complain(input.name, "gives " + std::to_string(tables) +
+                                      " tables; -o names a folder for them, --id and --nth choose a block");
+    session_.worsen(Exit::Usage);
+    return false;
+  }
+
+  void exportBlock(const Input& input, const BlockView& block, unsigned occurrence) {
+    const Velk::BlockData data(block);
+    const std::size_t tables = CsvTable::count(data);
+    for (std::size_t table = 0; table < tables; ++table) {
+      const CsvTable csv(data, table, options_.stored);
+      if (options_.folder.empty()) {
+        csv.write([&](std::string_view text) { session_.write(text); });
+      } else {
+        std::string name = stem(input.name) + '.' + printable(Velk::blockName(block));
+        if (occurrence > 1) name += '-' + std::to_string(occurrence);
+        if (tables > 1) name += ".table" + std::to_string(table);
+        QByteArray contents;
+        csv.write([&](std::string_view text) { contents.append(text.data(), static_cast<qsizetype>(text.size())); });
+        writeFile(session_, options_.folder + '/' + unused(name) + ".csv", contents);
+      }
+    }
+    complainOf(session_, input.name, block);
+  }
+
+  /// A file's name without its folder and ending.
+  static std::string stem(const std::string& path) {
+    if (path == "-") return "stdin";
+    const std::string name = path.substr(path.find_last_of('/') + 1);
+    return name.substr(0, std::max<std::size_t>(name.find_last_of('.'), 1));
+  }
+
+  static std::string printable(std::string name) {
+    for (char& c : name) {
+      const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-';
+      if (!plain) c = '_';
+    }
+    return name;
+  }
+
+  /// Images from different folders may have the same name.
+  std::string unused(const std::string& name) {
+    std::string free = name;
+    for (unsigned i = 2; !used_.insert(free).second; ++i) free = name + '~' + std::to_string(i);
+    return free;
+  }
+
+  Session& session_;
+  const Selection& selection_;
+  const Export& options_;
+  std::set<std::string> used_;
+};
+
+}  // namespace
+
+void addExport(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("export", "The fields and tables of blocks as JSON or CSV");
+  const auto inputs = addRedactableInputs(*command);
+  const auto selection = addSelection(*command, true);
+  const auto options = std::make_shared<Export>();
+  const std::map<std::string, Format> formats{
+      {"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}};
+  command
+      ->add_option("--format", options->format,
+                   "json: one document (as without it); jsonl: a line for each block; csv: a table for each block")
+      ->transform(CLI::CheckedTransformer(formats).description(""))
+      ->type_name("FORMAT");
+  command->add_flag("--stored", options->stored, "Also the stored numbers where scaled ones are shown");
+  command
+      ->add_option("-o,--output", options->folder,
+                   "The folder for CSV files; one table alone may go to standard output")
+      ->check(CLI::ExistingDirectory)
+      ->type_name("DIR");
+  command->footer(
+      "Lists and tables end with the elements in use. Damaged blocks are exported too, and told on standard error.\n\n"
+      "Examples:\n  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
+      "  velk export --format jsonl fleet/*.bin > fleet.jsonl");
+  command->callback([&session, inputs, selection, options] {
+    if (options->format != Format::Csv) return writeJson(session, *inputs, *selection, *options);
+    CsvExporter(session, *selection, *options).exportAll(*inputs);
+  });
+}
+
+}  // namespace VelkTool

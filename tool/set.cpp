@@ -1,0 +1,121 @@
+#include "Commands.h"
+#include "Files.h"
+#include "Images.h"
+#include "Output.h"
+#include "Selection.h"
+#include "velk/data/BlockEdit.h"
+
+namespace VelkTool {
+namespace {
+
+using Velk::BlockView;
+using Velk::ValueForm;
+
+struct Edit {
+  std::vector<std::string> assignments{};
+  bool stored = false;
+  bool force = false;
+};
+
+class Editor {
+ public:
+  Editor(Session& session, const Inputs& inputs, const Selection& selection, const Edit& edit, const Output& output)
+      : session_(session), inputs_(inputs), selection_(selection), edit_(edit), output_(output) {}
+
+  void run() {
+    const std::string& name = inputs_.files.front();
+    if (!output_.accepts(session_, name)) return;
+    Input input = openInput(session_, inputs_, name);
+    if (!input.file.error.empty()) return;
+    const std::optional<BlockView> block = choose(input);
+    if (!block || !edit(input, *block)) return;
+    output_.write(session_, name, input.file);
+  }
+
+ private:
+  std::nullopt_t refuse(const std::string& file, const std::string& what, Exit exit = Exit::Findings) {
+    session_.complain(file, what + "; nothing is changed");
+    session_.worsen(exit);
+    return std::nullopt;
+  }
+
+  /// The block to be edited.
+  std::optional<BlockView> choose(const Input& input) {
+    std::vector<BlockView> blocks;
+    forEachBlock(input.image, selection_, [&](const BlockView& block) { blocks.push_back(block); });
+    const std::string id = std::to_string(selection_.ids.front());
+    if (blocks.empty()) return refuse(input.name, "has no such block of id " + id);
+    if (blocks.size() > 1) {
+      return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + id + "; --nth says which");
+    }
+    const BlockView& block = blocks.front();
+    if (!block.isSound() && !edit_.force) {
+      return refuse(input.name, placeText(block) + ": " + Velk::verdictName(block) +
+                                    ", which --force would let pass and replace by a right one");
+    }
+    return block;
+  }
+
+  /// Whether all values could be set.
+  bool edit(Input& input, const BlockView& found) {
+    // The image goes on viewing the bytes as they were.
+    auto* const image = reinterpret_cast<unsigned char*>(input.file.bytes.data());
+    const Velk::detail::MutableBytes bytes(image + found.offset, found.bytes.size());
+    BlockView block = found;
+    block.bytes = bytes;
+    const ValueForm form = edit_.stored ? ValueForm::Stored : ValueForm::Presented;
+    std::string changes;
+    for (const std::string& assignment : edit_.assignments) {
+      const std::size_t equals = assignment.find('=');
+      const std::string path = assignment.substr(0, equals);
+      const std::string before = textOf(block, path, form);
+      const std::string refusal =
+          equals == assignment.npos
+              ? "\"" + assignment + "\" is not of the form name=value"
+              : Velk::setValue(bytes, block, path, std::string_view(assignment).substr(equals + 1), form);
+      if (!refusal.empty()) {
+        refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
+        return false;
+      }
+      changes += Velk::blockName(block) + " " + path + ": " + before + " -> " + textOf(block, path, form) + '\n';
+    }
+    Velk::sealBlock(bytes, block.kind);
+    session_.write(changes);
+    return true;
+  }
+
+  static std::string textOf(const BlockView& block, std::string_view path, ValueForm form) {
+    const Velk::BlockData data(block, Velk::Extent::Capacity);
+    const Velk::DataLookup lookup = Velk::findValue(data.root(), path);
+    return lookup.value ? fieldText(block.bytes, lookup.value->element(), form) : std::string();
+  }
+
+  Session& session_;
+  const Inputs& inputs_;
+  const Selection& selection_;
+  const Edit& edit_;
+  const Output& output_;
+};
+
+}  // namespace
+
+void addSet(CLI::App& app, Session& session) {
+  CLI::App* const command = app.add_subcommand("set", "Changes fields of a block by name and makes its checks right");
+  const auto inputs = addInputs(*command, 1);
+  const auto selection = addSelection(*command, true);
+  command->get_option("--id")->required()->expected(1);
+  const auto edit = std::make_shared<Edit>();
+  command->add_option("NAME=VALUE", edit->assignments, "What to set, as serialNumber=123456 or values[3]=-17")
+      ->required();
+  command->add_flag("--stored", edit->stored, "Values are the stored numbers, not the scaled ones that export shows");
+  command->add_flag("--force", edit->force, "Also change a block that is not sound");
+  const auto output = addOutput(*command);
+  command->footer(
+      "Names are those that export shows; lists count from 0. Either all values are set or nothing is changed.\n\n"
+      "Examples:\n  velk set module.bin --id 2 serialNumber=123456 productDate=2017-03-15 -o changed.bin\n"
+      "  velk set module.bin --id 2 name=\"RF board\" --in-place --backup");
+  command->callback(
+      [&session, inputs, selection, edit, output] { Editor(session, *inputs, *selection, *edit, *output).run(); });
+}
+
+}  // namespace VelkTool

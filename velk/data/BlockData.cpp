@@ -1,0 +1,289 @@
+#include "velk/data/BlockData.h"
+
+#include <algorithm>
+#include <array>
+
+#include "velk/datablock/Checksums.h"
+
+namespace Velk {
+namespace {
+
+using detail::ConstBytes;
+
+const char* typeName(std::int64_t type) { return detail::typeRow(static_cast<unsigned>(type)).typeName; }
+
+constexpr FieldInfo typeField(const char* name, std::size_t offset) {
+  return detail::describeField<unsigned char>(name, offset).namedBy(typeName).fixed();
+}
+
+constexpr FieldInfo updateIndexField =
+    detail::describeField<unsigned short>("updateIndex", offsetof(HwSDatablockHeader2Edition, updateIndex))
+        .in("", 0.01);
+constexpr const char* selfDescribingMembers[] = {"updateIndex", "tables"};
+constexpr FieldInfo columnTypeField = typeField("columnTypes", 0);
+
+/// What stands in the header of a table; more members follow.
+constexpr FieldInfo tableHeaderFields[] = {
+    VELK_FIELD(HwSTableHeader2Edition, rows).fixed(),
+    detail::describeField<unsigned short>("cols", offsetof(HwSTableHeader2Edition, columns)).fixed(),
+    typeField("rowIdType", offsetof(HwSTableHeader2Edition, rowIdType)),
+    typeField("columnIdType", offsetof(HwSTableHeader2Edition, columnIdType)),
+};
+constexpr const char* tableParts[] = {"columnTypes", "rowIds", "columnIds", "cells"};
+enum TableMember : unsigned char { ColumnTypes = std::size(tableHeaderFields), RowIds, ColumnIds, Cells };
+
+/// How the values of each type are stored and shown. What is no type has no size and is never found in a block.
+constexpr auto typedFields = [] {
+  using enum ScalarType;
+  constexpr ScalarType storedAs[] = {U8,  U8,  I8,  U16, I16, U32, I32, U64, I64, F32, F64, F80, I16,
+                                     I16, I16, I16, I32, I32, I32, I32, U8,  U8,  U8,  U8,  U8,  U8};
+  static_assert(std::size(storedAs) == TYPE_ID_MAX + 1);
+  std::array<FieldInfo, std::size(storedAs)> fields{};
+  for (unsigned type = 0; type < fields.size(); ++type) {
+    FieldInfo field{"", 0, storedAs[type], static_cast<unsigned short>(detail::typeSize(type))};
+    if (detail::isFixedPoint(type)) field = field.in("", detail::fixedPointUnit(type));
+    if (detail::isCharacters(type) || type == TYPE_ID_STRING) field.kind = FieldKind::Text;
+    field.isFixed = type == TYPE_ID_STRING;  // a longer one would move all that follows
+    fields[type] = field;
+  }
+  return fields;
+}();
+
+const FieldInfo& typedField(unsigned type) { return typedFields[type <= TYPE_ID_MAX ? type : TYPE_ID_NONE]; }
+
+// The bytes of blocks whose layout nobody knows, behind what is known.
+constexpr FieldInfo bytesFrom(std::size_t offset) {
+  return detail::describeField<unsigned char>("bytes", offset).openList();
+}
+constexpr FieldInfo strayBytes[] = {bytesFrom(0)};
+constexpr FieldInfo unknownBytes[] = {bytesFrom(sizeof(HwSDatablockHeader))};
+constexpr FieldInfo counterBytes[] = {bytesFrom(detail::shortestCrcBlock)};
+
+std::span<const FieldInfo> fieldsOf(const BlockView& block) {
+  if (block.row != nullptr) return block.row->fields;
+  if (block.kind == BlockKind::EventCounter) return counterBytes;
+  return block.kind == BlockKind::Stray ? std::span(strayBytes) : std::span(unknownBytes);
+}
+
+std::uint32_t placeIn(ConstBytes block, ConstBytes part) {
+  return static_cast<std::uint32_t>(part.data() - block.data());
+}
+
+/// Where each of the texts begins that stand back to back, each with its zero, and where the next would.
+std::vector<std::uint32_t> textStarts(ConstBytes block, ConstBytes texts) {
+  std::vector<std::uint32_t> starts;
+  for (std::size_t at = 0; at < texts.size();) {
+    starts.push_back(placeIn(block, texts) + static_cast<std::uint32_t>(at));
+    at += detail::textAt(texts, at, texts.size()).size() + 1;
+  }
+  starts.push_back(placeIn(block, texts) + static_cast<std::uint32_t>(texts.size()));
+  return starts;
+}
+
+/// Rows that have a cell; a damaged table may claim any number.
+std::size_t rowsThere(const StoredTable& table) {
+  std::size_t there = 0;
+  for (std::size_t beyond = std::size_t{table.rows()} + 1; beyond - there > 1;) {
+    const std::size_t middle = there + (beyond - there) / 2;
+    (table.cell(0, middle - 1).data() != nullptr ? there : beyond) = middle;
+  }
+  return there;
+}
+
+DataTable dataTable(ConstBytes block, std::size_t offset, StoredTable stored) {
+  DataTable table{.offset = offset, .rows = rowsThere(stored)};
+  if (stored.rowIdType() == TYPE_ID_STRING) table.rowTexts = textStarts(block, stored.rowIds());
+  if (stored.columnIdType() == TYPE_ID_STRING) table.columnTexts = textStarts(block, stored.columnIds());
+  table.stored = std::move(stored);
+  return table;
+}
+
+/// The number that a field of the same record gives as the elements in use.
+std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
+                          std::string_view counter, std::size_t capacity) {
+  const auto field = std::ranges::find(fields, counter, &FieldInfo::name);
+  if (counter.empty() || field == fields.end()) return capacity;
+  const std::int64_t count = integerValue(block, {&*field, offset + field->offset});
+  return count < 0 ? capacity : std::min(capacity, static_cast<std::size_t>(count));
+}
+
+}  // namespace
+
+BlockData::BlockData(ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent)
+    : bytes_(bytes), fields_(fields), extent_(extent) {}
+
+BlockData::BlockData(const BlockView& block, Extent extent) : BlockData(block.bytes, fieldsOf(block), extent) {
+  selfDescribing_ = block.kind == BlockKind::SecondEdition;
+  if (!selfDescribing_) return;
+  std::size_t offset = sizeof(HwSDatablockHeader2Edition);
+  for (TableWalk walk(bytes_); std::optional<StoredTable> table = walk.next();) {
+    const std::size_t end = table->end();
+    tables_.push_back(dataTable(bytes_, offset, std::move(*table)));
+    offset = end;
+  }
+}
+
+DataNode BlockData::root() const {
+  if (selfDescribing_) return {*this, DataNode::SelfDescribing{}};
+  return {*this, DataNode::Record{fields_, 0}};
+}
+
+DataNode::Kind DataNode::kind() const {
+  constexpr Kind kinds[] = {Kind::Value,  Kind::Record, Kind::List, Kind::Record, Kind::List,
+                            Kind::Record, Kind::List,   Kind::List, Kind::List};
+  static_assert(std::size(kinds) == std::variant_size_v<Place>);
+  return kinds[place_.index()];
+}
+
+namespace {
+
+template <class... Acts>
+struct Overloaded : Acts... {
+  using Acts::operator()...;
+};
+template <class... Acts>
+Overloaded(Acts...) -> Overloaded<Acts...>;
+
+}  // namespace
+
+std::size_t DataNode::size() const {
+  return std::visit(Overloaded{
+                        [](const FieldElement&) { return std::size_t{0}; },
+                        [](const Record& record) { return record.fields.size(); },
+                        [](const Elements& elements) { return elements.count; },
+                        [](const SelfDescribing&) { return std::size(selfDescribingMembers); },
+                        [this](const Tables&) { return data_->tables().size(); },
+                        [](const Table&) { return std::size(tableHeaderFields) + std::size(tableParts); },
+                        [](const Texts& texts) { return texts.starts->size() - 1; },
+                        [](const Rows& rows) { return rows.table->rows; },
+                        [](const Row& row) { return row.table->columnTypes().size(); },
+                    },
+                    place_);
+}
+
+const char* DataNode::nameOf(std::size_t index) const {
+  if (const auto* const record = std::get_if<Record>(&place_)) return record->fields[index].name;
+  if (std::holds_alternative<SelfDescribing>(place_)) return selfDescribingMembers[index];
+  constexpr std::size_t inHeader = std::size(tableHeaderFields);
+  return index < inHeader ? tableHeaderFields[index].name : tableParts[index - inHeader];
+}
+
+const FieldInfo* DataNode::field() const {
+  if (const auto* const element = std::get_if<FieldElement>(&place_)) return element->field;
+  const auto* const elements = std::get_if<Elements>(&place_);
+  return elements == nullptr ? nullptr : elements->field;
+}
+
+std::optional<DataNode> DataNode::find(std::string_view name) const {
+  if (kind() != Kind::Record) return std::nullopt;
+  for (std::size_t i = 0; i < size(); ++i) {
+    if (name == nameOf(i)) return (*this)[i];
+  }
+  return std::nullopt;
+}
+
+DataNode DataNode::operator[](std::size_t index) const {
+  const auto cell = [this](const StoredTable& table, std::size_t column, std::size_t row) -> FieldElement {
+    const FieldInfo& field = typedField(table.columnTypes()[column]);
+    const ConstBytes bytes = table.cell(column, row);
+    if (bytes.data() == nullptr) return {&field, data_->bytes().size(), std::max<std::size_t>(field.stride, 1)};
+    return {&field, placeIn(data_->bytes(), bytes), bytes.size()};
+  };
+  const Place place =
+      std::visit(Overloaded{
+                     [](const FieldElement& element) -> Place { return element; },
+                     [&](const Record& record) { return member(record, record.fields[index]); },
+                     [&](const Elements& elements) { return elementOf(elements, index); },
+                     [&](const SelfDescribing&) {
+                       return index == 0 ? elementAt(updateIndexField, updateIndexField.offset) : Place(Tables{});
+                     },
+                     [&](const Tables&) -> Place { return Table{&data_->tables()[index]}; },
+                     [&](const Table& table) { return part(*table.table, index); },
+                     [&](const Texts& texts) -> Place {
+                       const std::uint32_t start = (*texts.starts)[index];
+                       return FieldElement{&typedField(TYPE_ID_STRING), start, (*texts.starts)[index + 1] - start};
+                     },
+                     [&](const Rows& rows) -> Place {
+                       return Row{&rows.table->stored, index};
+                     },
+                     [&](const Row& row) -> Place { return cell(*row.table, index, row.row); },
+                 },
+                 place_);
+  return {*data_, place};
+}
+
+/// How many elements of a field the block has room for from an offset on.
+std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
+  const std::size_t size = data_->bytes().size();
+  return offset >= size || field.stride == 0 ? 0 : (size - offset) / field.stride;
+}
+
+DataNode::Place DataNode::member(const Record& record, const FieldInfo& field) const {
+  const std::size_t offset = record.offset + field.offset;
+  if (field.rank == 0) return elementAt(field, offset);
+  const bool inUse = data_->extent() == Extent::InUse;
+  const auto used = [&](const char* counter, std::size_t capacity) {
+    return inUse ? elementsInUse(data_->bytes(), record.fields, record.offset, counter, capacity) : capacity;
+  };
+  const std::size_t room = roomFor(field, offset);
+  if (field.openEnded) return Elements{&field, offset, room};
+  const std::size_t rows = used(field.usedRows, field.rows);
+  if (field.rank == 1) return Elements{&field, offset, std::min(rows, room)};
+  const std::size_t rowsThere = (room + field.cols - 1) / field.cols;
+  return Elements{&field, offset, std::min(rows, rowsThere), used(field.usedCols, field.cols), true};
+}
+
+DataNode::Place DataNode::elementOf(const Elements& elements, std::size_t index) const {
+  const FieldInfo& field = *elements.field;
+  if (elements.isTable) {
+    const std::size_t offset = elements.offset + index * field.cols * field.stride;
+    return Elements{&field, offset, std::min(elements.columns, roomFor(field, offset))};
+  }
+  return elementAt(field, elements.offset + index * field.stride);
+}
+
+DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {
+  if (field.type == ScalarType::Record) return Record{field.members, offset};
+  return FieldElement{&field, offset};
+}
+
+DataNode::Place DataNode::part(const DataTable& table, std::size_t index) const {
+  const StoredTable& stored = table.stored;
+  const auto listOf = [&](const FieldInfo& field, ConstBytes values) -> Place {
+    const std::size_t size = std::max<std::size_t>(field.stride, 1);
+    return Elements{&field, values.empty() ? 0 : placeIn(data_->bytes(), values), values.size() / size};
+  };
+  switch (index) {
+    case ColumnTypes:
+      return listOf(columnTypeField, stored.columnTypes());
+    case RowIds:
+      if (stored.rowIdType() == TYPE_ID_STRING) return Texts{&table.rowTexts};
+      return listOf(typedField(stored.rowIdType()), stored.rowIds());
+    case ColumnIds:
+      if (stored.columnIdType() == TYPE_ID_STRING) return Texts{&table.columnTexts};
+      return listOf(typedField(stored.columnIdType()), stored.columnIds());
+    case Cells:
+      return Rows{&table};
+    default:
+      return elementAt(tableHeaderFields[index], table.offset + tableHeaderFields[index].offset);
+  }
+}
+
+std::optional<DataNode::Run> DataNode::run() const {
+  const auto* const elements = std::get_if<Elements>(&place_);
+  if (elements == nullptr || elements->isTable || elements->field->type == ScalarType::Record) return std::nullopt;
+  return Run{{elements->field, elements->offset}, elements->count};
+}
+
+std::string DataPath::text(bool indices) const {
+  std::string text = parent_ == nullptr ? std::string() : parent_->text(indices);
+  if (name_ != nullptr) {
+    if (!text.empty()) text += '.';
+    text += name_;
+  } else if (indices && parent_ != nullptr) {
+    text += '[' + std::to_string(index_) + ']';
+  }
+  return text;
+}
+
+}  // namespace Velk

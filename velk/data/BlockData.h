@@ -1,0 +1,169 @@
+#pragma once
+
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "velk/Export.h"
+#include "velk/datablock/Fields.h"
+#include "velk/edition2/StoredTable.h"
+#include "velk/image/MemoryImage.h"
+
+namespace Velk {
+
+/// Which elements a list or table has: those that its block says are in use, or all that the block has room for.
+enum class Extent : unsigned char { InUse, Capacity };
+
+/// A table of a second-edition block, and where in the block its texts begin that have no fixed length.
+struct DataTable {
+  StoredTable stored;
+  std::size_t offset = 0;                    ///< of the table in its block
+  std::size_t rows = 0;                      ///< with at least one cell
+  std::vector<std::uint32_t> rowTexts{};     ///< of each row id that is a string; then where the next would begin
+  std::vector<std::uint32_t> columnTexts{};  ///< the same for the column ids
+};
+
+class BlockData;
+
+/// A place in the data of a block: a value, a list of places, or a record of named ones.
+///
+/// Nodes are small and made on the way; they view the BlockData that they come from, which has to outlive them.
+class VELK_EXPORT DataNode {
+ public:
+  enum class Kind : unsigned char { Value, List, Record };
+
+  Kind kind() const;
+  /// How many elements a list or members a record has; 0 for a value.
+  std::size_t size() const;
+  /// An element or member; `index` is below size().
+  DataNode operator[](std::size_t index) const;
+  /// What a member is called; `index` is below size() of a record.
+  const char* nameOf(std::size_t index) const;
+  /// The member of a record that is called so, or nothing.
+  std::optional<DataNode> find(std::string_view name) const;
+  /// The field that a value, a list or a table is, where its record declares it; else null.
+  const FieldInfo* field() const;
+  /// Where a value lies. Only of a value.
+  const FieldElement& element() const { return std::get<FieldElement>(place_); }
+
+  /// Values of one field that stand one behind the other.
+  struct Run {
+    FieldElement first;
+    std::size_t count = 0;
+  };
+  /// The elements of a list of values that is stored as one run: the fast way to all of them.
+  std::optional<Run> run() const;
+
+ private:
+  friend class BlockData;
+
+  /// Members that are declared as fields.
+  struct Record {
+    std::span<const FieldInfo> fields;
+    std::size_t offset;
+  };
+  /// Elements of a field one behind the other; those of a table are its rows.
+  struct Elements {
+    const FieldInfo* field;
+    std::size_t offset;
+    std::size_t count;
+    std::size_t columns = 0;
+    bool isTable = false;
+  };
+  struct SelfDescribing {};
+  struct Tables {};
+  struct Table {
+    const DataTable* table;
+  };
+  struct Texts {
+    const std::vector<std::uint32_t>* starts;
+  };
+  struct Rows {
+    const DataTable* table;
+  };
+  struct Row {
+    const StoredTable* table;
+    std::size_t row;
+  };
+  using Place = std::variant<FieldElement, Record, Elements, SelfDescribing, Tables, Table, Texts, Rows, Row>;
+
+  DataNode(const BlockData& data, Place place) : data_(&data), place_(place) {}
+
+  static Place elementAt(const FieldInfo& field, std::size_t offset);
+  Place member(const Record& record, const FieldInfo& field) const;
+  Place elementOf(const Elements& elements, std::size_t index) const;
+  Place part(const DataTable& table, std::size_t index) const;
+  std::size_t roomFor(const FieldInfo& field, std::size_t offset) const;
+
+  const BlockData* data_;
+  Place place_;
+};
+
+/// What a block holds, of whatever kind it is, as one tree of named values. Export, comparison, editing and redaction
+/// all walk this tree.
+///
+/// Old-style blocks have the fields of their class; second-edition blocks `updateIndex` and `tables`, each with `rows`,
+/// `cols`, `rowIdType`, `columnIdType`, `columnTypes`, `rowIds`, `columnIds` and `cells[r][c]`; all others their
+/// `bytes`. Lists end where the block does; a single value may lie outside it. The block's bytes have to outlive the
+/// data, which takes memory in proportion to them.
+class VELK_EXPORT BlockData {
+ public:
+  explicit BlockData(const BlockView& block, Extent extent = Extent::InUse);
+  /// The data of a record whose fields are these.
+  BlockData(detail::ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent = Extent::InUse);
+  BlockData(const BlockData&) = delete;
+  BlockData& operator=(const BlockData&) = delete;
+
+  DataNode root() const;
+  detail::ConstBytes bytes() const { return bytes_; }
+  const std::vector<DataTable>& tables() const { return tables_; }
+  Extent extent() const { return extent_; }
+  /// Whether the data are those of a second-edition block.
+  bool isSelfDescribing() const { return selfDescribing_; }
+
+ private:
+  detail::ConstBytes bytes_;
+  std::span<const FieldInfo> fields_;
+  Extent extent_;
+  bool selfDescribing_ = false;
+  std::vector<DataTable> tables_;
+};
+
+/// Where a value stands in its block. A walk strings these together on its way down, so that a path costs nothing until
+/// its text is asked for.
+class VELK_EXPORT DataPath {
+ public:
+  DataPath() = default;
+  explicit DataPath(const char* name) : name_(name) {}
+  DataPath(const DataPath& parent, const char* name) : parent_(&parent), name_(name) {}
+  DataPath(const DataPath& parent, std::size_t index) : parent_(&parent), index_(index) {}
+
+  /// As "serialNumber", "cells[2][5]", "blocks[7].gain"; without `indices` "cells", "blocks.gain".
+  std::string text(bool indices = true) const;
+
+ private:
+  const DataPath* parent_ = nullptr;
+  const char* name_ = nullptr;  ///< of a member; null for an element
+  std::size_t index_ = 0;
+};
+
+/// Calls `act` with the path and the node of each part of a record or list, in order.
+template <class Act>
+void forEachPart(const DataNode& node, const DataPath& path, Act act) {
+  const bool record = node.kind() == DataNode::Kind::Record;
+  for (std::size_t i = 0; i < node.size(); ++i) {
+    act(record ? DataPath(path, node.nameOf(i)) : DataPath(path, i), node[i]);
+  }
+}
+
+/// Calls `act` with the path and the element of every value at and below a node, in order.
+template <class Act>
+void forEachValue(const DataNode& node, const DataPath& path, Act& act) {
+  if (node.kind() == DataNode::Kind::Value) return act(path, node.element());
+  forEachPart(node, path, [&](const DataPath& part, const DataNode& below) { forEachValue(below, part, act); });
+}
+
+}  // namespace Velk

@@ -1,0 +1,200 @@
+#include "velk/data/BlockEdit.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+#include "velk/datablock/Checksums.h"
+
+namespace Velk {
+namespace {
+
+using detail::MutableBytes;
+
+/// How many characters have to be added, dropped or replaced to make one text the other.
+std::size_t editDistance(std::string_view from, std::string_view to) {
+  std::vector<std::size_t> row(to.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < from.size(); ++i) {
+    std::size_t diagonal = std::exchange(row[0], i + 1);
+    for (std::size_t j = 0; j < to.size(); ++j) {
+      const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+std::string noMember(const DataNode& record, std::string_view name) {
+  constexpr std::size_t longestName = 64;
+  const char* nearest = "";
+  std::size_t least = std::numeric_limits<std::size_t>::max();
+  for (std::size_t i = 0; i < record.size() && name.size() <= longestName; ++i) {
+    const std::size_t distance = editDistance(name, record.nameOf(i));
+    if (distance < least) nearest = record.nameOf(i);
+    least = std::min(least, distance);
+  }
+  std::string text = "no field \"" + std::string(name) + '"';
+  if (*nearest != '\0') text += "; the nearest is " + std::string(nearest);
+  return text;
+}
+
+/// One step of a path: a name, or an index in brackets.
+struct Step {
+  std::string_view name{};
+  std::optional<std::size_t> index{};
+};
+
+/// Takes the first step off a path, or nothing where it begins with none.
+std::optional<Step> takeStep(std::string_view& path) {
+  if (path.starts_with('[')) {
+    std::size_t index = 0;
+    const char* const end = path.data() + path.size();
+    const auto [digitsEnd, error] = std::from_chars(path.data() + 1, end, index);
+    if (error != std::errc{} || digitsEnd == end || *digitsEnd != ']') return std::nullopt;
+    path.remove_prefix(static_cast<std::size_t>(digitsEnd - path.data()) + 1);
+    return Step{.index = index};
+  }
+  const std::string_view name = path.substr(0, path.find_first_of(".["));
+  path.remove_prefix(name.size());
+  return Step{.name = name};
+}
+
+/// The part of a node that a step leads to; else `lookup` says why there is none.
+std::optional<DataNode> take(const DataNode& node, const Step& step, std::string_view before, DataLookup& lookup) {
+  const std::string text(before);
+  if (node.kind() == DataNode::Kind::Record) {
+    if (step.index || (step.name.empty() && !text.empty())) {
+      lookup.complaint = text + " has fields, as " + text + '.' + node.nameOf(0);
+    } else if (const auto member = node.find(step.name)) {
+      return member;
+    } else {
+      lookup.complaint = noMember(node, step.name);
+    }
+  } else if (node.kind() == DataNode::Kind::Value) {
+    lookup.complaint = text + " is a single value";
+  } else if (!step.index) {
+    lookup.complaint = text + " is a list, as " + text + "[0]";
+  } else if (*step.index < node.size()) {
+    return node[*step.index];
+  } else {
+    lookup.complaint = text + " has " + std::to_string(node.size()) + " elements, counted from 0";
+  }
+  return std::nullopt;
+}
+
+/// The bytes of a block that its checksum covers, but for the checksum itself.
+unsigned short restOfSum(detail::ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
+
+std::string describeRefusal(FieldResult result, const FieldElement& element, std::string_view text, ValueForm form) {
+  const FieldInfo& field = *element.field;
+  const std::string given(text);
+  switch (result) {
+    case FieldResult::Done:
+      return {};
+    case FieldResult::NotAValue:
+      if (field.kind == FieldKind::Date) return '"' + given + "\" is no date such as 2017-03-15";
+      return '"' + given + "\" is no " + (isFloating(field.type) ? "number" : "whole number");
+    case FieldResult::OutOfRange:
+      if (field.kind == FieldKind::Text) {
+        return '"' + given + "\" has " + std::to_string(given.size()) + " bytes, there is room for " +
+               std::to_string(element.size);
+      }
+      return given + " is out of range: " + fieldLimits(field, form);
+    case FieldResult::OutsideBlock:
+      return "the block ends before it";
+    case FieldResult::Fixed:
+      return "cannot be changed: the rest of the block depends on it";
+  }
+  return {};
+}
+
+/// Why a count of this name cannot be so high; empty where it can, or the name is no count.
+std::string tooMany(const DataNode& root, std::string_view name, std::int64_t count) {
+  for (std::size_t i = 0; root.kind() == DataNode::Kind::Record && i < root.size(); ++i) {
+    const FieldInfo* const field = root[i].field();
+    if (field == nullptr) continue;
+    const unsigned capacity = name == field->usedRows ? field->rows : name == field->usedCols ? field->cols : 0;
+    if (capacity != 0 && count > capacity) {
+      return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + field->name +
+             " has room for";
+    }
+  }
+  return {};
+}
+
+constexpr std::size_t checksumOffset = offsetof(HwSDatablockHeader, checksum);
+
+}  // namespace
+
+DataLookup findValue(const DataNode& root, std::string_view path) {
+  DataLookup lookup;
+  DataNode node = root;
+  const std::string_view whole = path;
+  do {
+    const std::string_view before = whole.substr(0, whole.size() - path.size());
+    if (!before.empty() && path.starts_with('.')) path.remove_prefix(1);
+    const std::optional<Step> step = takeStep(path);
+    if (!step) {
+      lookup.complaint = std::string(before) + " is followed by no index in brackets";
+      return lookup;
+    }
+    const std::optional<DataNode> part = take(node, *step, before, lookup);
+    if (!part) return lookup;
+    node = *part;
+  } while (!path.empty());
+  if (node.kind() == DataNode::Kind::Value) {
+    lookup.value = node;
+  } else {
+    take(node, {}, whole, lookup);
+  }
+  return lookup;
+}
+
+std::string setValue(MutableBytes block, const BlockView& view, std::string_view path, std::string_view text,
+                     ValueForm form) {
+  const BlockData data(view, Extent::Capacity);
+  const DataLookup lookup = findValue(data.root(), path);
+  if (!lookup.value) return lookup.complaint;
+  const FieldElement& element = lookup.value->element();
+  const std::vector<unsigned char> before(block.begin(), block.end());
+  const FieldResult result = setFieldText(block, element, text, form);
+  std::string refusal = describeRefusal(result, element, text, form);
+  if (refusal.empty()) refusal = tooMany(data.root(), path, integerValue(block, element));
+  if (refusal.empty()) return {};
+  std::ranges::copy(before, block.begin());
+  return std::string(path) + ": " + refusal;
+}
+
+void sealBlock(MutableBytes block, BlockKind kind) {
+  if (kind == BlockKind::End || kind == BlockKind::Stray) return;
+  if (kind == BlockKind::SecondEdition) detail::store(block, detail::crcOffset, detail::crcOf(block));
+  detail::store(block, checksumOffset, detail::checksumOf(block));
+}
+
+bool isRedactable(const BlockView& block) { return block.row != nullptr; }
+
+std::vector<std::string> redactBlock(MutableBytes block, const BlockView& view) {
+  std::vector<std::string> taken;
+  if (!isRedactable(view)) return taken;
+  const unsigned short before = restOfSum(block);
+  const BlockData data(view, Extent::Capacity);
+  const auto erase = [&](const DataPath& path, const FieldElement& element) {
+    if (!element.field->isPersonal || !element.isInside(block.size())) return;
+    const MutableBytes bytes = block.subspan(element.offset, element.size);
+    if (std::ranges::all_of(bytes, [](unsigned char byte) { return byte == 0; })) return;
+    std::ranges::fill(bytes, static_cast<unsigned char>(0));
+    std::string name = path.text(false);
+    if (taken.empty() || taken.back() != name) taken.push_back(std::move(name));
+  };
+  forEachValue(data.root(), {}, erase);
+  if (taken.empty() || block.size() < sizeof(HwSDatablockHeader)) return taken;
+  const auto stored = detail::load<unsigned short>(block, checksumOffset);
+  detail::store(block, checksumOffset, static_cast<unsigned short>(stored + before - restOfSum(block)));
+  return taken;
+}
+
+}  // namespace Velk

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <charconv>
+#include <cmath>
+
+#include "velk/datablock/PackedDate.h"
+#include "velk/datablock/ScalarDispatch.h"
+
+namespace Velk {
+
+/// A date as text: 2017-03-15.
+class DateText {
+ public:
+  explicit DateText(PackedDate date) {
+    char* at = std::to_chars(digits_, digits_ + 4, date.year).ptr;
+    for (const unsigned part : {date.month, date.day}) {
+      *at++ = '-';
+      *at++ = static_cast<char>('0' + part / 10);
+      *at++ = static_cast<char>('0' + part % 10);
+    }
+  }
+  std::string_view view() const { return {digits_, sizeof digits_}; }
+
+ private:
+  char digits_[10];
+};
+
+namespace detail {
+
+/// The bits of an integer that a field occupies.
+template <class T>
+constexpr std::int64_t partOf(T word, Bits bits) {
+  const std::int64_t span = std::int64_t{1} << bits.width;
+  const std::int64_t part = static_cast<std::int64_t>(word >> bits.shift) & (span - 1);
+  return bits.isSigned && part >= span / 2 ? part - span : part;
+}
+
+/// The number whose ten x87 bytes stand at `offset`; NaN for bytes that the x87 takes for no number.
+VELK_EXPORT long double loadExtended(ConstBytes bytes, std::size_t offset);
+
+constexpr bool isScaled(const FieldInfo& field) { return field.scale != 1 || field.bias != 0; }
+
+/// Calls `act` with what a stored number of a field means.
+template <class T, class Act>
+void withNumber(const FieldInfo& field, T stored, ValueForm form, Act& act) {
+  if (field.kind == FieldKind::Date) return act(DateText(PackedDate::of(static_cast<unsigned short>(stored))).view());
+  if (field.kind == FieldKind::Name) return act(std::string_view(field.nameOf(static_cast<std::int64_t>(stored))));
+  if (form == ValueForm::Presented && isScaled(field)) return act(presentedValue(field, static_cast<double>(stored)));
+  act(stored);
+}
+
+/// Calls `act` with the value of an element: an integer, a float, double or long double, a std::string_view, which
+/// lives as long as the call, or nullptr where the block is too short to have the element.
+template <class Act>
+void withValue(ConstBytes block, FieldElement element, ValueForm form, Act act) {
+  const FieldInfo& field = *element.field;
+  if (!element.isInside(block.size())) return act(nullptr);
+  if (field.kind == FieldKind::Text) return act(textAt(block, element.offset, element.size));
+  if (field.type == ScalarType::F80) return withNumber(field, loadExtended(block, element.offset), form, act);
+  withScalarType(field.type, [&]<class T>(T) {
+    const T stored = load<T>(block, element.offset);
+    if constexpr (std::is_integral_v<T>) {
+      if (field.bits.width != 0) return withNumber(field, partOf(stored, field.bits), form, act);
+    }
+    withNumber(field, stored, form, act);
+  });
+}
+
+/// Calls `act` with each of `count` elements that stand one behind the other, as withValue does; the block has them
+/// all.
+template <class Act>
+void withValues(ConstBytes block, FieldElement first, std::size_t count, ValueForm form, Act act) {
+  const FieldInfo& field = *first.field;
+  const bool plain = field.kind == FieldKind::Number && field.bits.width == 0 && field.type != ScalarType::F80 &&
+                     !(form == ValueForm::Presented && isScaled(field));
+  if (plain) {
+    return withScalarType(field.type, [&]<class T>(T) {
+      for (std::size_t i = 0; i < count; ++i) act(load<T>(block, first.offset + i * field.stride));
+    });
+  }
+  for (std::size_t i = 0; i < count; ++i, first.offset += field.stride) withValue(block, first, form, act);
+}
+
+}  // namespace detail
+}  // namespace Velk
