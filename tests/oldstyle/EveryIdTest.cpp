@@ -3,6 +3,7 @@
 #include <random>
 
 #include "CatalogueSupport.h"
+#include "FieldSupport.h"
 #include "RecordSupport.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
@@ -82,15 +83,16 @@ TEST(EveryId, IsPrintedIfItIsInTheDictionary) {
   EXPECT_EQ(printed, 283);
 }
 
-/// Lengths at which a block of the row ends before its first value, in the middle of its last field, and before the
-/// last element of that.
+/// Lengths at which a block of the row ends before its first value, in the middle, and before its last.
 std::vector<qsizetype> shorterLengths(const CatalogueRow& row) {
-  const FieldInfo& last = row.fields.back();
-  const int elements = last.rows * last.cols;
-  std::vector<qsizetype> lengths = {row.fields.front().offset, last.offset + elements / 2 * last.stride,
-                                    last.offset + (elements - 1) * last.stride};
+  std::vector<qsizetype> lengths;
+  VelkTest::forEachField(row.fields, row.size, [&](const std::string& /*path*/, const FieldElement& element) {
+    lengths.push_back(static_cast<qsizetype>(element.offset));
+  });
   std::erase_if(lengths, [](qsizetype length) { return length < qsizetype{sizeof(HwSDatablockHeader)}; });
-  return lengths;
+  if (lengths.empty()) return lengths;
+  std::ranges::sort(lengths);
+  return {lengths.front(), lengths[lengths.size() / 2], lengths.back()};
 }
 
 TEST(EveryId, PrintsLikeItsClassWhateverIsMissingOrTooMuch) {

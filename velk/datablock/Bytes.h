@@ -19,12 +19,16 @@ constexpr bool fits(std::size_t size, std::size_t offset, std::size_t count) noe
   return count <= size && offset <= size - count;
 }
 
-/// The stored value at `offset`, or 0 where it is not wholly inside the bytes.
+/// The stored value at `offset`, or 0 where it is not wholly inside the bytes. A sub-record has what is there of it,
+/// and zeros behind that.
 template <class T>
 T load(ConstBytes bytes, std::size_t offset) noexcept {
   T value{};
   if (fits(bytes.size(), offset, sizeof(T))) {
     std::memcpy(&value, bytes.data() + offset, sizeof(T));
+    swapStoredAndHost(value);
+  } else if constexpr (std::is_class_v<T>) {
+    if (offset < bytes.size()) std::memcpy(&value, bytes.data() + offset, std::min(sizeof(T), bytes.size() - offset));
     swapStoredAndHost(value);
   }
   return value;
