@@ -32,9 +32,13 @@ class JsonWriter {
   JsonWriter& value(std::string_view text);
   JsonWriter& value(const char* text) { return value(std::string_view(text)); }
   JsonWriter& value(bool truth) { return raw(truth ? "true" : "false"); }
-  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks.
+  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks, and for
+  /// what no double can hold, on which readers differ.
   template <class T>
-  requires std::floating_point<T> JsonWriter& value(T number) { return number - number == 0 ? digits(number) : null(); }
+  requires std::floating_point<T> JsonWriter& value(T number) {
+    const auto narrowed = static_cast<double>(number);
+    return narrowed - narrowed == 0 ? digits(number) : null();
+  }
   template <class T>
   requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
   JsonWriter& value(std::nullptr_t) { return null(); }
