@@ -83,6 +83,9 @@ TEST(ExchangeText, OfOneRegisterALineLeavesTheStreamHexadecimal) {
   EXPECT_EQ(plain.str(), text + "0xff");
   EXPECT_EQ(printed(table), "ID:  RFBO_ATTREG_DATA\nCOUNT:  3*1\n1:  4294967295.000\n2:  0.000\n3:  26.000\n\n");
   EXPECT_EQ(fromText<QelRegisters>(text).getByteArrayData(), table.getByteArrayData());
+  std::ostringstream dump;
+  table.conv2ascii(dump, static_cast<HwDatablock&>(table));
+  EXPECT_EQ(dump.str(), printed(table)) << "any other block is dumped";
 }
 
 TEST(ExchangeText, OfAttenuationsAndPointsIsWhatThePrintShows) {

@@ -68,6 +68,7 @@ constexpr auto writeLong = writeFixed<21, 10>;
 
 const ExchangeForm qelAttRegDataForm = {
     .title = nullptr,
+    .isPrint = false,
     .writeCell = writeWord,
     .readCell = readWord,
     .toleratedLines = 5,
@@ -80,6 +81,7 @@ const ExchangeForm qelAttRegDataForm = {
 
 const ExchangeForm lornAttCalFreqForm = {
     .title = "ATT-CAL-FREQ",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
     .toleratedLines = 2,
@@ -90,6 +92,7 @@ const ExchangeForm lornAttCalFreqForm = {
 
 const ExchangeForm lornAttRegAttenuationForm = {
     .title = "ATT-REG-ATTENUATION",
+    .isPrint = true,
     .writeCell = writeFixed<12, 2>,
     .readCell = readHundredths,
     .toleratedLines = 5,
@@ -100,6 +103,7 @@ const ExchangeForm lornAttRegAttenuationForm = {
 
 const ExchangeForm lornAttRegDataForm = {
     .title = "ATT-REG-DATA",
+    .isPrint = false,
     .writeCell = writePaddedWord,
     .readCell = readWord,
     .toleratedLines = 5,
@@ -110,6 +114,7 @@ const ExchangeForm lornAttRegDataForm = {
 
 const ExchangeForm lornTempCompDataForm = {
     .title = "TEMP-COMP-DATA",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readWhole,
     .toleratedLines = 51,
@@ -120,6 +125,7 @@ const ExchangeForm lornTempCompDataForm = {
 
 const ExchangeForm lornTempCompFreqForm = {
     .title = "TEMP-COMP-FREQ",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
     .toleratedLines = 2,

@@ -16,6 +16,7 @@ struct ExchangeMessages {
 struct ExchangeForm {
   /// Names the table in the comments at the head; without a title there are none, and each cell has its own line.
   const char* title;
+  bool isPrint;  ///< the table is printed in this form, not as a dump
   void (*writeCell)(TextWriter& text, double value);
   void (*readCell)(MutableBytes image, std::size_t cell, const char* text, double scale);
   unsigned toleratedLines;  ///< between the ID and the COUNT line
