@@ -75,8 +75,7 @@ const ExchangeForm qelAttRegDataForm = {
     .messages = {.tooManyLines = registerMessages.tooManyLines,
                  .wrongColumns = " correspondent the number of columns not with the given value",
                  .wrongRows = registerMessages.wrongRows},
-    .stopsAtCount = false,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::Taken,
 };
 
 const ExchangeForm lornAttCalFreqForm = {
@@ -86,8 +85,7 @@ const ExchangeForm lornAttCalFreqForm = {
     .readCell = readScaled,
     .toleratedLines = 2,
     .messages = columnMessages("Number of lines between ID: and COUNT: to large!"),
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 const ExchangeForm lornAttRegAttenuationForm = {
@@ -97,8 +95,7 @@ const ExchangeForm lornAttRegAttenuationForm = {
     .readCell = readHundredths,
     .toleratedLines = 5,
     .messages = registerMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::TakenIfNoneAnnounced,
 };
 
 const ExchangeForm lornAttRegDataForm = {
@@ -108,8 +105,7 @@ const ExchangeForm lornAttRegDataForm = {
     .readCell = readWord,
     .toleratedLines = 5,
     .messages = registerMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::TakenIfNoneAnnounced,
 };
 
 const ExchangeForm lornTempCompDataForm = {
@@ -119,8 +115,7 @@ const ExchangeForm lornTempCompDataForm = {
     .readCell = readWhole,
     .toleratedLines = 51,
     .messages = compensationMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 const ExchangeForm lornTempCompFreqForm = {
@@ -130,8 +125,7 @@ const ExchangeForm lornTempCompFreqForm = {
     .readCell = readScaled,
     .toleratedLines = 2,
     .messages = compensationMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 }  // namespace Velk::detail

@@ -81,14 +81,14 @@ void TableReader::takeCount(std::string& line) {
 
 void TableReader::takeRow(const std::string& line) {
   const std::size_t colon = line.find(':');
-  if (colon == line.npos || (form_.refusesSurplusRows && rowsRead_ >= rows())) {
+  if (colon == line.npos || (form_.surplusRows == SurplusRows::Ignored && rowsRead_ >= rows())) {
     state_ = State::Done;
     return;
   }
   const std::size_t tokens = takeTokens(std::string_view(line).substr(colon + 1));
   ++rowsRead_;
   if (tokens != cols()) report("In Row =" + std::to_string(rowsRead_) + form_.messages.wrongColumns);
-  if (form_.stopsAtCount && rowsRead_ == rows()) state_ = State::Done;
+  if (form_.surplusRows == SurplusRows::TakenIfNoneAnnounced && rowsRead_ == rows()) state_ = State::Done;
 }
 
 /// Stores the numbers of one row, on into the next row where there are too many, and returns how many there are.
