@@ -1,8 +1,6 @@
 // Whole images: the walk against reading the bytes once, the command over many files against reading them.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -13,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "RunProgram.h"
 #include "velk/velk.h"
 
 namespace {
@@ -92,23 +91,10 @@ const std::vector<std::string>& manyFiles() {
   return files.names();
 }
 
-/// Runs the command with standard output thrown away; its exit code.
 int runList(const std::vector<std::string>& names) {
   std::vector<std::string> words = {VELK_COMMAND, "list"};
   words.insert(words.end(), names.begin(), names.end());
-  std::vector<char*> arguments;
-  for (std::string& word : words) arguments.push_back(word.data());
-  arguments.push_back(nullptr);
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-  pid_t child = 0;
-  int status = -1;
-  if (posix_spawn(&child, VELK_COMMAND, &actions, nullptr, arguments.data(), environ) == 0) {
-    waitpid(child, &status, 0);
-  }
-  posix_spawn_file_actions_destroy(&actions);
-  return status;
+  return VelkBench::runProgram(std::move(words));
 }
 
 void filesListed(benchmark::State& state) {

@@ -15,6 +15,8 @@ QByteArray dacBoard();
 QByteArray detector();
 /// An RF board with calibration tables of every layout.
 QByteArray rfBoardTables();
+/// No module's: a block of every id that has a class, with a few values in each.
+QByteArray everyId();
 
 /// The attenuator registers of that board as text, with one of them corrected.
 QByteArray attenuatorRegisters();

@@ -19,6 +19,7 @@ constexpr Image images[] = {
     {"dac_board.bin", Examples::dacBoard},
     {"detector.bin", Examples::detector},
     {"rf_board_tables.bin", Examples::rfBoardTables},
+    {"every_id.bin", Examples::everyId},
     {"attenuator_registers.txt", Examples::attenuatorRegisters},
 };
 

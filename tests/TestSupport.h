@@ -102,4 +102,26 @@ inline std::string golden(const std::string& name, const std::string& actual) {
   return readFile(path);
 }
 
+/// Whether two texts are equal; tells the first line that is not, where EXPECT_EQ would compare all of a long text.
+inline testing::AssertionResult isSameText(const std::string& actual, const std::string& expected) {
+  if (actual == expected) return testing::AssertionSuccess();
+  std::istringstream actualLines(actual);
+  std::istringstream expectedLines(expected);
+  std::string actualLine;
+  std::string expectedLine;
+  int number = 0;
+  do {
+    actualLine = expectedLine = "(end)";
+    std::getline(actualLines, actualLine);
+    std::getline(expectedLines, expectedLine);
+    ++number;
+  } while (actualLine == expectedLine && (actualLines || expectedLines));
+  return testing::AssertionFailure() << "line " << number << " is\n  " << actualLine << "\nand not\n  " << expectedLine;
+}
+
+/// Whether a text is the expected one in tests/golden/.
+inline testing::AssertionResult isGolden(const std::string& name, const std::string& actual) {
+  return isSameText(actual, golden(name, actual)) << "\nin " << name;
+}
+
 }  // namespace VelkTest

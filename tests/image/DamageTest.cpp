@@ -13,8 +13,12 @@ namespace {
 
 using detail::ConstBytes;
 
-/// Larger images are damaged in samples.
+/// Larger images are damaged in samples, the headers of their blocks in every bit; the largest in samples only, for
+/// each walk over them takes its time.
 constexpr std::size_t wholly = 4096;
+constexpr std::size_t headersWholly = 65536;
+constexpr int samplesOfLarge = 4096;
+constexpr int samplesOfLargest = 256;
 
 std::vector<BlockView> walk(ConstBytes image) {
   std::vector<BlockView> blocks;
@@ -73,14 +77,34 @@ std::vector<std::size_t> bitsToFlip(std::size_t size, const std::vector<BlockVie
     return bits;
   }
   constexpr std::size_t longestHeader = 12;
-  constexpr int samples = 4096;
   std::mt19937_64 random(size);
   for (const BlockView& block : blocks) {
-    const std::size_t header = std::min(block.bytes.size(), longestHeader);
-    for (std::size_t bit = 0; bit < 8 * header; ++bit) bits.push_back(8 * block.offset + bit);
+    const std::size_t headerBits = 8 * std::min(block.bytes.size(), longestHeader);
+    if (size > headersWholly) {
+      bits.push_back(8 * block.offset + random() % headerBits);
+      continue;
+    }
+    for (std::size_t bit = 0; bit < headerBits; ++bit) bits.push_back(8 * block.offset + bit);
   }
+  const int samples = size > headersWholly ? samplesOfLargest : samplesOfLarge;
   for (int i = 0; i < samples; ++i) bits.push_back(random() % (8 * size));
   return bits;
+}
+
+/// The lengths to cut the image to.
+std::vector<std::size_t> lengthsToCut(std::size_t size, const std::vector<BlockView>& blocks) {
+  std::vector<std::size_t> lengths;
+  if (size > headersWholly) {
+    std::mt19937_64 random(size);
+    for (const BlockView& block : blocks) lengths.push_back(block.offset + random() % block.bytes.size());
+    for (int i = 0; i < samplesOfLargest; ++i) lengths.push_back(random() % size);
+    return lengths;
+  }
+  // Behind the last block every length is like the one before.
+  const std::size_t used = blocks.back().offset + blocks.back().bytes.size();
+  const std::size_t longest = size <= wholly ? size : std::min(size, used + 64);
+  for (std::size_t length = 0; length < longest; ++length) lengths.push_back(length);
+  return lengths;
 }
 
 template <class Act>
@@ -95,10 +119,7 @@ void forEachExample(Act act) {
 TEST(Damage, EveryTruncationIsReported) {
   forEachExample([](ConstBytes image) {
     const std::vector<BlockView> blocks = walk(image);
-    // Behind the last block every length is like the one before.
-    const std::size_t used = blocks.back().offset + blocks.back().bytes.size();
-    const std::size_t longest = image.size() <= wholly ? image.size() : std::min(image.size(), used + 64);
-    for (std::size_t length = 0; length < longest; ++length) {
+    for (const std::size_t length : lengthsToCut(image.size(), blocks)) {
       if (isDamagedAt(blocks, length)) continue;
       EXPECT_EQ(reports(image.first(length), blocks), !cutIsNotSeen(blocks, length)) << length;
     }

@@ -84,7 +84,7 @@ TEST(Mainboard, GoldenTexts) {
   add(HwDatablockMbrdRfResponseLpFreq(2, true), 2);
   add(HwDatablockMbrdRfResponseLpAmp(3, true), 2);
   add(HwDatablockMbrdRfResponseLpPh(0, true), 2);
-  EXPECT_EQ(text, VelkTest::golden("mainboard.txt", text));
+  EXPECT_TRUE(VelkTest::isGolden("mainboard.txt", text));
 }
 
 TEST(Mainboard, NamesFollowTheCurrentId) {

@@ -28,13 +28,29 @@ TEST(DeviceTable, NamesStandAtTheirBoards) {
     }
     return boards;
   };
+  const std::pair<const char*, std::vector<unsigned>> named[] = {
+      {"DACIF", {_DeviceBoard_DACIF_}},
+      {"DACB", {_DeviceBoard_DACB_, _DeviceBoard_DACB_2_}},
+      {"IQOP3", {_DeviceBoard_IQOP3_}},
+      {"IQOP3_RFM", {_DeviceBoard_IQOP3_RFM_}},
+      {"FMR6", {_DeviceBoard_FMR6_}},
+      {"EX_IQ_BOX_IN", {_DeviceBoard_EX_IQ_BOX_IN_}},
+      {"EX_IQ_BOX_OUT", {_DeviceBoard_EX_IQ_BOX_OUT_}},
+      {"BABO", {_DeviceBoard_BABO_, _DeviceBoard_BABO_2_}},
+      {"BBB", {_DeviceBoard_BBB_, _DeviceBoard_BBB_2_, _DeviceBoard_BBB_3_}},
+      {"BBW", {_DeviceBoard_BBW_, _DeviceBoard_BBW_2_, _DeviceBoard_BBW_3_}},
+      {"FILTER6", {_DeviceBoard_FILTER6_}},
+      {"FILTER13", {_DeviceBoard_FILTER13_}},
+      {"IQUPCON20", {_DeviceBoard_IQUPCON20_}},
+      {"BTC_CODER", {_DeviceBoard_BTC_CODER_}},
+  };
+  for (const auto& [name, boards] : named) EXPECT_EQ(rowsOf(name), boards) << name;
   using Boards = std::vector<unsigned>;
-  EXPECT_EQ(rowsOf("DACB"), (Boards{1, 61}));
+  EXPECT_EQ(rowsOf("DACB"), (Boards{1, 61})) << "and the enumerators are the boards' numbers";
+  EXPECT_EQ(rowsOf("EX_IQ_BOX_OUT"), (Boards{60}));
   EXPECT_EQ(rowsOf("BABO"), (Boards{64, 71}));
-  EXPECT_EQ(rowsOf("BBB"), (Boards{102, 103, 104}));
-  EXPECT_EQ(rowsOf("BBW"), (Boards{105, 106, 107}));
-  EXPECT_EQ(rowsOf("FILTER6"), (Boards{82}));
   EXPECT_EQ(rowsOf("FILTER13"), (Boards{82}));
+  EXPECT_EQ(rowsOf("BBW"), (Boards{105, 106, 107}));
   EXPECT_EQ(rowsOf("IQUPCON20"), (Boards{120}));
   EXPECT_EQ(rowsOf("BTC_CODER"), (Boards{102}));
 }

@@ -20,7 +20,7 @@ TEST_F(Command, ExamplesAreWhatTheirProgramMakes) {
   EXPECT_EQ(QDir(directory_.path()).entryList(QDir::Files), examples);
   for (const QString& name : examples) {
     const std::string made = VelkTest::readFile(directory_.filePath(name).toStdString());
-    EXPECT_EQ(made, exampleImage(name).toStdString()) << name.toStdString();
+    EXPECT_TRUE(made == exampleImage(name).toStdString()) << name.toStdString();
   }
 }
 
@@ -31,13 +31,14 @@ TEST_F(Command, GoldenTextsOfTheExamples) {
       EXPECT_EQ(result.exitCode, 0) << name.toStdString();
       const std::string expected = QFileInfo(name).baseName().toStdString() + '.' + verb + ".txt";
       const std::string all = outputAndErrors(result);
-      EXPECT_EQ(all, VelkTest::golden(expected, all));
-      EXPECT_EQ(run({verb, "-"}, exampleImage(name)).output, result.output) << "standard input is like a file";
+      EXPECT_TRUE(VelkTest::isGolden(expected, all));
+      EXPECT_TRUE(VelkTest::isSameText(run({verb, "-"}, exampleImage(name)).output, result.output))
+          << "standard input is like a file";
     }
   }
   const Outcome ids = run({"ids"});
   EXPECT_EQ(ids.exitCode, 0);
-  EXPECT_EQ(ids.output, VelkTest::golden("ids.txt", ids.output));
+  EXPECT_TRUE(VelkTest::isGolden("ids.txt", ids.output));
 }
 
 TEST_F(Command, LayoutsInTheDocumentationAreThoseOfTheCode) {
@@ -70,7 +71,7 @@ TEST_F(Command, PagesOfBlocksThatDescribeThemselves) {
     const Outcome result = run({"print", "--page", page, "detector.bin"});
     EXPECT_EQ(result.exitCode, 0);
     const std::string all = outputAndErrors(result);
-    EXPECT_EQ(all, VelkTest::golden(std::string("detector.") + page + ".txt", all));
+    EXPECT_TRUE(VelkTest::isGolden(std::string("detector.") + page + ".txt", all));
   }
   EXPECT_EQ(run({"print", "--page", "complete", "detector.bin"}).output, run({"print", "detector.bin"}).output);
   EXPECT_EQ(run({"print", "--page", "detail", "rf_board.bin"}).output, run({"print", "rf_board.bin"}).output);

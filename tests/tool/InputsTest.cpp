@@ -25,7 +25,7 @@ void expectSameTexts(const QStringList& first, const QStringList& second) {
   for (const char* const verb : {"list", "check", "print"}) {
     const Outcome one = run(QStringList{verb} + first);
     const Outcome other = run(QStringList{verb} + second);
-    EXPECT_EQ(one.output, other.output);
+    EXPECT_TRUE(VelkTest::isSameText(one.output, other.output));
     EXPECT_EQ(one.exitCode, other.exitCode);
     EXPECT_EQ(complaints(one, first.last()), complaints(other, second.last()));
   }
@@ -41,9 +41,14 @@ TEST_F(Inputs, EveryFormOfAnImageIsTheSameImage) {
       const QByteArray theirs = converted(name, path, format);
       expectSameTexts({name}, {path});
       const Velk::ImageFile image = Velk::decodeImage(theirs);
-      EXPECT_EQ(image.bytes, exampleImage(name));
+      EXPECT_TRUE(image.bytes == exampleImage(name));
       EXPECT_EQ(image.gaps.size(), 0U);
-      EXPECT_EQ(Velk::encodeImage(image).toStdString(), theirs.toStdString()) << "written as it was read";
+      const QByteArray ours = Velk::encodeImage(image);
+      // Beyond that the other tool writes segments of 64 KiB, where ours are linear addresses.
+      if (image.bytes.size() <= 0x10000 || image.format == Velk::ImageFormat::SRecord) {
+        EXPECT_TRUE(VelkTest::isSameText(ours.toStdString(), theirs.toStdString())) << "written as it was read";
+      }
+      EXPECT_TRUE(Velk::decodeImage(ours).bytes == image.bytes);
       EXPECT_EQ(run({"list", "-"}, theirs).output, run({"list", name}).output);
     }
   }

@@ -14,19 +14,24 @@ struct VELK_RECORD CountedRecord {
   bool operator==(const CountedRecord&) const = default;
 };
 
-template <class Record, int scale>
+template <class Record, int scale, UnitName unit>
 inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, count),
-    VELK_FIELD(Record, values).in("", scale).counted("count"),
+    VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
 };
 
-/// Completes the traits of a list class by what its record tells. Its text presents the values times `scale`.
-template <class Record, int scale = 1>
+/// Completes the traits of a list class by what its record tells, and by the unit of its values times `scale`, which is
+/// how its text presents them.
+template <class Record, UnitName unit, int scale = 1>
 constexpr RecordTraits listTraits(RecordTraits traits) {
   static_assert(scale == 1 || std::is_same_v<std::remove_extent_t<decltype(Record::values)>, unsigned int>);
   traits.size = sizeof(Record);
-  traits.fields = countedFields<Record, scale>;
+  traits.fields = countedFields<Record, scale, unit>;
   return traits;
+}
+template <class Record, int scale = 1>
+constexpr RecordTraits listTraits(RecordTraits traits) {
+  return listTraits<Record, "", scale>(traits);
 }
 
 /// A block that is a count and a list of values. Derived classes name the accessors; their traits hold the text form.

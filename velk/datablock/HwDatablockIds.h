@@ -37,4 +37,57 @@ enum HwEVariantEepromDatablock : int {
   _DatablockId_Common_Operating_Time_Count_Backup_ = 11313
 };
 
+/// The kinds of blocks by name, whether they have a number here or not. The values are this library's own: blocks do
+/// not carry them.
+enum HwEBlockString : int {
+  _BlockString_Unknown_,         ///< of no kind that is known
+  _BlockString_CompleteEeprom_,  ///< no single block but the whole memory
+  _BlockString_Ident_2_,
+  _BlockString_Ident_3_,
+  _BlockString_Ident_4_,
+  _BlockString_Ident_5_,
+  _BlockString_Ident_6_,
+  _BlockString_Ident_7_,
+  _BlockString_Ident_8_,
+  _BlockString_Ident_9_,
+  _BlockString_Ident_10_,
+  _BlockString_Modification_100_,
+  _BlockString_Modification_110_,
+  _BlockString_Modification_120_,
+  _BlockString_Service_200_,
+  _BlockString_Service_201_,
+  _BlockString_Service_202_,
+  _BlockString_Service_203_,
+  _BlockString_Service_204_,
+  _BlockString_Service_205_,
+  _BlockString_Service_206_,
+  _BlockString_Service_207_,
+  _BlockString_Service_208_,
+  _BlockString_Service_209_,
+  _BlockString_Service_299_,
+  _BlockString_Statistics_300_,
+  _BlockString_Stream_Opt_Ident_,
+  _BlockString_Stream_Aux_Ident_,
+  _BlockString_IqOp3_Rfm_CalibData10_,
+  _BlockString_SAtt3_CalibDataAtt_,
+  _BlockString_Common_PowerOn_Count_,
+  _BlockString_Common_PowerOn_Count_Backup_,
+  _BlockString_Common_Operating_Time_Count_,
+  _BlockString_Common_Operating_Time_Count_Backup_,
+  _BlockString_Common_OBEL_PowerOn_Count_,
+  _BlockString_Common_OBEL_PowerOn_Count_Backup_,
+  _BlockString_Common_OBEL_Operating_Time_Count_,
+  _BlockString_Common_OBEL_Operating_Time_Count_Backup_,
+  _BlockString_Common_EventCount_0_,
+  _BlockString_Common_EventCount_1_,
+  _BlockString_Common_EventCount_2_,
+  _BlockString_Common_EventCount_3_,
+  _BlockString_Common_EventCount_4_,
+  _BlockString_Common_EventCount_5_,
+  _BlockString_Common_EventCount_6_,
+  _BlockString_Common_EventCount_7_,
+  _BlockString_Common_EventCount_8_,
+  _BlockString_Common_EventCount_9_
+};
+
 }  // namespace Velk

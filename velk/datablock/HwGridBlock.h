@@ -14,14 +14,15 @@ struct VELK_RECORD GridRecord {
   bool operator==(const GridRecord&) const = default;
 };
 
-template <class Record>
-inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count), VELK_FIELD(Record, cells).counted("count")};
+template <class Record, UnitName unit>
+inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count),
+                                           VELK_FIELD(Record, cells).in(unit.name).counted("count")};
 
-/// Completes the traits of a table class by what its record tells.
-template <class Record>
+/// Completes the traits of a table class by what its record tells, and by the unit of its cells.
+template <class Record, UnitName unit = "">
 constexpr RecordTraits gridTraits(RecordTraits traits) {
   traits.size = sizeof(Record);
-  traits.fields = gridFields<Record>;
+  traits.fields = gridFields<Record, unit>;
   return traits;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -31,6 +32,17 @@ struct RecordName {
   unsigned short length = 0;
 };
 
+/// The name of a unit, as a template argument: the values of lists and tables with the same record may have other ones.
+struct UnitName {
+  char name[12]{};
+
+  template <std::size_t N>
+  constexpr UnitName(const char (&text)[N]) {
+    static_assert(N <= sizeof name);
+    std::copy_n(text, N, name);
+  }
+};
+
 /// Names of blocks with ids one after another.
 struct KeyRange {
   unsigned short firstId = 0;
@@ -49,6 +61,7 @@ struct TextForm {
   /// the block's own name that is another one there, and the comment lines that follow.
   const char* countJoint = " * ";
   const char* countWord = "";
+  const char* countText = "";  ///< the COUNT line of a table that stores no number of rows
   std::array<const char*, 2> columnComments{};
   unsigned char firstRow = 1;  ///< number of the first row
   unsigned char rowStep = 1;

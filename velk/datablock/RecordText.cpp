@@ -36,12 +36,16 @@ std::string companionCount(std::string key, std::string_view word) {
   return "COUNT_OF_" + key.replace(at, word.size(), "FREQ");
 }
 
+void printComments(TextWriter& text, std::span<const char* const> comments) {
+  for (const char* const comment : comments) {
+    if (comment != nullptr) text.line(comment);
+  }
+}
+
 }  // namespace
 
 void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits) {
-  for (const char* const comment : traits.text.comments) {
-    if (comment != nullptr) text.line(comment);
-  }
+  printComments(text, traits.text.comments);
   const auto id = load<unsigned short>(block, offsetof(HwSDatablockHeader, id));
   text.key("ID:", traits.text.idWidth).text(traits.key(id)).endLine();
 }
@@ -85,13 +89,13 @@ std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& 
   printHeading(text, block, traits);
   text.key(form.countKey, form.countWidth).number(steps).text(form.countJoint);
   text.text(companionCount(traits.key(id), form.countWord)).endLine();
-  for (const char* const comment : form.columnComments) {
-    if (comment != nullptr) text.line(comment);
-  }
+  printColumnComments(text, form);
   printRows(text, block, cells, form, steps, cells.cols);
   text.endLine();
   return os;
 }
+
+void printColumnComments(TextWriter& text, const TextForm& form) { printComments(text, form.columnComments); }
 
 void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form, std::uint64_t rows,
                std::uint64_t columns) {

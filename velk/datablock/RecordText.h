@@ -17,6 +17,9 @@ VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const Re
 /// The whole text of a record whose fields are a number of steps and a table: a line a step with all its columns.
 VELK_EXPORT std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 
+/// The lines between a table's COUNT line and its rows.
+void printColumnComments(TextWriter& text, const TextForm& form);
+
 /// The rows of a table, `rows` of them with `columns` values each, whatever the table's capacity: a line a row with its
 /// number and its values, each behind two tabs and a blank. Values past the capacity are 0.
 VELK_EXPORT void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form,

@@ -12,7 +12,7 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfFreq) == 2412);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfFreq, "MHz">({
       .id = 12100,
       .refusal = "HwSDatablockMbrdIqImbalanceRfFreq",
       .keys = {"PATH_A_IQ_IMBALANCE_RF_FREQ", "PATH_B_IQ_IMBALANCE_RF_FREQ", "PATH_C_IQ_IMBALANCE_RF_FREQ",
@@ -36,7 +36,7 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfEvenAmp) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfEvenAmp
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfEvenAmp>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenAmp, "1/10000">({
       .id = 12110,
       .refusal = "HwDatablockMbrdIqImbalanceRfEvenAmp",
       .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_B_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_C_IQ_IMBALANCE_RF_EVEN_AMP",
@@ -60,7 +60,7 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfEvenPh) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfEvenPh
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfEvenPh>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenPh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenPh, "1/100">({
       .id = 12120,
       .refusal = "HwDatablockMbrdIqImbalanceRfEvenPh",
       .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_PH", "PATH_B_IQ_IMBALANCE_RF_EVEN_PH", "PATH_C_IQ_IMBALANCE_RF_EVEN_PH",
@@ -84,7 +84,7 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfOddAmp) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfOddAmp
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfOddAmp>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddAmp, "1/10000">({
       .id = 12130,
       .refusal = "HwDatablockMbrdIqImbalanceRfOddAmp",
       .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_AMP", "PATH_B_IQ_IMBALANCE_RF_ODD_AMP", "PATH_C_IQ_IMBALANCE_RF_ODD_AMP",
@@ -108,7 +108,7 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfOddPh) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfOddPh
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfOddPh>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddPh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddPh, "1/100">({
       .id = 12140,
       .refusal = "HwDatablockMbrdIqImbalanceRfOddPh",
       .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_PH", "PATH_B_IQ_IMBALANCE_RF_ODD_PH", "PATH_C_IQ_IMBALANCE_RF_ODD_PH",
@@ -132,7 +132,7 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseAttFreq) == 812);
 class VELK_EXPORT HwDatablockMbrdRfResponseAttFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseAttFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseAttFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseAttFreq, "MHz">({
       .id = 12260,
       .refusal = "HwDatablockMbrdRfResponseAttFreq",
       .keys = {"PATH_A_RF_RESPONSE_ATT_FREQ", "PATH_B_RF_RESPONSE_ATT_FREQ", "PATH_C_RF_RESPONSE_ATT_FREQ",
@@ -156,7 +156,7 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseBbFreq) == 412);
 class VELK_EXPORT HwDatablockMbrdRfResponseBbFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseBbFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseBbFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseBbFreq, "kHz">({
       .id = 12250,
       .refusal = "HwDatablockMbrdRfResponseBbFreq",
       .keys = {"PATH_A_RF_RESPONSE_BB_FREQ", "PATH_B_RF_RESPONSE_BB_FREQ", "PATH_C_RF_RESPONSE_BB_FREQ",
@@ -181,7 +181,7 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseIoPepInfo) == 92);
 class VELK_EXPORT HwDatablockMbrdRfResponseIoPepInfo
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseIoPepInfo>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseIoPepInfo>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseIoPepInfo, "1/100 dB">({
       .id = 12220,
       .refusal = "HwDatablockMbrdRfResponseIoPepInfo",
       .keys = {"PATH_A_RF_RESPONSE_IOPEP_INFO", "PATH_B_RF_RESPONSE_IOPEP_INFO", "PATH_C_RF_RESPONSE_IOPEP_INFO",

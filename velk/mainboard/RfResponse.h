@@ -22,7 +22,7 @@ struct VELK_RECORD HwSDatablockMbrdRfResponseAttAmpl {
 };
 static_assert(sizeof(HwSDatablockMbrdRfResponseAttAmpl) == 9612);
 
-inline constexpr FieldInfo attPolynomFields[] = {VELK_FIELD(HwSAttPolynomValues, coefficients)};
+inline constexpr FieldInfo attPolynomFields[] = {VELK_FIELD(HwSAttPolynomValues, coefficients).in("1/10000")};
 inline constexpr FieldInfo rfResponseAttAmplFields[] = {
     VELK_FIELD(HwSDatablockMbrdRfResponseAttAmpl, count),
     VELK_FIELD(HwSDatablockMbrdRfResponseAttAmpl, cells).of(attPolynomFields).counted("", "count"),
@@ -94,7 +94,7 @@ using HwSDatablockMbrdRfResponseLpPh = HwSDatablockMbrdRfResponseLpAmp;
 
 inline constexpr FieldInfo lowPassFreqFields[] = {
     VELK_FIELD(HwSDatablockMbrdRfResponseLpFreq, counts),
-    VELK_FIELD(HwSDatablockMbrdRfResponseLpFreq, cells),
+    VELK_FIELD(HwSDatablockMbrdRfResponseLpFreq, cells).in("MHz"),
 };
 inline constexpr FieldInfo polynomFields[] = {VELK_FIELD(HwSPolynomValues, coefficients)};
 inline constexpr FieldInfo lowPassCorrectionFields[] = {

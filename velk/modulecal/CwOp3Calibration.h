@@ -1,8 +1,8 @@
 #pragma once
 
-#include "velk/datablock/HwCountedBlock.h"
 #include "velk/datablock/HwGridBlock.h"
 #include "velk/datablock/HwInstance.h"
+#include "velk/modulecal/FrequencyList.h"
 
 namespace Velk {
 
@@ -140,21 +140,6 @@ class VELK_EXPORT HwDatablockCwop6VcoIdent : public HwTypedRecordBlock<HwSDatabl
   void setOsc1Subh(unsigned short band) { set(&HwSDatablockCwop6VcoIdent::osc1Subh, band); }
 
   std::ostream& printToStream(std::ostream& os) override;
-};
-
-/// The accessors of lists of frequencies whose count is a number of values.
-template <class Record>
-class VELK_EXPORT HwFrequencyList : public HwCountedBlock<Record> {
- public:
-  using Frequency = typename HwCountedBlock<Record>::Value;
-
-  int getNumberOfFreqValues() const { return this->count(); }
-  void setNumberOfFreqValues(int n) { this->setListCount(n); }
-  Frequency getFrequencyValue(int index) const { return this->value(index); }
-  void setFrequencyValue(Frequency frequency, int index) { this->setValue(frequency, index); }
-
- protected:
-  using HwCountedBlock<Record>::HwCountedBlock;
 };
 
 using HwSDatablockCwop3DetTuneFreq = CountedRecord<int, double, 100>;

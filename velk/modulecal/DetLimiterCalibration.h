@@ -11,7 +11,7 @@ static_assert(sizeof(HwSDatablockDetLimiterMaxVoltData) == 812);
 /// Frequencies of the limiter's detector voltages, in GHz.
 class VELK_EXPORT HwDatablockDetLimiterMaxVoltFreq : public HwCountedBlock<HwSDatablockDetLimiterMaxVoltFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltFreq, "GHz">({
       .id = 15020,
       .refusal = "HwSDatablockDetLimiterMaxVoltFreq",
       .keys = {"LIMITER_FREQUENCY_NODE_GHZ"},
@@ -36,7 +36,7 @@ class VELK_EXPORT HwDatablockDetLimiterMaxVoltFreq : public HwCountedBlock<HwSDa
 /// Detector voltages at the limiter's highest level, in V.
 class VELK_EXPORT HwDatablockDetLimiterMaxVoltData : public HwCountedBlock<HwSDatablockDetLimiterMaxVoltData> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltData>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltData, "V">({
       .id = 15021,
       .refusal = "HwSDatablockDetLimiterMaxVoltData",
       .keys = {"LIMITER_MAX_VOLTAGE"},

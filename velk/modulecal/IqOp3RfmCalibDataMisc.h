@@ -38,7 +38,7 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz).in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz).in("dB", detail::dbPerStep),
-    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz),
+    VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz).in("dB"),
 };
 
 /// A state above 11 reads as 0 and stores nothing.

@@ -23,9 +23,6 @@ double attenuation(const HwSIqOp3RfmCalibDataBlock& block, Part field, int nomin
 
 std::ostream& HwDatablockIqOp3RfmHarmonic::printToStream(std::ostream& os) {
   TextWriter text(os);
-  text.line("# ausgewertete Syntaxelemente :");
-  text.line("# ID:     Name des Blocks");
-  text.line("# 1: bis 6:  Grenzfrequenzen der Oberwellenfilter");
   detail::printHeading(text, bytes(), traits);
   for (unsigned char i = 0; i < iqOp3HarmonicFields[0].rows; ++i) {
     text.number(i + 1).text(traits.text.separator).number(getCutOffFrequency(i)).endLine();

@@ -24,6 +24,8 @@ class VELK_EXPORT HwDatablockIqOp3RfmHarmonic : public HwTypedRecordBlock<HwSDat
       .refusal = "HwSDatablockIqOp3RfmHarmonic",
       .keys = {"IQOP3_RFM_HARMONIC"},
       .fields = iqOp3HarmonicFields,
+      .text = {.comments = {"# ausgewertete Syntaxelemente :", "# ID:     Name des Blocks",
+                            "# 1: bis 6:  Grenzfrequenzen der Oberwellenfilter"}},
   };
 
   HwDatablockIqOp3RfmHarmonic() : HwTypedRecordBlock(traits, true) {}

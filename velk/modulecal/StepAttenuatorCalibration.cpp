@@ -5,12 +5,11 @@ namespace {
 
 using detail::TextWriter;
 
-/// A COUNT line with a fixed text, the column comments, and all rows of a table.
-void printTable(TextWriter& text, detail::ConstBytes block, const RecordTraits& traits, const FieldInfo& cells,
-                const char* count, const char* columnComment) {
-  text.key("COUNT:").text(count).endLine();
-  text.line("# f[10Hz]");
-  text.line(columnComment);
+/// The COUNT line, the column comments and all rows of a table, the last field of its record.
+void printTable(TextWriter& text, detail::ConstBytes block, const RecordTraits& traits) {
+  const FieldInfo& cells = traits.fields.back();
+  text.key(traits.text.countKey, traits.text.countWidth).text(traits.text.countText).endLine();
+  detail::printColumnComments(text, traits.text);
   detail::printRows(text, block, cells, traits.text, cells.rows, cells.cols);
   text.endLine();
 }
@@ -20,7 +19,7 @@ void printTable(TextWriter& text, detail::ConstBytes block, const RecordTraits& 
 std::ostream& HwAttenuationBlock::printToStream(std::ostream& os) {
   TextWriter text(os);
   detail::printHeading(text, bytes(), recordTraits());
-  printTable(text, bytes(), recordTraits(), attenuationFields[0], count_, "#  ATTENUATOR_CORRECTION [1/100dB]");
+  printTable(text, bytes(), recordTraits());
   return os;
 }
 
@@ -29,8 +28,7 @@ std::ostream& HwTemperatureGradientBlock::printToStream(std::ostream& os) {
   TextWriter text(os);
   detail::printHeading(text, bytes(), recordTraits());
   text.key("VTemp:", temperatureWidth).number(getCalibTemp()).endLine();
-  printTable(text, bytes(), recordTraits(), temperatureGradientFields[1], count_,
-             "# TEMPERATURE_GRADIENT [((TK+1)*50)]");
+  printTable(text, bytes(), recordTraits());
   return os;
 }
 
@@ -43,10 +41,10 @@ int HwOverloadCounterBlock::setBlock(const HwSDatablockSAtt3OWLDCounter* record)
 }
 
 std::ostream& HwOverloadCounterBlock::printToStream(std::ostream& os) {
-  const CounterText& names = (*texts_)[getId() == recordTraits().id ? 0 : 1];
+  const std::size_t which = getId() == recordTraits().id ? 0 : 1;
   TextWriter text(os);
-  text.line(names.comment);
-  text.key("ID:").text(names.key).endLine();
+  text.line((*comments_)[which]);
+  text.key("ID:").text(recordTraits().keys[which]).endLine();
   text.key("COUNT_VALUE:").number(getCounterValue()).endLine();
   text.endLine();
   return os;

@@ -2,7 +2,7 @@
 
 #include "velk/datablock/HwGridBlock.h"
 #include "velk/datablock/HwInstance.h"
-#include "velk/modulecal/CwOp3Calibration.h"
+#include "velk/modulecal/FrequencyList.h"
 
 namespace Velk {
 
@@ -14,7 +14,7 @@ static_assert(sizeof(HwSDatablockSAtt3CalibDataFreq) == 612);
 /// Frequencies of a step attenuator's calibration, in 10 Hz.
 class VELK_EXPORT HwDatablockSAtt3CalibDataFreq : public HwFrequencyList<HwSDatablockSAtt3CalibDataFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSAtt3CalibDataFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockSAtt3CalibDataFreq, "10 Hz">({
       .id = 10601,
       .refusal = "HwSDatablockSAtt3CalibDataFreq",
       .keys = {"SATT3_CALIB_DATA_FREQ"},
@@ -26,7 +26,7 @@ class VELK_EXPORT HwDatablockSAtt3CalibDataFreq : public HwFrequencyList<HwSData
 
 class VELK_EXPORT HwDatablockSAtt6CalibDataFreq : public HwFrequencyList<HwSDatablockSAtt6CalibDataFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSAtt6CalibDataFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockSAtt6CalibDataFreq, "10 Hz">({
       .id = 11200,
       .refusal = "HwSDatablockSAtt6CalibDataFreq",
       .keys = {"SATT6_CALIB_DATA_FREQ"},
@@ -39,7 +39,7 @@ class VELK_EXPORT HwDatablockSAtt6CalibDataFreq : public HwFrequencyList<HwSData
 class VELK_EXPORT HwDatablockAttCalDataFreq2Edition
     : public HwInstance<HwFrequencyList<HwSDatablockAttCalDataFreq2Edition>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockAttCalDataFreq2Edition>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockAttCalDataFreq2Edition, "10 Hz">({
       .id = 12170,
       .refusal = "HwSDatablockAttCalDataFreq2Edition",
       .keys = {"ATT_CAL_DAT_A_FREQ_2_EDITION", "ATT_CAL_DAT_B_FREQ_2_EDITION", "ATT_CAL_DAT_C_FREQ_2_EDITION",
@@ -65,7 +65,7 @@ inline constexpr FieldInfo attenuationFields[] = {
     VELK_FIELD(HwSDatablockSAtt3CalibDataAtt, attenuation).in("1/100 dB"),
 };
 
-/// What the attenuation tables share; their text names the companion list of frequencies.
+/// What the attenuation tables share.
 class VELK_EXPORT HwAttenuationBlock : public HwTypedRecordBlock<HwSDatablockSAtt3CalibDataAtt> {
  public:
   short getAttenuationValue(int row, int column) const {
@@ -78,10 +78,7 @@ class VELK_EXPORT HwAttenuationBlock : public HwTypedRecordBlock<HwSDatablockSAt
   std::ostream& printToStream(std::ostream& os) override;
 
  protected:
-  HwAttenuationBlock(const RecordTraits& traits, const char* count) : HwTypedRecordBlock(traits, true), count_(count) {}
-
- private:
-  const char* count_;
+  using HwTypedRecordBlock::HwTypedRecordBlock;
 };
 
 class VELK_EXPORT HwDatablockSAtt3CalibDataAtt : public HwAttenuationBlock {
@@ -92,10 +89,13 @@ class VELK_EXPORT HwDatablockSAtt3CalibDataAtt : public HwAttenuationBlock {
       .refusal = "HwSDatablockSAtt3CalibDataAtt",
       .keys = {"SATT3_CALIB_DATA_ATT"},
       .fields = attenuationFields,
-      .text = {.comments = {"#Das sind die Userdaten"}, .separator = ": "},
+      .text = {.comments = {"#Das sind die Userdaten"},
+               .separator = ": ",
+               .countText = "26 * SATT3_CALIB_FREQ",
+               .columnComments = {"# f[10Hz]", "#  ATTENUATOR_CORRECTION [1/100dB]"}},
   };
 
-  HwDatablockSAtt3CalibDataAtt() : HwAttenuationBlock(traits, "26 * SATT3_CALIB_FREQ") {}
+  HwDatablockSAtt3CalibDataAtt() : HwAttenuationBlock(traits, true) {}
 };
 
 class VELK_EXPORT HwDatablockSAtt6CalibDataAtt : public HwAttenuationBlock {
@@ -106,10 +106,13 @@ class VELK_EXPORT HwDatablockSAtt6CalibDataAtt : public HwAttenuationBlock {
       .refusal = "HwSDatablockSAtt6CalibDataAtt",
       .keys = {"SATT6_CALIB_DATA_ATT"},
       .fields = attenuationFields,
-      .text = {.comments = {"#Das sind die Userdaten"}, .separator = ": "},
+      .text = {.comments = {"#Das sind die Userdaten"},
+               .separator = ": ",
+               .countText = "26 * COUNT_OF_SATT6_CALIB_FREQ",
+               .columnComments = {"# f[10Hz]", "#  ATTENUATOR_CORRECTION [1/100dB]"}},
   };
 
-  HwDatablockSAtt6CalibDataAtt() : HwAttenuationBlock(traits, "26 * COUNT_OF_SATT6_CALIB_FREQ") {}
+  HwDatablockSAtt6CalibDataAtt() : HwAttenuationBlock(traits, true) {}
 };
 
 /// Temperature gradients as ((TK + 1) * 50): a row for each attenuator step, a column for each frequency.
@@ -142,11 +145,7 @@ class VELK_EXPORT HwTemperatureGradientBlock : public HwTypedRecordBlock<HwSData
   std::ostream& printToStream(std::ostream& os) override;
 
  protected:
-  HwTemperatureGradientBlock(const RecordTraits& traits, const char* count)
-      : HwTypedRecordBlock(traits, true), count_(count) {}
-
- private:
-  const char* count_;
+  using HwTypedRecordBlock::HwTypedRecordBlock;
 };
 
 class VELK_EXPORT HwDatablockSAtt3CalibDataTemp : public HwTemperatureGradientBlock {
@@ -157,10 +156,13 @@ class VELK_EXPORT HwDatablockSAtt3CalibDataTemp : public HwTemperatureGradientBl
       .refusal = "HwSDatablockSAtt3CalibDataTemp",
       .keys = {"SATT3_CALIB_DATA_TEMP"},
       .fields = temperatureGradientFields,
-      .text = {.comments = {"#Das sind die Temperaturgradienten"}, .separator = ": "},
+      .text = {.comments = {"#Das sind die Temperaturgradienten"},
+               .separator = ": ",
+               .countText = "26 *SAT3_CALIB_FREQ",
+               .columnComments = {"# f[10Hz]", "# TEMPERATURE_GRADIENT [((TK+1)*50)]"}},
   };
 
-  HwDatablockSAtt3CalibDataTemp() : HwTemperatureGradientBlock(traits, "26 *SAT3_CALIB_FREQ") {}
+  HwDatablockSAtt3CalibDataTemp() : HwTemperatureGradientBlock(traits, true) {}
 };
 
 class VELK_EXPORT HwDatablockSAtt6CalibDataTemp : public HwTemperatureGradientBlock {
@@ -171,10 +173,13 @@ class VELK_EXPORT HwDatablockSAtt6CalibDataTemp : public HwTemperatureGradientBl
       .refusal = "HwSDatablockSAtt6CalibDataTemp",
       .keys = {"SATT6_CALIB_DATA_TEMP"},
       .fields = temperatureGradientFields,
-      .text = {.comments = {"#Das sind die Temperaturgradienten"}, .separator = ": "},
+      .text = {.comments = {"#Das sind die Temperaturgradienten"},
+               .separator = ": ",
+               .countText = "26 *COUNT_OF_SATT6_CALIB_FREQ",
+               .columnComments = {"# f[10Hz]", "# TEMPERATURE_GRADIENT [((TK+1)*50)]"}},
   };
 
-  HwDatablockSAtt6CalibDataTemp() : HwTemperatureGradientBlock(traits, "26 *COUNT_OF_SATT6_CALIB_FREQ") {}
+  HwDatablockSAtt6CalibDataTemp() : HwTemperatureGradientBlock(traits, true) {}
 };
 
 using HwSDatablockAttCalData2Edition = GridRecord<short, 27, 150>;
@@ -183,7 +188,7 @@ static_assert(sizeof(HwSDatablockAttCalData2Edition) == 8112);
 /// A path's attenuator corrections in 1/100 dB.
 class VELK_EXPORT HwDatablockAttCalData2Edition : public HwInstance<HwGridBlock<HwSDatablockAttCalData2Edition>> {
  public:
-  static constexpr RecordTraits traits = gridTraits<HwSDatablockAttCalData2Edition>({
+  static constexpr RecordTraits traits = gridTraits<HwSDatablockAttCalData2Edition, "1/100 dB">({
       .id = 12180,
       .refusal = "HwSDatablockAttCalData2Edition",
       .keys = {"ATT_CAL_DAT_A_LEVEL_2_EDITION", "ATT_CAL_DAT_B_LEVEL_2_EDITION", "ATT_CAL_DAT_C_LEVEL_2_EDITION",
@@ -215,12 +220,6 @@ using HwSDatablockSAtt6OWLDCounter = HwSDatablockSAtt3OWLDCounter;
 
 inline constexpr FieldInfo overloadCounterFields[] = {VELK_FIELD(HwSDatablockSAtt3OWLDCounter, counterValue)};
 
-/// What a counter block is called in its text.
-struct CounterText {
-  const char* comment;
-  const char* key;
-};
-
 /// Two counters under two ids; the second id's text serves every other id as well.
 class VELK_EXPORT HwOverloadCounterBlock : public HwTypedRecordBlock<HwSDatablockSAtt3OWLDCounter> {
  public:
@@ -233,44 +232,44 @@ class VELK_EXPORT HwOverloadCounterBlock : public HwTypedRecordBlock<HwSDatabloc
   std::ostream& printToStream(std::ostream& os) override;
 
  protected:
-  HwOverloadCounterBlock(const RecordTraits& traits, const std::array<CounterText, 2>& texts, int which)
+  using Comments = std::array<const char*, 2>;
+
+  HwOverloadCounterBlock(const RecordTraits& traits, const Comments& comments, int which)
       : HwTypedRecordBlock(traits, true, static_cast<unsigned short>(traits.id + (which != 0 ? 1 : 0))),
-        texts_(&texts) {}
+        comments_(&comments) {}
 
  private:
-  const std::array<CounterText, 2>* texts_;
+  const Comments* comments_;
 };
 
 class VELK_EXPORT HwDatablockSAtt3OWLDCounter : public HwOverloadCounterBlock {
  public:
-  static constexpr std::array<CounterText, 2> texts{{{"#Das ist der OWLD-Z�hler", "SATT3_OWLD_COUNTER_1"},
-                                                     {"#Das ist der zweite OWLD-Z�hler", "SATT3_OWLD_COUNTER_2"}}};
+  static constexpr Comments comments{"#Das ist der OWLD-Z�hler", "#Das ist der zweite OWLD-Z�hler"};
   static constexpr RecordTraits traits{
       .id = 10604,
       .size = sizeof(HwSDatablockSAtt3OWLDCounter),
       .refusal = "HwSDatablockSAtt3OWLDCounter",
-      .keys = {texts[0].key, texts[1].key},
+      .keys = {"SATT3_OWLD_COUNTER_1", "SATT3_OWLD_COUNTER_2"},
       .fields = overloadCounterFields,
   };
 
   /// The first counter for 0, else the second.
-  explicit HwDatablockSAtt3OWLDCounter(int which) : HwOverloadCounterBlock(traits, texts, which) {}
+  explicit HwDatablockSAtt3OWLDCounter(int which) : HwOverloadCounterBlock(traits, comments, which) {}
 };
 
 class VELK_EXPORT HwDatablockSAtt6OWLDCounter : public HwOverloadCounterBlock {
  public:
-  static constexpr std::array<CounterText, 2> texts{{{"# Das ist der OWLD-Z�hler_1", "SATT6_OWLD_COUNTER_1"},
-                                                     {"# Das ist der OWLD-Z�hler_2", "SATT6_OWLD_COUNTER_2"}}};
+  static constexpr Comments comments{"# Das ist der OWLD-Z�hler_1", "# Das ist der OWLD-Z�hler_2"};
   static constexpr RecordTraits traits{
       .id = 11203,
       .size = sizeof(HwSDatablockSAtt6OWLDCounter),
       .refusal = "HwSDatablockSAtt6OWLDCounter",
-      .keys = {texts[0].key, texts[1].key},
+      .keys = {"SATT6_OWLD_COUNTER_1", "SATT6_OWLD_COUNTER_2"},
       .fields = overloadCounterFields,
   };
 
   /// The first counter for 0, else the second.
-  explicit HwDatablockSAtt6OWLDCounter(int which) : HwOverloadCounterBlock(traits, texts, which) {}
+  explicit HwDatablockSAtt6OWLDCounter(int which) : HwOverloadCounterBlock(traits, comments, which) {}
 };
 
 /// Two counter values.

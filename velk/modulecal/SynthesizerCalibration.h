@@ -122,7 +122,7 @@ static_assert(sizeof(HwSDatablockSsynOpuLevel) == 212);
 /// Levels of the output unit, in mV.
 class VELK_EXPORT HwDatablockSsynOpuLevel : public HwCountedBlock<HwSDatablockSsynOpuLevel> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSsynOpuLevel>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockSsynOpuLevel, "mV">({
       .id = 10003,
       .refusal = "HwSDatablockSsynOpuLevel",
       .keys = {"SSYN_OPU_LEVEL"},

@@ -53,12 +53,14 @@ std::unique_ptr<HwDatablock> makeInstance(unsigned short id) {
 
 using Maker = std::unique_ptr<HwDatablock>(unsigned short);
 
-/// The names that a row's ids have: the traits' own, from the row's first id on.
+/// The names that a row's ids have: those of the traits from the row's first id on.
 constexpr std::span<const char* const> keysFrom(const RecordTraits& traits, unsigned short firstId,
                                                 unsigned short lastId) {
+  const std::size_t count = lastId - firstId + 1U;
+  if (firstId == traits.alsoKeys.firstId) return std::span(traits.alsoKeys.keys).first(count);
   const std::span<const char* const> keys(traits.keys);
   const bool single = traits.keys[1] == nullptr;
-  return single ? keys.first(1) : keys.subspan(firstId - traits.id, lastId - firstId + 1U);
+  return single ? keys.first(1) : keys.subspan(firstId - traits.id, count);
 }
 
 /// The row of a record class.
@@ -112,8 +114,16 @@ constexpr CatalogueRow tables(const char* className, std::span<const char* const
           maker,   conversion, nullptr};
 }
 template <class Table>
-constexpr CatalogueRow table(const char* className, Maker* maker, Conversion conversion) {
-  return tables<Table>(className, {&Table::traits.key, 1}, maker, conversion);
+constexpr CatalogueRow table(const char* className, Conversion conversion = Conversion::None) {
+  return tables<Table>(className, {&Table::traits.key, 1}, make<Table, false>, conversion);
+}
+template <class Table>
+constexpr CatalogueRow flaggedTable(const char* className) {
+  return tables<Table>(className, {&Table::traits.key, 1}, make<Table, true>, Conversion::None);
+}
+template <class Kind>
+constexpr CatalogueRow miscData(const char* className) {
+  return tables<Kind>(className, {&Kind::traits.key, 1}, makeMiscData<Kind>, Conversion::None);
 }
 
 constexpr const char* endKeys[] = {"END"};
@@ -125,15 +135,7 @@ constexpr const char* levconTempKeys[] = {
     "VECTOR_LEVCON_TEMP_DATA_0", "VECTOR_LEVCON_TEMP_DATA_1", "VECTOR_LEVCON_TEMP_DATA_2", "VECTOR_LEVCON_TEMP_DATA_3",
     "VECTOR_LEVCON_TEMP_DATA_4", "VECTOR_LEVCON_TEMP_DATA_5", "VECTOR_LEVCON_TEMP_DATA_6", "VECTOR_LEVCON_TEMP_DATA_7",
     "VECTOR_LEVCON_TEMP_DATA_8", "VECTOR_LEVCON_TEMP_DATA_9"};
-constexpr const char* service299Keys[] = {"SERVICE_299"};
-
-constexpr CatalogueRow service299 = [] {
-  CatalogueRow row = record<HwDatablockServiceData>("HwDatablockServiceData", 200, 209,
-                                                    makeWithId<HwDatablockServiceData, HwEVariantEepromDatablock>);
-  row.firstId = row.lastId = 299;
-  row.keys = service299Keys;
-  return row;
-}();
+constexpr auto makeService = makeWithId<HwDatablockServiceData, HwEVariantEepromDatablock>;
 
 // Wide on purpose: one row a class, in the order of the ids.
 // clang-format off
@@ -142,8 +144,8 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockModification>("HwDatablockModification", Conversion::Record),
     record<HwDatablockModification110>("HwDatablockModification110", Conversion::Record),
     record<HwDatablockModification120>("HwDatablockModification120", 120, 120, make<HwDatablockModification120>, Conversion::Values, {.longer = true}),
-    record<HwDatablockServiceData>("HwDatablockServiceData", 200, 209, makeWithId<HwDatablockServiceData, HwEVariantEepromDatablock>, Conversion::Record),
-    service299,
+    record<HwDatablockServiceData>("HwDatablockServiceData", 200, 209, makeService, Conversion::Record),
+    record<HwDatablockServiceData>("HwDatablockServiceData", 299, 299, makeService),
     record<HwDatablockStatistic>("HwDatablockStatistic", Conversion::Record),
     record<HwDatablockSsynOcxoRefCalValue>("HwDatablockSsynOcxoRefCalValue"),
     record<HwDatablockSsynOpuDblCoefficient>("HwDatablockSsynOpuDblCoefficient"),
@@ -171,11 +173,11 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockSAtt6CalibDataTemp>("HwDatablockSAtt6CalibDataTemp"),
     record<HwDatablockSAtt6OWLDCounter>("HwDatablockSAtt6OWLDCounter", 11203, 11204, makeInstance<HwDatablockSAtt6OWLDCounter>),
     record<HwDatablockSAttCCounter>("HwDatablockSAttCCounter", 11300, 11303, makeWithId<HwDatablockSAttCCounter, int>),
-    table<MiscDataKinds::PimMwifSattCounter>("HwDatablockTemplateWithoutChecksum", makeMiscData<MiscDataKinds::PimMwifSattCounter>, Conversion::None),
-    table<HwDatablockSAttCTempFreq>("HwDatablockSAttCTempFreq", make<HwDatablockSAttCTempFreq, true>, Conversion::None),
-    table<HwDatablockSAttCTempGradient>("HwDatablockSAttCTempGradient", make<HwDatablockSAttCTempGradient, true>, Conversion::None),
-    table<HwDatablockSAttCTempOffset>("HwDatablockSAttCTempOffset", make<HwDatablockSAttCTempOffset, true>, Conversion::None),
-    record<HwDatablockCommonStatisticData>("HwDatablockCommonStatisticData", 11310, 11313, makeWithId<HwDatablockCommonStatisticData, int>, Conversion::Table),
+    miscData<MiscDataKinds::PimMwifSattCounter>("HwDatablockTemplateWithoutChecksum"),
+    flaggedTable<HwDatablockSAttCTempFreq>("HwDatablockSAttCTempFreq"),
+    flaggedTable<HwDatablockSAttCTempGradient>("HwDatablockSAttCTempGradient"),
+    flaggedTable<HwDatablockSAttCTempOffset>("HwDatablockSAttCTempOffset"),
+    record<HwDatablockCommonStatisticData>("HwDatablockCommonStatisticData", 11310, 11313, makeWithId<HwDatablockCommonStatisticData, int>, Conversion::ClearAlignment),
     record<HwDatablockMbrdSerialNumber>("HwDatablockMbrdSerialNumber", Conversion::Record),
     record<HwDatablockMbrdModel>("HwDatablockMbrdModel", Conversion::Record),
     record<HwDatablockMbrdMac>("HwDatablockMbrdMac"),
@@ -214,21 +216,21 @@ constexpr CatalogueRow dictionary[] = {
     record<HwDatablockSittMbrdPllDacCalibValue>("HwDatablockSittMbrdPllDacCalibValue"),
     paths<HwDatablockCwopDetLinCorrFreq>("HwDatablockCwopDetLinCorrFreq", 2),
     paths<HwDatablockCwopDetLinCorrData>("HwDatablockCwopDetLinCorrData", 2),
-    table<MiscDataKinds::LoopgainFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainFreq>, Conversion::None),
-    table<MiscDataKinds::LoopgainPk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPk>, Conversion::None),
-    table<MiscDataKinds::LoopgainPValueBasePk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPValueBasePk>, Conversion::None),
-    table<MiscDataKinds::LoopgainIValueBasePk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueBasePk>, Conversion::None),
-    table<MiscDataKinds::LoopgainIValueOffsetPk>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueOffsetPk>, Conversion::None),
-    table<MiscDataKinds::LoopgainPkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPkList>, Conversion::None),
-    table<MiscDataKinds::LoopgainPValueBasePkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainPValueBasePkList>, Conversion::None),
-    table<MiscDataKinds::LoopgainIValueBasePkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueBasePkList>, Conversion::None),
-    table<MiscDataKinds::LoopgainIValueOffsetPkList>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LoopgainIValueOffsetPkList>, Conversion::None),
-    table<MiscDataKinds::PimDconVtrimValue>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimDconVtrimValue>, Conversion::None),
-    table<MiscDataKinds::PimDconLevelpre2>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimDconLevelpre2>, Conversion::None),
-    table<MiscDataKinds::KivFreqcntrTcxoRefCalValue>("HwDatablockTemplate", makeMiscData<MiscDataKinds::KivFreqcntrTcxoRefCalValue>, Conversion::None),
-    table<MiscDataKinds::LimiterFrequencyNodeGhz>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterFrequencyNodeGhz>, Conversion::None),
-    table<MiscDataKinds::LimiterMaxVoltage>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterMaxVoltage>, Conversion::None),
-    table<MiscDataKinds::LimiterMaxVoltagePumOn>("HwDatablockTemplate", makeMiscData<MiscDataKinds::LimiterMaxVoltagePumOn>, Conversion::None),
+    miscData<MiscDataKinds::LoopgainFreq>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainPk>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainPValueBasePk>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainIValueBasePk>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainIValueOffsetPk>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainPkList>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainPValueBasePkList>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainIValueBasePkList>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LoopgainIValueOffsetPkList>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::PimDconVtrimValue>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::PimDconLevelpre2>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::KivFreqcntrTcxoRefCalValue>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LimiterFrequencyNodeGhz>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LimiterMaxVoltage>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::LimiterMaxVoltagePumOn>("HwDatablockTemplate"),
     record<HwDatablockDacIfFullScale>("HwDatablockDacIfFullScale"),
     flagged<HwDatablockBbinsCompFilterTabsI>("HwDatablockBbinsCompFilterTabsI"),
     flagged<HwDatablockBbinsCompFilterTabsQ>("HwDatablockBbinsCompFilterTabsQ"),
@@ -251,72 +253,72 @@ constexpr CatalogueRow dictionary[] = {
     flagged<HwDatablockDacbIqImbalanceRearAmp>("HwDatablockDacbIqImbalanceRearAmp"),
     flagged<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh"),
     record<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh", 14801, 14801, make<HwDatablockDacbIqImbalanceRearPh, false>),
-    table<HwDatablockMbrdIqInputB>("HwDatablockMbrdIqInputB", make<HwDatablockMbrdIqInputB, false>, Conversion::None),
-    table<HwDatablockMbrdExtCalUserFreqA>("HwDatablockMbrdExtCalUserFreqA", make<HwDatablockMbrdExtCalUserFreqA, false>, Conversion::None),
-    table<HwDatablockMbrdExtCalUserFreqB>("HwDatablockMbrdExtCalUserFreqB", make<HwDatablockMbrdExtCalUserFreqB, false>, Conversion::None),
-    table<HwDatablockMbrdExtCalUserDataA>("HwDatablockMbrdExtCalUserDataA", make<HwDatablockMbrdExtCalUserDataA, false>, Conversion::None),
-    table<HwDatablockMbrdExtCalUserDataB>("HwDatablockMbrdExtCalUserDataB", make<HwDatablockMbrdExtCalUserDataB, false>, Conversion::None),
+    table<HwDatablockMbrdIqInputB>("HwDatablockMbrdIqInputB"),
+    table<HwDatablockMbrdExtCalUserFreqA>("HwDatablockMbrdExtCalUserFreqA"),
+    table<HwDatablockMbrdExtCalUserFreqB>("HwDatablockMbrdExtCalUserFreqB"),
+    table<HwDatablockMbrdExtCalUserDataA>("HwDatablockMbrdExtCalUserDataA"),
+    table<HwDatablockMbrdExtCalUserDataB>("HwDatablockMbrdExtCalUserDataB"),
     record<HwDatablockSynexOcxoRefCalValue>("HwDatablockSynexOcxoRefCalValue"),
     record<HwDatablockFsynTcxoRefCalValue>("HwDatablockFsynTcxoRefCalValue"),
     record<HwDatablockPimOcxoRefCalValue>("HwDatablockPimOcxoRefCalValue"),
     record<HwDatablockDetLimiterMaxVoltFreq>("HwDatablockDetLimiterMaxVoltFreq"),
     record<HwDatablockDetLimiterMaxVoltData>("HwDatablockDetLimiterMaxVoltData"),
-    table<MiscDataKinds::PimTemperature>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimTemperature>, Conversion::None),
-    table<MiscDataKinds::PimTempcorrLevel>("HwDatablockTemplate", makeMiscData<MiscDataKinds::PimTempcorrLevel>, Conversion::None),
-    table<MiscDataKinds::DetDiffTemperature>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetDiffTemperature>, Conversion::None),
-    table<MiscDataKinds::DetTempcorrLowFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrLowFreq>, Conversion::None),
-    table<MiscDataKinds::DetTempcorrHighFreq>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrHighFreq>, Conversion::None),
-    table<MiscDataKinds::DetTempcorrMinFreqValues>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrMinFreqValues>, Conversion::None),
-    table<MiscDataKinds::DetTempcorrMaxFreqValues>("HwDatablockTemplate", makeMiscData<MiscDataKinds::DetTempcorrMaxFreqValues>, Conversion::None),
+    miscData<MiscDataKinds::PimTemperature>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::PimTempcorrLevel>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::DetDiffTemperature>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::DetTempcorrLowFreq>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::DetTempcorrHighFreq>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::DetTempcorrMinFreqValues>("HwDatablockTemplate"),
+    miscData<MiscDataKinds::DetTempcorrMaxFreqValues>("HwDatablockTemplate"),
     record<HwDatablockAduLevCoarseCalibData>("HwDatablockAduLevCoarseCalibData"),
     record<HwDatablockAduGainOffsetCalData>("HwDatablockAduGainOffsetCalData"),
-    table<HwDatablockStereocoderCo>("HwDatablockStereocoderCo", make<HwDatablockStereocoderCo, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtInGain>("HwDatablockQelRfboExtInGain", make<HwDatablockQelRfboExtInGain, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtInOffset>("HwDatablockQelRfboExtInOffset", make<HwDatablockQelRfboExtInOffset, false>, Conversion::Table),
-    table<HwDatablockQelRfboDetTuneFreq>("HwDatablockQelRfboDetTuneFreq", make<HwDatablockQelRfboDetTuneFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboDetTuneData>("HwDatablockQelRfboDetTuneData", make<HwDatablockQelRfboDetTuneData, false>, Conversion::Table),
-    table<HwDatablockQelRfboTcxoCal>("HwDatablockQelRfboTcxoCal", make<HwDatablockQelRfboTcxoCal, false>, Conversion::Table),
-    table<HwDatablockQelRfboRfLevelMaxFreq>("HwDatablockQelRfboRfLevelMaxFreq", make<HwDatablockQelRfboRfLevelMaxFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboRfLevelMaxData>("HwDatablockQelRfboRfLevelMaxData", make<HwDatablockQelRfboRfLevelMaxData, false>, Conversion::Table),
-    table<HwDatablockQelRfboAttCalFreq>("HwDatablockQelRfboAttCalFreq", make<HwDatablockQelRfboAttCalFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboAttCalData>("HwDatablockQelRfboAttCalData", make<HwDatablockQelRfboAttCalData, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtCalFreq>("HwDatablockQelRfboExtCalFreq", make<HwDatablockQelRfboExtCalFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtCalData>("HwDatablockQelRfboExtCalData", make<HwDatablockQelRfboExtCalData, false>, Conversion::Table),
-    table<HwDatablockQelRfboAlcFreq>("HwDatablockQelRfboAlcFreq", make<HwDatablockQelRfboAlcFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboAlcData>("HwDatablockQelRfboAlcData", make<HwDatablockQelRfboAlcData, false>, Conversion::Table),
-    table<HwDatablockQelRfboTempFreq>("HwDatablockQelRfboTempFreq", make<HwDatablockQelRfboTempFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboTempGradient>("HwDatablockQelRfboTempGradient", make<HwDatablockQelRfboTempGradient, false>, Conversion::Table),
-    table<HwDatablockQelRfboTempOffset>("HwDatablockQelRfboTempOffset", make<HwDatablockQelRfboTempOffset, false>, Conversion::Table),
-    table<HwDatablockQelRfboAttRegData>("HwDatablockQelRfboAttRegData", make<HwDatablockQelRfboAttRegData, false>, Conversion::Table),
-    table<HwDatablockQelRfboSHFreq>("HwDatablockQelRfboSHFreq", make<HwDatablockQelRfboSHFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboSHData>("HwDatablockQelRfboSHData", make<HwDatablockQelRfboSHData, false>, Conversion::Table),
-    table<HwDatablockLornRfboAttCalFreq>("HwDatablockLornRfboAttCalFreq", make<HwDatablockLornRfboAttCalFreq, false>, Conversion::Table),
-    table<HwDatablockLornRfboAttCalData>("HwDatablockLornRfboAttCalData", make<HwDatablockLornRfboAttCalData, false>, Conversion::Table),
-    table<HwDatablockLornRfboTempCompFreq>("HwDatablockLornRfboTempCompFreq", make<HwDatablockLornRfboTempCompFreq, false>, Conversion::Table),
-    table<HwDatablockLornRfboTempCompData>("HwDatablockLornRfboTempCompData", make<HwDatablockLornRfboTempCompData, false>, Conversion::Table),
-    table<HwDatablockLornRfboAttRegAttenuation>("HwDatablockLornRfboAttRegAttenuation", make<HwDatablockLornRfboAttRegAttenuation, false>, Conversion::Table),
-    table<HwDatablockLornRfboAttRegData>("HwDatablockLornRfboAttRegData", make<HwDatablockLornRfboAttRegData, false>, Conversion::Table),
-    table<HwDatablockVaskVectorRfLevelMaxFreq>("HwDatablockVaskVectorRfLevelMaxFreq", make<HwDatablockVaskVectorRfLevelMaxFreq, false>, Conversion::Table),
-    table<HwDatablockVaskVectorRfLevelMaxData>("HwDatablockVaskVectorRfLevelMaxData", make<HwDatablockVaskVectorRfLevelMaxData, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcFreq>("HwDatablockVaskVectorAlcFreq", make<HwDatablockVaskVectorAlcFreq, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcData>("HwDatablockVaskVectorAlcData", make<HwDatablockVaskVectorAlcData, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcIqNormFreq>("HwDatablockVaskVectorAlcIqNormFreq", make<HwDatablockVaskVectorAlcIqNormFreq, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcIqNormData>("HwDatablockVaskVectorAlcIqNormData", make<HwDatablockVaskVectorAlcIqNormData, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcIqWideFreq>("HwDatablockVaskVectorAlcIqWideFreq", make<HwDatablockVaskVectorAlcIqWideFreq, false>, Conversion::Table),
-    table<HwDatablockVaskVectorAlcIqWideData>("HwDatablockVaskVectorAlcIqWideData", make<HwDatablockVaskVectorAlcIqWideData, false>, Conversion::Table),
-    table<HwDatablockVaskRfBoExtCalVecFreq>("HwDatablockVaskRfBoExtCalVecFreq", make<HwDatablockVaskRfBoExtCalVecFreq, false>, Conversion::Table),
-    table<HwDatablockVaskRfBoExtCalVecData>("HwDatablockVaskRfBoExtCalVecData", make<HwDatablockVaskRfBoExtCalVecData, false>, Conversion::Table),
-    table<HwDatablockVaskRfboAttCalVecFreq>("HwDatablockVaskRfboAttCalVecFreq", make<HwDatablockVaskRfboAttCalVecFreq, false>, Conversion::Table),
-    table<HwDatablockVaskRfboAttCalVecData>("HwDatablockVaskRfboAttCalVecData", make<HwDatablockVaskRfboAttCalVecData, false>, Conversion::Table),
-    table<HwDatablockVaskRfboRfLevelMaxVecFreq>("HwDatablockVaskRfboRfLevelMaxVecFreq", make<HwDatablockVaskRfboRfLevelMaxVecFreq, false>, Conversion::Table),
-    table<HwDatablockVaskRfboRfLevelMaxVecData>("HwDatablockVaskRfboRfLevelMaxVecData", make<HwDatablockVaskRfboRfLevelMaxVecData, false>, Conversion::Table),
-    table<HwDatablockVaskVectorLevconTemp>("HwDatablockVaskVectorLevconTemp", make<HwDatablockVaskVectorLevconTemp, false>, Conversion::Table),
-    table<HwDatablockVaskVectorLevconTempFreq>("HwDatablockVaskVectorLevconTempFreq", make<HwDatablockVaskVectorLevconTempFreq, false>, Conversion::Table),
-    table<HwDatablockVaskVectorLevconTempLevcon>("HwDatablockVaskVectorLevconTempLevcon", make<HwDatablockVaskVectorLevconTempLevcon, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtCalUserFreq>("HwDatablockQelRfboExtCalUserFreq", make<HwDatablockQelRfboExtCalUserFreq, false>, Conversion::Table),
-    table<HwDatablockQelRfboExtCalUserData>("HwDatablockQelRfboExtCalUserData", make<HwDatablockQelRfboExtCalUserData, false>, Conversion::Table),
-    table<HwDatablockVaskRfboExtCalVecUserFreq>("HwDatablockVaskRfboExtCalVecUserFreq", make<HwDatablockVaskRfboExtCalVecUserFreq, false>, Conversion::Table),
-    table<HwDatablockVaskRfboExtCalVecUserData>("HwDatablockVaskRfboExtCalVecUserData", make<HwDatablockVaskRfboExtCalVecUserData, false>, Conversion::Table),
+    table<HwDatablockStereocoderCo>("HwDatablockStereocoderCo", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtInGain>("HwDatablockQelRfboExtInGain", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtInOffset>("HwDatablockQelRfboExtInOffset", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboDetTuneFreq>("HwDatablockQelRfboDetTuneFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboDetTuneData>("HwDatablockQelRfboDetTuneData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTcxoCal>("HwDatablockQelRfboTcxoCal", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboRfLevelMaxFreq>("HwDatablockQelRfboRfLevelMaxFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboRfLevelMaxData>("HwDatablockQelRfboRfLevelMaxData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttCalFreq>("HwDatablockQelRfboAttCalFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttCalData>("HwDatablockQelRfboAttCalData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalFreq>("HwDatablockQelRfboExtCalFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalData>("HwDatablockQelRfboExtCalData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAlcFreq>("HwDatablockQelRfboAlcFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAlcData>("HwDatablockQelRfboAlcData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempFreq>("HwDatablockQelRfboTempFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempGradient>("HwDatablockQelRfboTempGradient", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempOffset>("HwDatablockQelRfboTempOffset", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttRegData>("HwDatablockQelRfboAttRegData", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboSHFreq>("HwDatablockQelRfboSHFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboSHData>("HwDatablockQelRfboSHData", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttCalFreq>("HwDatablockLornRfboAttCalFreq", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttCalData>("HwDatablockLornRfboAttCalData", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboTempCompFreq>("HwDatablockLornRfboTempCompFreq", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboTempCompData>("HwDatablockLornRfboTempCompData", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttRegAttenuation>("HwDatablockLornRfboAttRegAttenuation", Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttRegData>("HwDatablockLornRfboAttRegData", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorRfLevelMaxFreq>("HwDatablockVaskVectorRfLevelMaxFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorRfLevelMaxData>("HwDatablockVaskVectorRfLevelMaxData", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcFreq>("HwDatablockVaskVectorAlcFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcData>("HwDatablockVaskVectorAlcData", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqNormFreq>("HwDatablockVaskVectorAlcIqNormFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqNormData>("HwDatablockVaskVectorAlcIqNormData", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqWideFreq>("HwDatablockVaskVectorAlcIqWideFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqWideData>("HwDatablockVaskVectorAlcIqWideData", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfBoExtCalVecFreq>("HwDatablockVaskRfBoExtCalVecFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfBoExtCalVecData>("HwDatablockVaskRfBoExtCalVecData", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboAttCalVecFreq>("HwDatablockVaskRfboAttCalVecFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboAttCalVecData>("HwDatablockVaskRfboAttCalVecData", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboRfLevelMaxVecFreq>("HwDatablockVaskRfboRfLevelMaxVecFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboRfLevelMaxVecData>("HwDatablockVaskRfboRfLevelMaxVecData", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTemp>("HwDatablockVaskVectorLevconTemp", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTempFreq>("HwDatablockVaskVectorLevconTempFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTempLevcon>("HwDatablockVaskVectorLevconTempLevcon", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalUserFreq>("HwDatablockQelRfboExtCalUserFreq", Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalUserData>("HwDatablockQelRfboExtCalUserData", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboExtCalVecUserFreq>("HwDatablockVaskRfboExtCalVecUserFreq", Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboExtCalVecUserData>("HwDatablockVaskRfboExtCalVecUserData", Conversion::ClearAlignment),
     {65535, 65535, "HwDatablockEnd", endKeys, sizeof(HwSDatablockEnd), {}, endFields, make<HwDatablockEnd>, Conversion::None, nullptr},
 };
 
@@ -334,7 +336,7 @@ constexpr CatalogueRow others[] = {
     tables<HwDatablockObelWiqRfImbalanceData>("HwDatablockObelWiqRfImbalanceData", wiqImbalanceKeys, makeNumbered<HwDatablockObelWiqRfImbalanceData>, Conversion::None),
     record<HwDatablockObelWiqSensorData>("HwDatablockObelWiqSensorData"),
     record<HwDatablockObelWIQQuadDac>("HwDatablockObelWIQQuadDac"),
-    tables<HwDatablockVaskVectorLevconTempData>("HwDatablockVaskVectorLevconTempData", levconTempKeys, makeNumbered<HwDatablockVaskVectorLevconTempData>, Conversion::Table),
+    tables<HwDatablockVaskVectorLevconTempData>("HwDatablockVaskVectorLevconTempData", levconTempKeys, makeNumbered<HwDatablockVaskVectorLevconTempData>, Conversion::ClearAlignment),
 };
 // clang-format on
 

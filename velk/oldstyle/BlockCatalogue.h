@@ -11,10 +11,10 @@ namespace Velk {
 /// What a conversion between the two byte orders does to a block beside passing its values through the primitives,
 /// which change nothing on this host.
 enum class Conversion : unsigned char {
-  None,    ///< blocks of these ids are not converted
-  Values,  ///< nothing else
-  Record,  ///< the header and the text become those that the record class keeps
-  Table,   ///< the alignment word is cleared
+  None,            ///< blocks of these ids are not converted
+  Values,          ///< nothing else
+  Record,          ///< the header and the text become those that the record class keeps
+  ClearAlignment,  ///< the alignment word is cleared
 };
 
 /// Sizes that blocks of a class may have besides the usual one.

@@ -7,7 +7,7 @@
 namespace Velk {
 namespace {
 
-constexpr unsigned boardCount = 149;
+constexpr unsigned rowCount = 150;
 constexpr std::size_t tagLength = 13;
 
 struct KnownBoard {
@@ -42,28 +42,25 @@ constexpr KnownBoard knownBoards[] = {
 };
 
 constexpr unsigned boardOfRow(unsigned row) {
-  constexpr unsigned rowsTo82 = 83;
-  constexpr unsigned lastRow = 149;
-  constexpr unsigned boardOfLastRow = 102;
-  if (row == lastRow) return boardOfLastRow;
-  return row < rowsTo82 ? row : row - 1;
+  if (row + 1 == rowCount) return _DeviceBoard_BTC_CODER_;
+  return row <= _DeviceBoard_FILTER13_ ? row : row - 1;
 }
 
-/// The rows and the terminator, whose board number is one more than the last.
+/// The rows and the terminator.
 constexpr auto boards = [] {
-  std::array<DeviceBoardString, boardCount + 2> table{};
-  for (unsigned row = 0; row + 1 < table.size(); ++row) table[row].board = boardOfRow(row);
+  std::array<DeviceBoardString, rowCount + 1> table{};
+  for (unsigned row = 0; row < rowCount; ++row) table[row].board = boardOfRow(row);
   for (const KnownBoard& known : knownBoards) {
     std::copy(known.name.begin(), known.name.end(), table[known.row].name);
     std::copy(known.tag.begin(), known.tag.end(), table[known.row].tag);
   }
-  table.back().board = boardCount;
+  table.back().board = _DeviceBoard_None_;
   return table;
 }();
 
 }  // namespace
 
-std::span<const DeviceBoardString> deviceTable() { return std::span(boards).first(boards.size() - 1); }
+std::span<const DeviceBoardString> deviceTable() { return std::span(boards).first(rowCount); }
 
 bool checkDeviceName(const QString& text) {
   const QByteArray local = text.toLocal8Bit();

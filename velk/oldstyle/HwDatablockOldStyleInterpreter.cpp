@@ -18,7 +18,7 @@ void convertInPlace(detail::MutableBytes block, const CatalogueRow& row) {
     case Conversion::Record:
       detail::applyRecordRules(block, *row.record, row.record->onSwap);
       break;
-    case Conversion::Table:
+    case Conversion::ClearAlignment:
       detail::store<unsigned short>(block, offsetof(HwSDatablockHeader, alignment), 0);
       break;
     case Conversion::Values:
@@ -48,7 +48,6 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
   if (block == nullptr) return false;
   HwDatablock* const prototype = dictionary_[block->getId()];
   if (prototype == nullptr) return false;
-  prototype->resizeData(block->getBlockSize());
   prototype->setData(block);
   prototype->printToStream(os);
   return true;
