@@ -31,7 +31,9 @@ void seedFrom(const fs::path& file, const fs::path& seeds) {
   for (const BlockView& block : MemoryImage(image.bytes)) {
     const std::string_view bytes(reinterpret_cast<const char*>(block.bytes.data()), block.bytes.size());
     const bool describesItself = block.kind == BlockKind::SecondEdition || block.kind == BlockKind::EventCounter;
-    write(seeds / (describesItself ? "edition2" : "block") / (name + '_' + std::to_string(block.offset)), bytes);
+    const std::string seed = name + '_' + std::to_string(block.offset);
+    write(seeds / (describesItself ? "edition2" : "block") / seed, bytes);
+    write(seeds / "edit" / seed, bytes);
   }
   if (isLarge) return;
   for (const ImageFormat format : {ImageFormat::IntelHex, ImageFormat::SRecord}) {

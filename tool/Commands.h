@@ -16,5 +16,7 @@ void addExport(CLI::App& app, Session& session);
 void addDiff(CLI::App& app, Session& session);
 void addSet(CLI::App& app, Session& session);
 void addRedact(CLI::App& app, Session& session);
+void addCompletion(CLI::App& app, Session& session);
+void addManual(CLI::App& app, Session& session);
 
 }  // namespace VelkTool

@@ -34,20 +34,35 @@ void collectUnits(const DataNode& node, const DataPath& path, Units& units) {
   }
 }
 
+bool isListOfValues(const DataNode& node) {
+  if (node.kind() != DataNode::Kind::List) return false;
+  return node.run() || node.size() == 0 || node[0].kind() == DataNode::Kind::Value;
+}
+
+/// Elements of a list that are records of nothing but values and short lists take a line each.
+JsonWriter::Layout elementLayout(const DataNode& element) {
+  if (element.kind() != DataNode::Kind::Record) return JsonWriter::Layout::Indented;
+  for (std::size_t i = 0; i < element.size(); ++i) {
+    const DataNode member = element[i];
+    if (member.kind() != DataNode::Kind::Value && !isListOfValues(member)) return JsonWriter::Layout::Indented;
+  }
+  return JsonWriter::Layout::OneLine;
+}
+
 class DataWriter {
  public:
   DataWriter(JsonWriter& json, const BlockData& data, ValueForm form) : json_(json), data_(data), form_(form) {}
 
   /// Of records, only the members that `accepts` takes.
   template <class Accepts>
-  void write(const DataNode& node, Accepts accepts) {
+  void write(const DataNode& node, Accepts accepts, JsonWriter::Layout layout = JsonWriter::Layout::Indented) {
     switch (node.kind()) {
       case DataNode::Kind::Value:
         return writeDataValue(json_, data_.bytes(), node.element(), form_);
       case DataNode::Kind::List:
         return writeList(node, accepts);
       case DataNode::Kind::Record:
-        json_.beginObject();
+        json_.beginObject(layout);
         for (std::size_t i = 0; i < node.size(); ++i) {
           const DataNode member = node[i];
           if (!accepts(member)) continue;
@@ -62,15 +77,15 @@ class DataWriter {
   template <class Accepts>
   void writeList(const DataNode& list, Accepts accepts) {
     const auto run = list.run();
-    const bool row = run || (list.size() != 0 && list[0].kind() == DataNode::Kind::Value);
-    row ? json_.beginRow() : json_.beginArray();
+    json_.beginArray(isListOfValues(list) ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
     if (run) {
       Velk::detail::withValues(data_.bytes(), run->first, run->count, form_,
                                [this](auto value) { json_.value(value); });
     } else {
-      for (std::size_t i = 0; i < list.size(); ++i) write(list[i], accepts);
+      const JsonWriter::Layout layout = list.size() == 0 ? JsonWriter::Layout::Indented : elementLayout(list[0]);
+      for (std::size_t i = 0; i < list.size(); ++i) write(list[i], accepts, layout);
     }
-    row ? json_.endRow() : json_.endArray();
+    json_.endArray();
   }
 
   JsonWriter& json_;

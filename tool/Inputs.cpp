@@ -66,9 +66,9 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   command
       .add_option_function<std::string>(
           "--input", [inputs](const std::string& name) { inputs->format = formats.at(name); },
-          "What the files are: raw, hex (Intel HEX) or srec (S-record); told by their contents unless given")
-      ->check(CLI::IsMember(formats))
-      ->type_name("FORMAT");
+          "What the files are: raw dumps, Intel HEX or S-records; told by their contents unless given")
+      ->check(CLI::IsMember(formats).description(""))
+      ->type_name("raw|hex|srec");
   addSize(command, "--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same");
   addSize(command, "--sector-size", inputs->sectorSize,
           "The image is a flash memory: each N bytes are a sequence of blocks of their own");

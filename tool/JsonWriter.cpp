@@ -32,17 +32,20 @@ constexpr std::size_t pieceSize = 4096;
 
 JsonWriter::JsonWriter(Sink sink, Layout layout) : sink_(std::move(sink)), layout_(layout) {}
 
-JsonWriter& JsonWriter::begin(char bracket) {
+JsonWriter& JsonWriter::begin(char bracket, Layout layout) {
   separate();
   pending_ += bracket;
   ++depth_;
+  if (layout == Layout::OneLine && oneLineDepth_ == 0) oneLineDepth_ = depth_;
   first_ = true;
   return *this;
 }
 
-JsonWriter& JsonWriter::end(char bracket, bool row) {
+JsonWriter& JsonWriter::end(char bracket) {
+  const bool breaks = !first_ && !isOnOneLine();
+  if (depth_ == oneLineDepth_) oneLineDepth_ = 0;
   --depth_;
-  if (!first_ && !row) breakLine();
+  if (breaks) breakLine();
   pending_ += bracket;
   first_ = false;
   return *this;

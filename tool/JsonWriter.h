@@ -22,28 +22,23 @@ class JsonWriter {
   /// Pieces of the text go to `sink`.
   explicit JsonWriter(Sink sink, Layout layout = Layout::Indented);
 
-  JsonWriter& beginObject() { return begin('{'); }
+  /// With Layout::OneLine the object or array stays on one line, with all in it.
+  JsonWriter& beginObject(Layout layout = Layout::Indented) { return begin('{', layout); }
   JsonWriter& endObject() { return end('}'); }
-  JsonWriter& beginArray() { return begin('['); }
-  /// An array that stays on one line, with all in it: for rows of numbers, of which a line each would be unreadable.
-  JsonWriter& beginRow() {
-    begin('[');
-    ++rows_;
-    return *this;
-  }
-  JsonWriter& endRow() {
-    --rows_;
-    return end(']', true);
-  }
+  JsonWriter& beginArray(Layout layout = Layout::Indented) { return begin('[', layout); }
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
 
   JsonWriter& value(std::string_view text);
   JsonWriter& value(const char* text) { return value(std::string_view(text)); }
   JsonWriter& value(bool truth) { return raw(truth ? "true" : "false"); }
-  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks.
+  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks, and for
+  /// what no double can hold, on which readers differ.
   template <class T>
-  requires std::floating_point<T> JsonWriter& value(T number) { return number - number == 0 ? digits(number) : null(); }
+  requires std::floating_point<T> JsonWriter& value(T number) {
+    const auto narrowed = static_cast<double>(number);
+    return narrowed - narrowed == 0 ? digits(number) : null();
+  }
   template <class T>
   requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
   JsonWriter& value(std::nullptr_t) { return null(); }
@@ -58,8 +53,8 @@ class JsonWriter {
   void finish();
 
  private:
-  JsonWriter& begin(char bracket);
-  JsonWriter& end(char bracket, bool row = false);
+  JsonWriter& begin(char bracket, Layout layout);
+  JsonWriter& end(char bracket);
   JsonWriter& raw(std::string_view text);
   template <class T>
   JsonWriter& digits(T number) {
@@ -67,7 +62,7 @@ class JsonWriter {
     const auto last = std::to_chars(text, text + sizeof text, number).ptr;
     return raw({text, static_cast<std::size_t>(last - text)});
   }
-  bool isOnOneLine() const { return layout_ == Layout::OneLine || rows_ != 0; }
+  bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
   void separate();
   void breakLine();
   void appendString(std::string_view text);
@@ -77,9 +72,9 @@ class JsonWriter {
   Layout layout_;
   std::string pending_;
   std::size_t depth_ = 0;
-  std::size_t rows_ = 0;   ///< how many arrays on one line are open
-  bool first_ = true;      ///< nothing stands in the innermost object or array yet
-  bool afterKey_ = false;  ///< the next value belongs to a key
+  std::size_t oneLineDepth_ = 0;  ///< of the outermost object or array that is to stay on one line; 0: of none
+  bool first_ = true;             ///< nothing stands in the innermost object or array yet
+  bool afterKey_ = false;         ///< the next value belongs to a key
 };
 
 }  // namespace VelkTool

@@ -5,18 +5,30 @@
 
 namespace VelkTool {
 
-std::shared_ptr<Selection> addSelection(CLI::App& command, bool occurrences) {
+namespace {
+
+std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescription) {
   const auto selection = std::make_shared<Selection>();
-  command.add_option("--id", selection->ids, "Only blocks of this id; may be given again")
-      ->check(CLI::Range(0, 65535))
+  command.add_option("--id", selection->ids, idDescription)
+      ->check(CLI::Range(0, 65535).description(""))
       ->type_name("N")
       ->take_all()
       ->allow_extra_args(false);
-  if (occurrences) {
-    command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
-        ->check(CLI::PositiveNumber)
-        ->type_name("K");
-  }
+  command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
+      ->check(CLI::PositiveNumber.description(""))
+      ->type_name("K");
+  return selection;
+}
+
+}  // namespace
+
+std::shared_ptr<const Selection> addSelection(CLI::App& command) {
+  return makeSelection(command, "Only blocks of this id; may be given again");
+}
+
+std::shared_ptr<const Selection> addBlockSelection(CLI::App& command) {
+  auto selection = makeSelection(command, "The id of the block");
+  command.get_option("--id")->required()->expected(1);
   return selection;
 }
 

@@ -10,8 +10,11 @@ struct Selection {
   unsigned occurrence = 0;  ///< counted from 1 among the blocks of an id; 0: each
 };
 
-/// Adds --id and, with `occurrences`, --nth to a subcommand; the values are there when its callback runs.
-std::shared_ptr<Selection> addSelection(CLI::App& command, bool occurrences);
+/// Adds --id and --nth to a subcommand; the values are there when its callback runs.
+std::shared_ptr<const Selection> addSelection(CLI::App& command);
+
+/// The same for a subcommand that is about one block, whose id has to be given.
+std::shared_ptr<const Selection> addBlockSelection(CLI::App& command);
 
 /// Calls `act` with every selected block, in the order of the image.
 void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,

@@ -118,15 +118,15 @@ class CsvExporter {
 void addExport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("export", "The fields and tables of blocks as JSON or CSV");
   const auto inputs = addRedactableInputs(*command);
-  const auto selection = addSelection(*command, true);
+  const auto selection = addSelection(*command);
   const auto options = std::make_shared<Export>();
   const std::map<std::string, Format> formats{
       {"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}};
   command
       ->add_option("--format", options->format,
-                   "json: one document (as without it); jsonl: a line for each block; csv: a table for each block")
+                   "One JSON document (as without it), a line of JSON for each block, or a table for each block")
       ->transform(CLI::CheckedTransformer(formats).description(""))
-      ->type_name("FORMAT");
+      ->type_name("json|jsonl|csv");
   command->add_flag("--stored", options->stored, "Also the stored numbers where scaled ones are shown");
   command
       ->add_option("-o,--output", options->folder,

@@ -1,6 +1,19 @@
 #include "Commands.h"
 #include "velk/platform/Console.h"
 
+namespace {
+
+std::string exitCodes() {
+  std::string text = "Exit codes:";
+  for (const VelkTool::ExitMeaning& exit : VelkTool::exitMeanings) {
+    text += (exit.code == VelkTool::Exit::Good ? " " : "; ") + std::to_string(static_cast<int>(exit.code)) + ' ' +
+            exit.meaning;
+  }
+  return text + '.';
+}
+
+}  // namespace
+
 // What escapes from here is memory running out, which ends the run.
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
@@ -8,14 +21,14 @@ int main(int argc, char** argv) {
   // What the library has to say of a damaged block the command says itself, with file and offset.
   Velk::Console::redirect([](Velk::Console::Stream, std::string_view) {});
 
-  CLI::App app("Looks into the memory images of instrument modules: lists, checks and prints their datablocks.",
-               "velk");
+  CLI::App app(
+      "Looks into the memory images of instrument modules: lists, checks, prints, exports and changes their "
+      "datablocks.",
+      "velk");
   app.set_version_flag("--version", "velk " VELK_VERSION);
   app.require_subcommand(1);
-  app.footer(
-      "A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n"
-      "Exit codes: 0 good, 1 findings, 2 wrong usage, 3 a file could not be read or written.\n"
-      "\"velk COMMAND --help\" tells more and shows an example.");
+  app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
+             exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
 
   Session session;
   addList(app, session);
@@ -27,6 +40,8 @@ int main(int argc, char** argv) {
   addSet(app, session);
   addRedact(app, session);
   addTable(app, session);
+  addCompletion(app, session);
+  addManual(app, session);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -85,7 +85,7 @@ class Printer {
 void addPrint(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("print", "The text forms of blocks, in the order of the image");
   const auto inputs = addRedactableInputs(*command);
-  const auto selection = addSelection(*command, true);
+  const auto selection = addSelection(*command);
   const auto page = std::make_shared<Page>(Page::Usual);
   const std::map<std::string, Page> pages{{"complete", Page::Complete},
                                           {"detail", Page::Detail},
@@ -97,7 +97,7 @@ void addPrint(CLI::App& app, Session& session) {
                    "Of blocks that hold tables: complete (as without it), detail, summary or "
                    "heading; hex: the bytes of any block")
       ->transform(CLI::CheckedTransformer(pages).description(""))
-      ->type_name("PAGE");
+      ->type_name("complete|detail|summary|heading|hex");
   command->footer(
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");

@@ -102,8 +102,7 @@ class Editor {
 void addSet(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("set", "Changes fields of a block by name and makes its checks right");
   const auto inputs = addInputs(*command, 1);
-  const auto selection = addSelection(*command, true);
-  command->get_option("--id")->required()->expected(1);
+  const auto selection = addBlockSelection(*command);
   const auto edit = std::make_shared<Edit>();
   command->add_option("NAME=VALUE", edit->assignments, "What to set, as serialNumber=123456 or values[3]=-17")
       ->required();

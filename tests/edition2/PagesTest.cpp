@@ -58,6 +58,12 @@ TEST(SecondEditionPages, OfEveryType) {
   EXPECT_EQ(text, VelkTest::golden("every_type.pages.txt", text));
   EXPECT_EQ(printed(detail, block, hostileStream()) + "\n--------\n\n" + printed(complete, block, hostileStream()),
             text);
+  std::ostringstream os;
+  os << std::hex;
+  block.printDebugPageDetail(os, {});
+  os.str({});
+  os << 16;
+  EXPECT_EQ(os.str(), "16") << "the detail page returns to decimal";
 }
 
 TEST(SecondEditionPages, HeadingAndSummary) {

@@ -127,6 +127,7 @@ TEST(SecondEditionParser, ListsAreOneColumnOfEmptyEntries) {
     ASSERT_EQ(parsed.tables().size(), 1U);
     EXPECT_EQ(parsed.getRowCount(0), rows);
     EXPECT_EQ(parsed.getColCount(0), size < 8 ? 0U : 1U);
+    EXPECT_EQ(parsed.tables()[0].rowIds, std::vector<char>(4 * rows));
     EXPECT_EQ(parsed.getUpdateIndex(), 0);
     std::vector<int> values;
     parsed.getDataColumn(0, values, 0);

@@ -126,6 +126,9 @@ TEST(SecondEditionReaders, AppendNothingForWhatIsNotThere) {
   EXPECT_EQ(column<std::string>(parsed, 0, 1), "");
   EXPECT_EQ(column<std::string>(parsed, 0, 2), "");
   EXPECT_EQ(column<int>(parsed, 0, 0xFFFFFFFF), "");
+  std::vector<int> ids;
+  EXPECT_TRUE(parsed.getRowIdList(ids, 2) && parsed.getColIdList(ids, 2));
+  EXPECT_TRUE(ids.empty());
   EXPECT_EQ(parsed.getRowCount(2), 0U);
   EXPECT_EQ(parsed.getColCount(2), 0U);
 }

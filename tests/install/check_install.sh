@@ -21,6 +21,10 @@ cmake -S "$sources" -B "$work/cmake" -G Ninja -DCMAKE_PREFIX_PATH="$work/moved" 
 cmake --build "$work/cmake" >/dev/null
 expect "$work/cmake/consumer"
 
+for document in bash-completion/completions/velk zsh/site-functions/_velk fish/vendor_completions.d/velk.fish man/man1/velk.1; do
+  [ -s "$work/moved/share/$document" ] || { echo "share/$document is not installed" >&2; exit 1; }
+done
+
 pc=$(dirname "$(find "$work/moved" -name velk.pc)")
 read -ra options <<<"$flags $(PKG_CONFIG_PATH=$pc pkg-config --cflags velk)"
 read -ra libraries <<<"$(PKG_CONFIG_PATH=$pc pkg-config --libs velk)"

@@ -155,8 +155,10 @@ TEST(TableBlock, ConversionOfAShortBlockKeepsItsBytes) {
 
 TEST(TcxoTable, HoldsItsIndexAndBothCountsToEight) {
   HwDatablockQelRfboTcxoCal table(false);
-  EXPECT_EQ(table.setTcxoValue(-5, 7), 0);
-  EXPECT_EQ(table.getStoredValue(7, 0), -5);
+  for (const int index : {0, 7}) {
+    EXPECT_EQ(table.setTcxoValue(-5, index), 0);
+    EXPECT_EQ(table.getStoredValue(index, 0), -5);
+  }
   for (const int index : {8, -1, std::numeric_limits<int>::min()}) EXPECT_EQ(table.setTcxoValue(5, index), -1);
   table.setRowCount(20);
   table.setColCount(9);

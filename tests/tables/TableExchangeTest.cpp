@@ -83,6 +83,9 @@ TEST(ExchangeText, OfOneRegisterALineLeavesTheStreamHexadecimal) {
   EXPECT_EQ(plain.str(), text + "0xff");
   EXPECT_EQ(printed(table), "ID:  RFBO_ATTREG_DATA\nCOUNT:  3*1\n1:  4294967295.000\n2:  0.000\n3:  26.000\n\n");
   EXPECT_EQ(fromText<QelRegisters>(text).getByteArrayData(), table.getByteArrayData());
+  std::ostringstream dump;
+  table.conv2ascii(dump, static_cast<HwDatablock&>(table));
+  EXPECT_EQ(dump.str(), printed(table)) << "any other block is dumped";
 }
 
 TEST(ExchangeText, OfAttenuationsAndPointsIsWhatThePrintShows) {
@@ -248,9 +251,11 @@ TEST(TableReader, RowsThatWereNotAnnouncedAreTakenBySomeOnly) {
   EXPECT_EQ(fromText<Registers>("ID: LORN_RFBO_ATTREG_DATA" + rest, rows).getStoredValue(1, 0), 8U);
   EXPECT_EQ(fromText<Points>("ID: BLOCK_LORN_RFBO_ATT_CAL_FREQ" + rest).getStoredValue(0, 0), 0.0);
   EXPECT_EQ(fromText<Compensation>("ID: BLOCK_LORN_RFBO_TEMP_COMP_DATA" + rest).getStoredValue(0, 0), 0);
+  EXPECT_EQ(fromText<CompensationPoints>("ID: BLOCK_LORN_RFBO_TEMP_COMP_FREQ" + rest).getStoredValue(0, 0), 0.0);
   // The Lorn readers end at the announced row, the Qel reader at a line without a colon.
   const std::string three = "\nCOUNT: 1 * 1\n1: 7\n2: 8\n\n3: 9\nend\n4: 10\n";
   EXPECT_EQ(fromText<Registers>("ID: LORN_RFBO_ATTREG_DATA" + three).getStoredValue(1, 0), 0U);
+  EXPECT_EQ(fromText<Attenuations>("ID: LORN_RFBO_ATTREG_ATTENUATION" + three).getStoredValue(1, 0), 0.0F);
   const auto qel = fromText<QelRegisters>("ID: RFBO_ATTREG_DATA" + three, rows);
   EXPECT_EQ(qel.getStoredValue(2, 0), 9U);
   EXPECT_EQ(qel.getStoredValue(3, 0), 0U);

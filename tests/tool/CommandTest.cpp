@@ -126,4 +126,30 @@ TEST_F(Command, WrongUsageIsNoFinding) {
   }
 }
 
+TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
+  const auto completed = [](const char* words) {
+    const QString line =
+        QString(
+            "source <(%1 completion bash); COMP_WORDS=(%2); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _velk; "
+            "echo \"${COMPREPLY[@]}\"")
+            .arg(VELK_COMMAND, words);
+    return run({"-c", line}, {}, "/bin/bash").output;
+  };
+  EXPECT_EQ(completed("velk re"), "redact\n");
+  EXPECT_EQ(completed("velk table ''"), "export import\n");
+  EXPECT_EQ(completed("velk table import --a"), "--append\n");
+  EXPECT_EQ(completed("velk export --format j"), "json jsonl\n");
+  EXPECT_EQ(completed("velk print rf_board.bin --page s"), "summary\n");
+  EXPECT_EQ(completed("velk set --in"), "--input --in-place\n");
+  EXPECT_EQ(completed("velk list rf_board.b"), "rf_board.bin\n");
+}
+
+TEST(Manual, HasEveryCommandAndItsExamples) {
+  const std::string page = run({"manual"}).output;
+  for (const char* const part : {".SH EXIT STATUS\n", ".SH EXAMPLES\n", "velk diff before.bin after.bin",
+                                 ".SS \\fBvelk table import\\fR", "\\fB\\-\\-in\\-place\\fR"}) {
+    EXPECT_NE(page.find(part), page.npos) << part;
+  }
+}
+
 }  // namespace

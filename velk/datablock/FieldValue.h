@@ -40,12 +40,22 @@ VELK_EXPORT long double loadExtended(ConstBytes bytes, std::size_t offset);
 
 constexpr bool isScaled(const FieldInfo& field) { return field.scale != 1 || field.bias != 0; }
 
+/// Calls `act` with a presented number: a whole one as an integer, so that it is written as 100000000 and not as 1e+08.
+template <class Act>
+void withPresented(double value, Act& act) {
+  constexpr double exact = 9007199254740992;  // 2^53: up to here every integer is a double
+  if (std::abs(value) < exact && value == std::trunc(value)) return act(static_cast<std::int64_t>(value));
+  act(value);
+}
+
 /// Calls `act` with what a stored number of a field means.
 template <class T, class Act>
 void withNumber(const FieldInfo& field, T stored, ValueForm form, Act& act) {
   if (field.kind == FieldKind::Date) return act(DateText(PackedDate::of(static_cast<unsigned short>(stored))).view());
   if (field.kind == FieldKind::Name) return act(std::string_view(field.nameOf(static_cast<std::int64_t>(stored))));
-  if (form == ValueForm::Presented && isScaled(field)) return act(presentedValue(field, static_cast<double>(stored)));
+  if (form == ValueForm::Presented && isScaled(field)) {
+    return withPresented(presentedValue(field, static_cast<double>(stored)), act);
+  }
   act(stored);
 }
 

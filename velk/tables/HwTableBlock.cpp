@@ -1,11 +1,10 @@
 #include "velk/tables/HwTableBlock.h"
 
-#include <vector>
-
 #include "velk/tables/TableReader.h"
 #include "velk/tables/TableText.h"
 
 namespace Velk {
+
 HwTableBlock::HwTableBlock(const detail::TableLayout& layout, const TableTraits& traits, bool stopConversionOnError,
                            int idOffset)
     : HwRecordBlock(layout.record, stopConversionOnError, static_cast<unsigned short>(traits.id + idOffset)),
@@ -29,7 +28,9 @@ void HwTableBlock::swapImage(const void* image) {
   store(offsetof(HwSDatablockHeader, blockSize), size);
 }
 
-std::ostream& HwTableBlock::printToStream(std::ostream& os) { return conv2ascii(os, *this); }
+std::ostream& HwTableBlock::printToStream(std::ostream& os) {
+  return exchange_ != nullptr && exchange_->isPrint ? writeExchangeText(os) : conv2ascii(os, *this);
+}
 
 std::ostream& HwTableBlock::conv2ascii(std::ostream& os, HwDatablock& block) const {
   const QByteArray shared = block.getByteArrayData();

@@ -39,9 +39,9 @@ class VELK_EXPORT HwTableBlock : public HwRecordBlock {
   unsigned getColCount() const { return view().cols(); }
   void setCounts(unsigned rows, unsigned cols);
 
-  /// Writes the table as text for people.
+  /// Writes the table as text for people: a dump, or the exchange text where the class prints that.
   std::ostream& printToStream(std::ostream& os) override;
-  /// Writes the same text of another block, which is taken to have this table's layout and name.
+  /// Writes the dump of another block, which is taken to have this table's layout and name.
   std::ostream& conv2ascii(std::ostream& os, HwDatablock& block) const;
 
   /// Whether the table has a text form that can be read back.

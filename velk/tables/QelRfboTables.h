@@ -87,19 +87,12 @@ class VELK_EXPORT HwDatablockQelRfboAttCalData : public HwDatablockBaseTemplateI
   explicit HwDatablockQelRfboAttCalData(bool stop) : HwDatablockBaseTemplateIndex(traits, stop) {}
 };
 
-class VELK_EXPORT HwDatablockQelRfboAttRegData : public HwDatablockBaseTemplate<unsigned int, unsigned int, 50, 1> {
+/// Its text has a line for each word; conv2ascii leaves the stream writing hexadecimal numbers with their prefix.
+class VELK_EXPORT HwDatablockQelRfboAttRegData
+    : public HwExchangeTable<HwDatablockQelRfboAttRegData, HwDatablockBaseTemplate<unsigned int, unsigned int, 50, 1>> {
  public:
   static constexpr TableTraits traits{.id = 15750, .key = "RFBO_ATTREG_DATA", .exchange = &detail::qelAttRegDataForm};
-  explicit HwDatablockQelRfboAttRegData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
-
-  /// Writes the text that searchascii reads; the stream is left writing hexadecimal numbers with their prefix.
-  static std::ostream& conv2ascii(std::ostream& os, HwDatablockQelRfboAttRegData& block) {
-    return block.writeExchangeText(os);
-  }
-  /// Replaces the whole table by what a text says, see readExchangeText.
-  static std::istream& searchascii(std::istream& is, HwDatablockQelRfboAttRegData& block) {
-    return block.readExchangeText(is);
-  }
+  explicit HwDatablockQelRfboAttRegData(bool stop) : HwExchangeTable(traits, stop) {}
 };
 
 // The level at the output, of production and of the user.

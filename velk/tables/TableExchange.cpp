@@ -68,64 +68,64 @@ constexpr auto writeLong = writeFixed<21, 10>;
 
 const ExchangeForm qelAttRegDataForm = {
     .title = nullptr,
+    .isPrint = false,
     .writeCell = writeWord,
     .readCell = readWord,
     .toleratedLines = 5,
     .messages = {.tooManyLines = registerMessages.tooManyLines,
                  .wrongColumns = " correspondent the number of columns not with the given value",
                  .wrongRows = registerMessages.wrongRows},
-    .stopsAtCount = false,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::Taken,
 };
 
 const ExchangeForm lornAttCalFreqForm = {
     .title = "ATT-CAL-FREQ",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
     .toleratedLines = 2,
     .messages = columnMessages("Number of lines between ID: and COUNT: to large!"),
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 const ExchangeForm lornAttRegAttenuationForm = {
     .title = "ATT-REG-ATTENUATION",
+    .isPrint = true,
     .writeCell = writeFixed<12, 2>,
     .readCell = readHundredths,
     .toleratedLines = 5,
     .messages = registerMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::TakenIfNoneAnnounced,
 };
 
 const ExchangeForm lornAttRegDataForm = {
     .title = "ATT-REG-DATA",
+    .isPrint = false,
     .writeCell = writePaddedWord,
     .readCell = readWord,
     .toleratedLines = 5,
     .messages = registerMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = false,
+    .surplusRows = SurplusRows::TakenIfNoneAnnounced,
 };
 
 const ExchangeForm lornTempCompDataForm = {
     .title = "TEMP-COMP-DATA",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readWhole,
     .toleratedLines = 51,
     .messages = compensationMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 const ExchangeForm lornTempCompFreqForm = {
     .title = "TEMP-COMP-FREQ",
+    .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
     .toleratedLines = 2,
     .messages = compensationMessages,
-    .stopsAtCount = true,
-    .refusesSurplusRows = true,
+    .surplusRows = SurplusRows::Ignored,
 };
 
 }  // namespace Velk::detail

@@ -12,16 +12,23 @@ struct ExchangeMessages {
   const char* wrongRows;
 };
 
+/// What becomes of rows beyond those that COUNT announces. A line without a colon ends all of them.
+enum class SurplusRows : unsigned char {
+  Taken,
+  TakenIfNoneAnnounced,
+  Ignored,
+};
+
 /// What sets the text form of one table apart from the others that can be read back.
 struct ExchangeForm {
   /// Names the table in the comments at the head; without a title there are none, and each cell has its own line.
   const char* title;
+  bool isPrint;  ///< the table is printed in this form, not as a dump
   void (*writeCell)(TextWriter& text, double value);
   void (*readCell)(MutableBytes image, std::size_t cell, const char* text, double scale);
   unsigned toleratedLines;  ///< between the ID and the COUNT line
   ExchangeMessages messages;
-  bool stopsAtCount;        ///< ends with the last row that COUNT announces
-  bool refusesSurplusRows;  ///< ends before a row beyond those, even where none are announced
+  SurplusRows surplusRows;
 };
 
 extern VELK_EXPORT const ExchangeForm qelAttRegDataForm;

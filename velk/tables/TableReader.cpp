@@ -40,7 +40,7 @@ void TableReader::read(std::istream& is) {
 }
 
 void TableReader::takeLine(std::string& line) {
-  while (line.ends_with('\r')) line.pop_back();
+  while (line.ends_with('\r')) line.pop_back();  // of an editor that ends its lines with both characters
   if (line.empty() || line.front() == '#') return;
   if (const std::size_t comment = line.find('#'); comment != line.npos) line.erase(comment);
   switch (state_) {
@@ -69,23 +69,26 @@ void TableReader::takeCount(std::string& line) {
     return;
   }
   line.erase(at, key.size());
-  // The writer puts a blank before the star: the character there is never part of the number.
+  // The writer puts a blank before the star: the character there is never part of the number. Without a star both
+  // counts are the number that there is.
   const std::size_t star = line.find('*');
-  store(image(), layout_.rowsOffset, countOf(line.substr(0, star == 0 ? 0 : star - 1)));
-  store(image(), layout_.colsOffset, countOf(line.substr(star + 1)));
+  const std::string rows = line.substr(0, star == 0 || star == line.npos ? star : star - 1);
+  const std::string cols = star == line.npos ? line : line.substr(star + 1);
+  store(image(), layout_.rowsOffset, countOf(rows));
+  store(image(), layout_.colsOffset, countOf(cols));
   state_ = State::ReadsRows;
 }
 
 void TableReader::takeRow(const std::string& line) {
   const std::size_t colon = line.find(':');
-  if (colon == line.npos || (form_.refusesSurplusRows && rowsRead_ >= rows())) {
+  if (colon == line.npos || (form_.surplusRows == SurplusRows::Ignored && rowsRead_ >= rows())) {
     state_ = State::Done;
     return;
   }
   const std::size_t tokens = takeTokens(std::string_view(line).substr(colon + 1));
   ++rowsRead_;
   if (tokens != cols()) report("In Row =" + std::to_string(rowsRead_) + form_.messages.wrongColumns);
-  if (form_.stopsAtCount && rowsRead_ == rows()) state_ = State::Done;
+  if (form_.surplusRows == SurplusRows::TakenIfNoneAnnounced && rowsRead_ == rows()) state_ = State::Done;
 }
 
 /// Stores the numbers of one row, on into the next row where there are too many, and returns how many there are.

@@ -97,6 +97,19 @@ class VELK_EXPORT HwDatablockBaseTemplateExtended
   }
 };
 
+/// A table that travels as text. `Table` is the class itself, `Base` the template that gives it its cells.
+template <class Table, class Base>
+class VELK_EXPORT HwExchangeTable : public Base {
+ public:
+  using Base::Base;
+  using Base::conv2ascii;
+
+  /// Writes the text that searchascii reads.
+  static std::ostream& conv2ascii(std::ostream& os, Table& block) { return block.writeExchangeText(os); }
+  /// Replaces the whole table by what a text says, see readExchangeText.
+  static std::istream& searchascii(std::istream& is, Table& block) { return block.readExchangeText(is); }
+};
+
 /// A table of fine values, printed with ten decimals and one line a row.
 template <class StorageType, class ValueType, unsigned MaxRows, unsigned MaxCols>
 class VELK_EXPORT HwDatablockBaseTemplateObelW

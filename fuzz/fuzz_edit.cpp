@@ -1,0 +1,134 @@
+// Any bytes as an image whose blocks are edited, compared, redacted and exported, one step after another.
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <random>
+
+#include "../tool/Csv.h"
+#include "../tool/DataJson.h"
+#include "FuzzSupport.h"
+#include "velk/data/BlockDiff.h"
+#include "velk/data/BlockEdit.h"
+
+namespace {
+
+using namespace Velk;
+using detail::MutableBytes;
+
+constexpr std::size_t longest = 0x1000;  // many small inputs find more than few large ones
+constexpr std::size_t mostBlocks = 32;
+constexpr std::size_t mostValues = 512;
+
+/// The block of these bytes, as an image of their own has it.
+BlockView walked(const QByteArray& bytes) { return *MemoryImage(bytes).begin(); }
+
+QByteArray copyOf(const BlockView& block) {
+  return {reinterpret_cast<const char*>(block.bytes.data()), static_cast<qsizetype>(block.bytes.size())};
+}
+
+MutableBytes writable(QByteArray& bytes) {
+  return {reinterpret_cast<unsigned char*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
+}
+
+std::vector<std::pair<std::string, FieldElement>> valuesOf(const BlockView& block) {
+  std::vector<std::pair<std::string, FieldElement>> values;
+  const BlockData data(block, Extent::Capacity);
+  const auto add = [&](const DataPath& path, const FieldElement& element) {
+    if (values.size() < mostValues) values.emplace_back(path.text(), element);
+  };
+  forEachValue(data.root(), {}, add);
+  return values;
+}
+
+bool isCheck(const BlockView& block, std::size_t at) {
+  if (block.kind == BlockKind::End || block.kind == BlockKind::Stray) return false;
+  return (at >= 4 && at < 6) || (block.kind == BlockKind::SecondEdition && at >= 8 && at < 12);
+}
+
+/// Whether a right checksum is all that the block needs to be sound.
+bool canBeSound(const BlockView& block) {
+  return block.kind != BlockKind::Stray && block.bytes.size() == block.declaredSize &&
+         block.bytes.size() >= sizeof(HwSDatablockHeader);
+}
+
+/// Sets one value; what is not the value and no check stays as it was, and the result is what it claims to be.
+void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
+  constexpr std::string_view texts[] = {"0", "-1", "255", "65535", "1.5", "1e300", "2017-03-15", "", "nan", "abcde"};
+  const auto values = valuesOf(block);
+  if (values.empty()) return;
+  const auto& [path, element] = values[random() % values.size()];
+  const ValueForm form = random() % 2 == 0 ? ValueForm::Stored : ValueForm::Presented;
+  const std::string shown = fieldText(block.bytes, element, form);
+  const bool own = random() % 3 == 0;
+  const std::string text = own ? shown : std::string(texts[random() % std::size(texts)]);
+
+  QByteArray edited(bytes.constData(), bytes.size());
+  BlockView view = block;
+  view.bytes = writable(edited);
+  if (!setValue(writable(edited), view, path, text, form).empty()) {
+    FUZZ_EXPECT(edited == bytes);
+    return;
+  }
+  if (own && form == ValueForm::Stored) FUZZ_EXPECT(fieldText(view.bytes, element, form) == shown);
+  sealBlock(writable(edited), block.kind);
+  if (canBeSound(block)) FUZZ_EXPECT(walked(edited).isSound());
+  for (qsizetype i = 0; i < bytes.size(); ++i) {
+    const auto at = static_cast<std::size_t>(i);
+    const bool mayChange = isCheck(block, at) || (at >= element.offset && at < element.offset + element.size);
+    FUZZ_EXPECT(mayChange || bytes[i] == edited[i]);
+  }
+  std::size_t differences = 0;
+  compareBlocks(block, view, [&](const Difference& difference) {
+    FUZZ_EXPECT(!difference.path.text().empty());
+    ++differences;
+  });
+  FUZZ_EXPECT((differences == 0) == (edited == bytes));
+  bytes = edited;
+}
+
+/// What is written of a block is JSON, and the lines of its tables have the same columns.
+void exportBlock(const BlockView& block) {
+  const BlockData data(block);
+  for (const ValueForm form : {ValueForm::Presented, ValueForm::Stored}) {
+    std::string text;
+    VelkTool::JsonWriter json([&](std::string_view piece) { text += piece; });
+    writeData(json, data, form);
+    json.finish();
+    FUZZ_EXPECT(nlohmann::json::accept(text));
+  }
+  for (std::size_t table = 0; table < std::min<std::size_t>(VelkTool::CsvTable::count(data), 8); ++table) {
+    std::size_t size = 0;
+    VelkTool::CsvTable(data, table, true).write([&](std::string_view text) { size += text.size(); });
+    FUZZ_EXPECT(size != 0);
+  }
+}
+
+void redact(const BlockView& block) {
+  QByteArray bytes = copyOf(block);
+  BlockView view = block;
+  view.bytes = writable(bytes);
+  redactBlock(writable(bytes), view);
+  if (canBeSound(block)) FUZZ_EXPECT(walked(bytes).isSound() == block.isSound());
+  FUZZ_EXPECT(redactBlock(writable(bytes), view).empty());
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+  VelkFuzz::quieten();
+  if (size > longest) return 0;
+  const MemoryImage image(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+  std::mt19937 random(static_cast<unsigned>(size) + (size == 0 ? 0U : data[size / 2]));
+  std::size_t blocks = 0;
+  for (const BlockView& found : image) {
+    if (++blocks > mostBlocks) break;
+    QByteArray bytes = copyOf(found);
+    BlockView block = found;
+    for (int step = 0; step < 4; ++step) {
+      block.bytes = writable(bytes);
+      edit(bytes, block, random);
+    }
+    exportBlock(found);
+    redact(found);
+  }
+  return 0;
+}

@@ -1,0 +1,191 @@
+#include "CompletionScripts.h"
+
+#include <algorithm>
+
+namespace VelkTool {
+namespace {
+
+std::string joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
+std::vector<std::string> optionNames(const CommandRow& command) {
+  std::vector<std::string> names;
+  for (const OptionRow& option : command.options) {
+    if (!option.isArgument) names.insert(names.end(), option.names.begin(), option.names.end());
+  }
+  return names;
+}
+
+/// The last names of the commands directly below one.
+std::vector<std::string> namesBelow(const std::vector<CommandRow>& commands, const std::string& name) {
+  std::vector<std::string> names;
+  for (const CommandRow& command : commands) {
+    if (!command.name.empty() && command.parent() == name) names.push_back(command.lastName());
+  }
+  return names;
+}
+
+/// Puts a backslash before each of `special`.
+std::string escaped(std::string_view text, std::string_view special) {
+  std::string result;
+  for (const char c : text) {
+    if (special.find(c) != special.npos) result += '\\';
+    result += c;
+  }
+  return result;
+}
+
+/// A text between single quotes.
+std::string singleQuoted(std::string_view text) {
+  std::string result = "'";
+  for (const char c : text) result += c == '\'' ? "'\\''" : std::string(1, c);
+  return result + "'";
+}
+
+std::string functionName(const CommandRow& command) {
+  std::string name = "_velk_" + command.name;
+  std::ranges::replace(name, ' ', '_');
+  return name;
+}
+
+/// What an argument is completed by: choices, or files unless it is something else by its name.
+std::string zshAction(const OptionRow& option) {
+  if (const std::vector<std::string> choices = option.choices(); !choices.empty()) return "(" + joined(choices) + ")";
+  const bool isNumber = option.value == "N" || option.value == "K";
+  return isNumber || option.names.front() == "NAME=VALUE" ? " " : "_files";
+}
+
+std::string zshOptions(const CommandRow& command) {
+  std::string text;
+  for (const OptionRow& option : command.options) {
+    const std::string description = escaped(option.description, "[]:\\");
+    const std::string value = option.value.empty() ? "" : ":" + escaped(option.value, ":\\") + ":" + zshAction(option);
+    if (option.isArgument) {
+      text += " \\\n    " + singleQuoted(std::string(option.repeats ? "*" : "") + ":" + option.names.front() + ":" +
+                                         zshAction(option));
+    }
+    for (const std::string& name : option.names) {
+      if (!option.isArgument) text += " \\\n    " + singleQuoted("*" + name + "[" + description + "]" + value);
+    }
+  }
+  return text;
+}
+
+/// A condition under which fish completes parts of a command.
+std::string fishCondition(const std::vector<CommandRow>& commands, const CommandRow& command) {
+  const auto seen = [](const std::string& names) { return "__fish_seen_subcommand_from " + names; };
+  if (command.name.empty()) return "__fish_use_subcommand";
+  std::string condition = seen(command.lastName());
+  if (!command.parent().empty()) return seen(command.parent()) + "; and " + condition;
+  // Another command may have a subcommand of the same name.
+  for (const CommandRow& other : commands) {
+    const bool same = !other.parent().empty() && other.lastName() == command.name;
+    if (same) condition += "; and not " + seen(other.parent());
+  }
+  if (command.hasSubcommands) condition += "; and not " + seen(joined(namesBelow(commands, command.name)));
+  return condition;
+}
+
+}  // namespace
+
+std::string bashCompletion(const std::vector<CommandRow>& commands) {
+  std::string known;
+  std::string values;
+  std::string words;
+  for (const CommandRow& command : commands) {
+    if (!command.name.empty()) known += (known.empty() ? "\"" : " | \"") + std::string(" ") + command.name + '"';
+    const std::string key = command.name.empty() ? "" : " " + command.name;
+    std::string arguments;
+    for (const OptionRow& option : command.options) {
+      const std::string choices = joined(option.choices());
+      if (choices.empty()) continue;
+      if (option.isArgument) arguments = choices;
+      for (const std::string& name : option.names) {
+        if (!option.isArgument) values += "    \"" + key + ' ' + name + "\") words=" + singleQuoted(choices) + " ;;\n";
+      }
+    }
+    const std::string below = joined(namesBelow(commands, command.name));
+    words += "      \"" + key + "\") options=" + singleQuoted(joined(optionNames(command))) +
+             " words=" + singleQuoted(below.empty() ? arguments : below) + " ;;\n";
+  }
+  return "# bash completion for velk, made by: velk completion bash\n"
+         "_velk() {\n"
+         "  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command= options= words= "
+         "word\n"
+         "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD - 1}\"; do\n"
+         "    case \"$command $word\" in " +
+         known +
+         ") command+=\" $word\" ;; esac\n"
+         "  done\n"
+         "  case \"$command $previous\" in\n" +
+         values +
+         "    *)\n"
+         "      case $command in\n" +
+         words +
+         "      esac\n"
+         "      if [[ $current == -* ]]; then words=$options; fi ;;\n"
+         "  esac\n"
+         "  if [[ $words ]]; then\n"
+         "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$current\")\n"
+         "  else\n"
+         "    mapfile -t COMPREPLY < <(compgen -f -- \"$current\")\n"
+         "    compopt -o filenames 2>/dev/null\n"
+         "  fi\n"
+         "} && complete -F _velk velk\n";
+}
+
+std::string zshCompletion(const std::vector<CommandRow>& commands) {
+  std::string text = "#compdef velk\n# zsh completion for velk, made by: velk completion zsh\n";
+  for (const CommandRow& command : commands) {
+    text += "\n" + functionName(command) + "() {\n";
+    if (!command.hasSubcommands) {
+      text += "  _arguments -s" + zshOptions(command) + "\n}\n";
+      continue;
+    }
+    text += "  local state\n  local -a commands=(\n";
+    std::string cases;
+    for (const CommandRow& below : commands) {
+      if (below.name.empty() || below.parent() != command.name) continue;
+      text += "    " + singleQuoted(below.lastName() + ":" + escaped(below.description, ":\\")) + "\n";
+      cases += "        " + below.lastName() + ") " + functionName(below) + " ;;\n";
+    }
+    text += "  )\n  _arguments -C -s" + zshOptions(command) +
+            " \\\n    '1: :->command' \\\n    '*:: :->rest'\n"
+            "  case $state in\n"
+            "    command) _describe command commands ;;\n"
+            "    rest)\n      case $words[1] in\n" +
+            cases + "      esac ;;\n  esac\n}\n";
+  }
+  return text + "\n" + functionName(commands.front()) + " \"$@\"\n";
+}
+
+std::string fishCompletion(const std::vector<CommandRow>& commands) {
+  std::string text = "# fish completion for velk, made by: velk completion fish\n";
+  for (const CommandRow& command : commands) {
+    const std::string start = "complete -c velk -n " + singleQuoted(fishCondition(commands, command));
+    for (const CommandRow& below : commands) {
+      if (below.name.empty() || below.parent() != command.name) continue;
+      text += start + " -f -a " + below.lastName() + " -d " + singleQuoted(below.description) + '\n';
+    }
+    for (const OptionRow& option : command.options) {
+      const std::string choices = joined(option.choices());
+      const std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
+      if (option.isArgument) {
+        if (!choices.empty()) text += start + values + '\n';
+        continue;
+      }
+      std::string names;
+      for (const std::string& name : option.names) {
+        names += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
+      }
+      text += start + names + (option.value.empty() ? "" : " -r") + values + " -d " + singleQuoted(option.description) +
+              '\n';
+    }
+  }
+  return text;
+}
+
+}  // namespace VelkTool

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "CommandTable.h"
+
+namespace VelkTool {
+
+/// Scripts by which a shell completes subcommands, options, their values and files.
+std::string bashCompletion(const std::vector<CommandRow>& commands);
+std::string zshCompletion(const std::vector<CommandRow>& commands);
+std::string fishCompletion(const std::vector<CommandRow>& commands);
+
+/// The manual page, as roff.
+std::string manualPage(const std::vector<CommandRow>& commands, const std::string& version);
+
+}  // namespace VelkTool
