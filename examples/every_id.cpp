@@ -30,7 +30,7 @@ std::optional<int> countOf(const FieldInfo& field, std::span<const FieldInfo> fi
 /// The value of the field that is filled as the number-th: each of a block's values is another one.
 std::string valueOf(const FieldInfo& field, int number) {
   if (field.kind == Velk::FieldKind::Date) return "2019-05-" + std::to_string(1 + number % 28);
-  if (field.kind == Velk::FieldKind::Text) return "T" + std::to_string(number);
+  if (field.kind == Velk::FieldKind::Text) return std::string("T").append(std::to_string(number));
   if (field.type == Velk::ScalarType::F32 || field.type == Velk::ScalarType::F64)
     return std::to_string(number) + ".625";
   using enum Velk::ScalarType;
