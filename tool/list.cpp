@@ -10,9 +10,11 @@ void padTo(std::string& line, std::size_t width) {
   if (line.size() < width) line.resize(width, ' ');
 }
 
-std::string row(const Velk::BlockView& block) {
+/// `line` comes back as the block's row; it is given so that many rows share one allocation.
+void setRow(std::string& line, const Velk::BlockView& block) {
   const bool stray = block.kind == Velk::BlockKind::Stray;
-  std::string line = offsetText(block.offset);
+  line.clear();
+  line += offsetText(block.offset);
   padTo(line, 12);
   line += stray ? "-" : std::to_string(block.id);
   padTo(line, 19);
@@ -23,18 +25,20 @@ std::string row(const Velk::BlockView& block) {
   line += Velk::kindName(block.kind);
   padTo(line, 79);
   line += Velk::verdictName(block);
-  return line + '\n';
+  line += '\n';
 }
 
 constexpr std::string_view heading =
     "offset      id     name                                 size   kind            verdict\n";
 
 void writeText(Session& session, const Inputs& inputs) {
+  std::string line;
   forEachInput(session, inputs, [&](const Input& input) {
     if (inputs.files.size() > 1) session.write(input.name + ":\n");
     session.write(heading);
     for (const Velk::BlockView& block : input.image) {
-      session.write(row(block));
+      setRow(line, block);
+      session.write(line);
       complainOf(session, input.name, block);
     }
   });
