@@ -19,7 +19,7 @@ constexpr std::size_t wholly = 4096;
 std::vector<BlockView> walk(ConstBytes image) {
   std::vector<BlockView> blocks;
   BlockWalk blockWalk(image);
-  while (const std::optional<BlockView> block = blockWalk.next()) blocks.push_back(*block);
+  while (blockWalk.next()) blocks.push_back(blockWalk.block());
   return blocks;
 }
 

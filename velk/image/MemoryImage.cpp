@@ -77,8 +77,8 @@ constexpr Finding firstRemark = Finding::SizeNotOfClass;
 }  // namespace
 
 bool BlockView::isSound() const {
-  return std::ranges::none_of(
-      findingNames, [this](const FindingName& entry) { return !isRemark(entry.finding) && has(entry.finding); });
+  constexpr std::bitset<findingCount> damage((1U << static_cast<unsigned>(firstRemark)) - 1U);
+  return (findings & damage).none();
 }
 
 const char* kindName(BlockKind kind) {
@@ -136,11 +136,11 @@ MemoryImage::Iterator::Iterator(const MemoryImage& image)
     : sectorSize_(image.sectorSize_),
       sectorStart_(std::min<std::uint64_t>(image.start_, image.bytes().size())),
       ahead_(image.bytes().subspan(sectorStart_)),
-      walk_(takeSector()) {
+      walk_(takeSector(), sectorStart_) {
   ++*this;
 }
 
-detail::ConstBytes MemoryImage::Iterator::takeSector() {
+ConstBytes MemoryImage::Iterator::takeSector() {
   const std::size_t size = sectorSize_ == 0 ? ahead_.size() : std::min<std::uint64_t>(sectorSize_, ahead_.size());
   const ConstBytes sector = ahead_.first(size);
   ahead_ = ahead_.subspan(size);
@@ -148,76 +148,74 @@ detail::ConstBytes MemoryImage::Iterator::takeSector() {
 }
 
 MemoryImage::Iterator& MemoryImage::Iterator::operator++() {
-  while (!(current_ = walk_.next()) && !ahead_.empty()) {
+  while (!(atBlock_ = walk_.next()) && !ahead_.empty()) {
     sectorStart_ += sectorSize_;
-    walk_ = BlockWalk(takeSector());
+    walk_ = BlockWalk(takeSector(), sectorStart_);
   }
-  if (current_) current_->offset += sectorStart_;
   return *this;
 }
 
-std::optional<BlockView> BlockWalk::next() {
-  if (position_ >= image_.size()) return std::nullopt;
-  if (ended_) return afterEnd();
-  if (rest().size() < sizeof(erasedBlockId)) return stray(Finding::TooShort);
-  const unsigned short id = idOf(rest());
-  if (id == erasedBlockId) return endBlock();
-  if (rest().size() < headerSize) return stray(Finding::TooShort);
-  return block(id);
-}
-
-BlockView BlockWalk::endBlock() {
-  BlockView view{.offset = position_, .bytes = rest().first(std::min(endSize, rest().size())), .id = erasedBlockId};
-  view.declaredSize = static_cast<unsigned short>(view.bytes.size());
-  view.kind = BlockKind::End;
-  view.row = findCatalogueRow(erasedBlockId);
-  position_ += view.bytes.size();
-  ended_ = true;
-  return view;
-}
-
-std::optional<BlockView> BlockWalk::afterEnd() {
-  if (std::ranges::all_of(rest(), [](unsigned char byte) { return byte == erased; })) {
-    position_ = image_.size();
-    return std::nullopt;
+bool BlockWalk::next() {
+  if (position_ >= image_.size() || isErasedBehindEnd()) return false;
+  const ConstBytes ahead = rest();
+  block_ = BlockView{.offset = start_ + position_, .bytes = ahead};
+  if (ended_) {
+    takeStray(Finding::NotErased);
+  } else if (ahead.size() >= sizeof(erasedBlockId) && idOf(ahead) == erasedBlockId) {
+    takeEnd();
+  } else if (ahead.size() < headerSize) {
+    takeStray(Finding::TooShort);
+  } else {
+    takeBlock();
   }
-  return stray(Finding::NotErased);
+  position_ += block_.bytes.size();
+  return true;
 }
 
-BlockView BlockWalk::stray(Finding finding) {
-  BlockView view{.offset = position_, .bytes = rest(), .kind = BlockKind::Stray};
-  view.add(finding);
-  position_ = image_.size();
-  return view;
+bool BlockWalk::isErasedBehindEnd() const {
+  return ended_ && std::ranges::all_of(rest(), [](unsigned char byte) { return byte == erased; });
 }
 
-BlockView BlockWalk::block(unsigned short id) {
-  const std::size_t size = sizeOf(rest());
-  BlockView view{
-      .offset = position_, .id = id, .declaredSize = sizeOf(rest()), .row = findCatalogueRow(id, sizeOf(rest()))};
-  bool believable = size >= headerSize && size <= rest().size();
+void BlockWalk::takeStray(Finding finding) {
+  block_.kind = BlockKind::Stray;
+  block_.add(finding);
+}
+
+void BlockWalk::takeEnd() {
+  block_.bytes = block_.bytes.first(std::min(endSize, block_.bytes.size()));
+  block_.id = erasedBlockId;
+  block_.declaredSize = static_cast<unsigned short>(block_.bytes.size());
+  block_.kind = BlockKind::End;
+  block_.row = findCatalogueRow(erasedBlockId);
+  ended_ = true;
+}
+
+void BlockWalk::takeBlock() {
+  const ConstBytes ahead = block_.bytes;
+  block_.id = idOf(ahead);
+  block_.declaredSize = sizeOf(ahead);
+  block_.row = findCatalogueRow(block_.id, block_.declaredSize);
+  bool believable = block_.declaredSize >= headerSize && block_.declaredSize <= ahead.size();
   if (believable) {
-    view.bytes = rest().first(size);
-    classify(view);
-    const bool rightSum = detail::sumOfWords(view.bytes) == 0;
-    if (hasCrc(view.kind)) {
-      view.row = nullptr;
-      if (!rightSum) view.add(Finding::WrongSumBesideCrc);
+    block_.bytes = ahead.first(block_.declaredSize);
+    classify(block_);
+    const bool rightSum = detail::sumOfWords(block_.bytes) == 0;
+    if (hasCrc(block_.kind)) {
+      block_.row = nullptr;
+      if (!rightSum) block_.add(Finding::WrongSumBesideCrc);
     } else {
-      const bool ownSize = view.row == nullptr || view.row->acceptsSize(view.declaredSize);
+      const bool ownSize = block_.row == nullptr || block_.row->acceptsSize(block_.declaredSize);
       believable = rightSum || ownSize;
-      if (!rightSum) view.add(Finding::WrongChecksum);
-      if (!ownSize) view.add(Finding::SizeNotOfClass);
+      if (!rightSum) block_.add(Finding::WrongChecksum);
+      if (!ownSize) block_.add(Finding::SizeNotOfClass);
     }
   }
   if (!believable) {
-    view.bytes = rest().first(resumeBehind(position_) - position_);
-    view.kind = view.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
-    view.findings.reset();
-    view.add(Finding::UnbelievableSize);
+    block_.bytes = ahead.first(resumeBehind(position_) - position_);
+    block_.kind = block_.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
+    block_.findings.reset();
+    block_.add(Finding::UnbelievableSize);
   }
-  position_ += view.bytes.size();
-  return view;
 }
 
 /// Where the walk goes on behind a block whose size is damaged.
