@@ -49,8 +49,7 @@ std::shared_ptr<const bool> addJson(CLI::App& command) {
   return json;
 }
 
-void writeJsonReport(Session& session, const Inputs& inputs,
-                     const std::function<void(const Input& input, const Velk::BlockView& block)>& visit) {
+void writeJsonReport(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
   JsonWriter json([&](std::string_view text) { session.write(text); });
   json.beginObject().member("schema", jsonSchema).key("files").beginArray();
   for (const std::string& name : inputs.files) {

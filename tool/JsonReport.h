@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "Inputs.h"
 
 namespace VelkTool {
@@ -14,7 +12,6 @@ std::shared_ptr<const bool> addJson(CLI::App& command);
 
 /// Writes what the inputs are and which blocks they hold, sound or not, as one JSON document. `visit` sees each block
 /// as it is written.
-void writeJsonReport(Session& session, const Inputs& inputs,
-                     const std::function<void(const Input& input, const Velk::BlockView& block)>& visit);
+void writeJsonReport(Session& session, const Inputs& inputs, const BlockVisitor& visit);
 
 }  // namespace VelkTool

@@ -57,20 +57,11 @@ std::string describeNotErased(const BlockView& block) {
          detail::hexText(block.offset + at, 4);
 }
 
-struct FindingName {
-  Finding finding;
-  const char* name;
-};
-
-constexpr FindingName findingNames[] = {
-    {Finding::UnbelievableSize, "damaged size"},
-    {Finding::WrongChecksum, "wrong checksum"},
-    {Finding::WrongCrc, "wrong CRC"},
-    {Finding::TooShort, "too short for a block"},
-    {Finding::NotErased, "not erased"},
-    {Finding::SizeNotOfClass, "unexpected size"},
-    {Finding::WrongSumBesideCrc, "wrong 16-bit checksum"},
-};
+/// By finding.
+constexpr const char* findingNames[] = {"damaged size",          "wrong checksum", "wrong CRC",
+                                        "too short for a block", "not erased",     "unexpected size",
+                                        "wrong 16-bit checksum"};
+static_assert(std::size(findingNames) == findingCount);
 
 constexpr Finding firstRemark = Finding::SizeNotOfClass;
 
@@ -91,15 +82,15 @@ std::string blockName(const BlockView& block) {
   return block.kind == BlockKind::Stray ? "-" : "ID_" + std::to_string(block.id);
 }
 
-const char* findingName(Finding finding) {
-  return std::ranges::find(findingNames, finding, &FindingName::finding)->name;
-}
+const char* findingName(Finding finding) { return findingNames[static_cast<std::size_t>(finding)]; }
 
 bool isRemark(Finding finding) { return finding >= firstRemark; }
 
 const char* verdictName(const BlockView& block) {
   if (block.isSound()) return "sound";
-  return std::ranges::find_if(findingNames, [&](const FindingName& entry) { return block.has(entry.finding); })->name;
+  std::size_t worst = 0;
+  while (!block.findings[worst]) ++worst;
+  return findingNames[worst];
 }
 
 std::string describe(const BlockView& block, Finding finding) {
