@@ -31,9 +31,9 @@ class OpenFile {
 
   /// Reads up to the file's end; false, and errno says why, where it could not be opened or read.
   bool readTo(QByteArray& contents) const {
-    constexpr qsizetype mostFiles = 32 * 1024;
+    constexpr qsizetype enoughForMost = 32 * 1024;
     if (descriptor_ < 0) return false;
-    contents.resize(mostFiles);
+    contents.resize(enoughForMost);
     for (qsizetype count = 0;;) {
       const ssize_t got = read(descriptor_, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
       if (got < 0 && errno != EINTR) return false;

@@ -21,7 +21,7 @@ unsigned short sizeOf(ConstBytes block) {
   return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
-/// Says what a block is whose size can be believed.
+/// Says what a block is if its size is right.
 void classify(BlockView& block) {
   const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
   if (block.bytes.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block.bytes)) {
@@ -37,6 +37,21 @@ void classify(BlockView& block) {
 }
 
 bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
+
+/// Says what a block is and what is wrong with it; false where its size cannot be believed after all.
+bool judge(BlockView& block) {
+  classify(block);
+  const bool rightSum = detail::sumOfWords(block.bytes) == 0;
+  if (hasCrc(block.kind)) {
+    block.row = nullptr;
+    if (!rightSum) block.add(Finding::WrongSumBesideCrc);
+    return true;
+  }
+  const bool ownSize = block.row == nullptr || block.row->acceptsSize(block.declaredSize);
+  if (!rightSum) block.add(Finding::WrongChecksum);
+  if (!ownSize) block.add(Finding::SizeNotOfClass);
+  return rightSum || ownSize;
+}
 
 std::string describeChecksum(const BlockView& block) {
   const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
@@ -186,27 +201,14 @@ void BlockWalk::takeBlock() {
   block_.id = idOf(ahead);
   block_.declaredSize = sizeOf(ahead);
   block_.row = findCatalogueRow(block_.id, block_.declaredSize);
-  bool believable = block_.declaredSize >= headerSize && block_.declaredSize <= ahead.size();
-  if (believable) {
+  if (block_.declaredSize >= headerSize && block_.declaredSize <= ahead.size()) {
     block_.bytes = ahead.first(block_.declaredSize);
-    classify(block_);
-    const bool rightSum = detail::sumOfWords(block_.bytes) == 0;
-    if (hasCrc(block_.kind)) {
-      block_.row = nullptr;
-      if (!rightSum) block_.add(Finding::WrongSumBesideCrc);
-    } else {
-      const bool ownSize = block_.row == nullptr || block_.row->acceptsSize(block_.declaredSize);
-      believable = rightSum || ownSize;
-      if (!rightSum) block_.add(Finding::WrongChecksum);
-      if (!ownSize) block_.add(Finding::SizeNotOfClass);
-    }
+    if (judge(block_)) return;
   }
-  if (!believable) {
-    block_.bytes = ahead.first(resumeBehind(position_) - position_);
-    block_.kind = block_.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
-    block_.findings.reset();
-    block_.add(Finding::UnbelievableSize);
-  }
+  block_.bytes = ahead.first(resumeBehind(position_) - position_);
+  block_.kind = block_.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
+  block_.findings.reset();
+  block_.add(Finding::UnbelievableSize);
 }
 
 /// Where the walk goes on behind a block whose size is damaged.
