@@ -4,6 +4,7 @@
 
 #include "ImageBuilder.h"
 #include "Images.h"
+#include "velk/data/BlockEdit.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 
 namespace Examples {
@@ -76,8 +77,9 @@ class Filler {
   void set(const std::string& path, const std::string& value) {
     const Velk::detail::MutableBytes bytes(block_.getData(),
                                            static_cast<std::size_t>(block_.getByteArrayData().size()));
-    const auto element = Velk::findField(fields_, path);
-    if (!element || Velk::setFieldText(bytes, *element, value) != Velk::FieldResult::Done) {
+    const Velk::BlockData data(bytes, fields_, Velk::Extent::Capacity);
+    const Velk::DataLookup found = findValue(data.root(), path);
+    if (!found.value || setFieldText(bytes, found.value->element(), value) != Velk::FieldResult::Done) {
       throw std::logic_error("cannot set " + path + " to " + value);
     }
   }
