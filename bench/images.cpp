@@ -1,6 +1,7 @@
 // Whole images: the walk against reading the bytes once, the command over many files against reading them.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
+#include <libdeflate.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "RunProgram.h"
+#include "WordSum.h"
 #include "velk/velk.h"
 
 namespace {
@@ -46,6 +48,20 @@ void imageWalked(benchmark::State& state) {
     std::size_t sound = 0;
     for (const Velk::BlockView& block : image) sound += block.isSound() ? 1 : 0;
     benchmark::DoNotOptimize(sound);
+  }
+}
+
+/// Nothing but the checks that tell what a block is and whether it is sound.
+void imageChecked(benchmark::State& state) {
+  std::vector<Velk::detail::ConstBytes> blocks;
+  for (const Velk::BlockView& block : Velk::MemoryImage(largeImage())) blocks.push_back(block.bytes);
+  for (auto _ : state) {
+    std::uint32_t checks = 0;
+    for (const auto bytes : blocks) {
+      checks += libdeflate_crc32(0, bytes.data(), bytes.size());
+      checks += VelkBench::sumOf(bytes.data(), bytes.size());
+    }
+    benchmark::DoNotOptimize(checks);
   }
 }
 
@@ -119,6 +135,7 @@ void filesRead(benchmark::State& state) {
 }
 
 BENCHMARK(imageWalked)->UseRealTime();
+BENCHMARK(imageChecked)->UseRealTime();
 BENCHMARK(imageRead)->UseRealTime();
 BENCHMARK(filesListed)->UseRealTime();
 BENCHMARK(filesRead)->UseRealTime();

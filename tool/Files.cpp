@@ -2,7 +2,8 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
-#include <cstdio>
+
+#include "velk/image/ImageFile.h"
 
 namespace VelkTool {
 namespace {
@@ -12,11 +13,9 @@ QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(p
 }  // namespace
 
 std::optional<std::string> readText(Session& session, const std::string& path) {
-  QFile file(QFile::decodeName(path.c_str()));
-  const bool opened = path == "-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-  const QByteArray text = opened ? file.readAll() : QByteArray();
-  if (file.error() == QFileDevice::NoError) return text.toStdString();
-  session.complain(path, file.errorString().toStdString());
+  const Velk::ImageFile file = Velk::readImageFile(path, Velk::ImageFormat::Raw);
+  if (file.error.empty()) return file.bytes.toStdString();
+  session.complain(path, file.error);
   session.worsen(Exit::NoAccess);
   return std::nullopt;
 }

@@ -19,13 +19,13 @@ std::optional<std::uint64_t> parseSize(std::string_view text) {
   return value;
 }
 
-CLI::Option* addSize(CLI::App& command, const std::string& name, std::uint64_t& value, const std::string& description) {
+void addSize(CLI::App& command, const std::string& name, std::uint64_t& value, const std::string& description) {
   const auto take = [&value](const CLI::results_t& texts) {
     const std::optional<std::uint64_t> size = parseSize(texts.front());
     value = size.value_or(0);
     return size.has_value();
   };
-  return command.add_option(name, take, description)->type_name("N");
+  command.add_option(name, take, description)->type_name("N");
 }
 
 void tellGaps(Session& session, const Input& input) {

@@ -36,6 +36,9 @@ struct Input {
   Velk::MemoryImage image;
 };
 
+/// Looks at a block of an input.
+using BlockVisitor = std::function<void(const Input& input, const Velk::BlockView& block)>;
+
 /// Reads one file. Why it cannot be read, doubts about it and its gaps are told on standard error; all but gaps count.
 Input openInput(Session& session, const Inputs& inputs, const std::string& name);
 

@@ -70,6 +70,11 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
   json.endArray().endObject().finish();
 }
 
+void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
+  writeJsonReport(session, inputs, {},
+                  [&](JsonWriter&, const Input& input, const Velk::BlockView& block) { visit(input, block); });
+}
+
 void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {
   JsonWriter json([&](std::string_view text) { session.write(text); }, JsonWriter::Layout::OneLine);
   for (const std::string& name : inputs.files) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-
 #include "Inputs.h"
 #include "JsonWriter.h"
 #include "Selection.h"
@@ -19,6 +17,9 @@ using DescribeBlock = std::function<void(JsonWriter& json, const Input& input, c
 
 /// Writes what the inputs are and which of the selected blocks they hold, sound or not, as one JSON document.
 void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+
+/// Writes the same of all blocks, with the usual members only; `visit` sees each block as it is written.
+void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit);
 
 /// Writes the same as a line for each block, which says of which file it is, and a line for each file that cannot be
 /// read.

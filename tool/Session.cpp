@@ -52,11 +52,12 @@ void Session::write(std::string_view text) {
 
 void Session::flush() {
   const std::size_t written = std::fwrite(pending_.data(), 1, pending_.size(), stdout);
-  if ((written != pending_.size() || std::fflush(stdout) != 0) && exit_ != Exit::NoAccess) {
-    worsen(Exit::NoAccess);
-    std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(errno));
-  }
+  const bool failed = written != pending_.size() || std::fflush(stdout) != 0;
   pending_.clear();
+  if (!failed || outputLost_) return;
+  outputLost_ = true;
+  worsen(Exit::NoAccess);
+  std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(errno));
 }
 
 void Session::complain(std::string_view file, std::string_view what) {

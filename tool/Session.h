@@ -27,7 +27,7 @@ class Session {
   /// Adds to standard output, which is written in large pieces. On a terminal control bytes are escaped, so that no
   /// image can play tricks on it.
   void write(std::string_view text);
-  /// Writes everything out; a failure counts as Exit::NoAccess.
+  /// Writes everything out; a failure is told once and counts as Exit::NoAccess.
   void flush();
 
   /// One line on standard error, behind all output so far.
@@ -39,6 +39,7 @@ class Session {
  private:
   std::string pending_;
   bool terminal_;
+  bool outputLost_ = false;
   Exit exit_ = Exit::Good;
 };
 

@@ -1,18 +1,21 @@
 #include "Commands.h"
 #include "Images.h"
-#include "Inputs.h"
 #include "JsonReport.h"
+#include "TextReport.h"
 
 namespace VelkTool {
 namespace {
+
+constexpr std::string_view heading =
+    "offset      id     name                                 size   kind            verdict\n";
 
 void padTo(std::string& line, std::size_t width) {
   if (line.size() < width) line.resize(width, ' ');
 }
 
-std::string row(const Velk::BlockView& block) {
+void appendRow(std::string& line, const Velk::BlockView& block) {
   const bool stray = block.kind == Velk::BlockKind::Stray;
-  std::string line = offsetText(block.offset);
+  line += offsetText(block.offset);
   padTo(line, 12);
   line += stray ? "-" : std::to_string(block.id);
   padTo(line, 19);
@@ -23,21 +26,7 @@ std::string row(const Velk::BlockView& block) {
   line += Velk::kindName(block.kind);
   padTo(line, 79);
   line += Velk::verdictName(block);
-  return line + '\n';
-}
-
-constexpr std::string_view heading =
-    "offset      id     name                                 size   kind            verdict\n";
-
-void writeText(Session& session, const Inputs& inputs) {
-  forEachInput(session, inputs, [&](const Input& input) {
-    if (inputs.files.size() > 1) session.write(input.name + ":\n");
-    session.write(heading);
-    for (const Velk::BlockView& block : input.image) {
-      session.write(row(block));
-      complainOf(session, input.name, block);
-    }
-  });
+  line += '\n';
 }
 
 }  // namespace
@@ -48,10 +37,11 @@ void addList(CLI::App& app, Session& session) {
   const auto json = addJson(*command);
   command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
   command->callback([&session, inputs, json] {
-    if (!*json) return writeText(session, *inputs);
-    writeJsonReport(session, *inputs, {}, [&](JsonWriter&, const Input& input, const Velk::BlockView& block) {
+    const auto visit = [&](const Input& input, const Velk::BlockView& block) {
       complainOf(session, input.name, block);
-    });
+    };
+    if (*json) return writeJsonSummary(session, *inputs, visit);
+    writeTextReport(session, *inputs, heading, appendRow, visit);
   });
 }
 

@@ -23,7 +23,7 @@ constexpr int samplesOfLargest = 256;
 std::vector<BlockView> walk(ConstBytes image) {
   std::vector<BlockView> blocks;
   BlockWalk blockWalk(image);
-  while (const std::optional<BlockView> block = blockWalk.next()) blocks.push_back(*block);
+  while (blockWalk.next()) blocks.push_back(blockWalk.block());
   return blocks;
 }
 

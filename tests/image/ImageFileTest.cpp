@@ -1,5 +1,12 @@
 #include "velk/image/ImageFile.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QTemporaryDir>
+#include <fstream>
+#include <numeric>
+
 #include "TestSupport.h"
 
 namespace Velk {
@@ -39,6 +46,30 @@ TEST(ImageFile, IsWhatEveryLineOfItIs) {
     EXPECT_EQ(image.error, "");
     if (expected.format == ImageFormat::Raw) EXPECT_EQ(image.bytes, QByteArray(expected.contents));
   }
+}
+
+TEST(ImageFile, IsReadWholeWhateverItsSizeAndWhereverItComesFrom) {
+  QTemporaryDir directory;
+  const std::string path = directory.filePath("image.bin").toStdString();
+  constexpr int kibi = 1024;
+  for (const int size : {0, 1, 32 * kibi - 1, 32 * kibi, 32 * kibi + 1, 64 * kibi, 64 * kibi + 1, 300'000}) {
+    QByteArray contents(size, '\x55');
+    std::iota(contents.begin(), contents.end(), '\0');
+    std::ofstream(path, std::ios::binary).write(contents.constData(), contents.size());
+    const ImageFile fromFile = readImageFile(path);
+    EXPECT_TRUE(fromFile.error.empty() && fromFile.bytes == contents) << size;
+    EXPECT_LE(fromFile.bytes.capacity(), size + 8) << "no more memory is held than the bytes need";
+
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    ASSERT_GE(fcntl(ends[1], F_SETPIPE_SZ, 512 * kibi), size);
+    ASSERT_EQ(write(ends[1], contents.constData(), static_cast<std::size_t>(size)), size);
+    close(ends[1]);
+    EXPECT_EQ(readImageFile("/dev/fd/" + std::to_string(ends[0])).bytes, contents) << size << " through a pipe";
+    close(ends[0]);
+  }
+  EXPECT_EQ(readImageFile(path + ".missing").error, "No such file or directory");
+  EXPECT_EQ(readImageFile(directory.path().toStdString()).error, "Is a directory");
 }
 
 TEST(ImageFile, AFormatThatIsAskedForHasToFit) {

@@ -113,6 +113,14 @@ TEST_F(Command, ManyFilesAndTheWorstOfThem) {
   EXPECT_EQ(run({"check", file("empty.bin", {})}).exitCode, 0);
 }
 
+TEST_F(Command, OutputThatCannotBeWrittenIsToldBesideOtherTrouble) {
+  const Outcome result = run({"-c", "exec \"$0\" list missing.bin rf_board.bin >/dev/full", VELK_COMMAND}, {}, "sh");
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_EQ(result.errors,
+            "velk: missing.bin: No such file or directory\n"
+            "velk: standard output: No space left on device\n");
+}
+
 TEST_F(Command, WrongUsageIsNoFinding) {
   EXPECT_EQ(run({}).exitCode, 2);
   EXPECT_EQ(run({"list"}).exitCode, 2);

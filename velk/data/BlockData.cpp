@@ -49,7 +49,7 @@ constexpr auto typedFields = [] {
   return fields;
 }();
 
-const FieldInfo& typedField(unsigned type) { return typedFields[type <= TYPE_ID_MAX ? type : TYPE_ID_NONE]; }
+const FieldInfo& typedField(unsigned type) { return typedFields[type < typedFields.size() ? type : 0]; }
 
 // The bytes of blocks whose layout nobody knows, behind what is known.
 constexpr FieldInfo bytesFrom(std::size_t offset) {
@@ -91,7 +91,7 @@ std::size_t rowsThere(const StoredTable& table) {
 }
 
 DataTable dataTable(ConstBytes block, std::size_t offset, StoredTable stored) {
-  DataTable table{.offset = offset, .rows = rowsThere(stored)};
+  DataTable table{.stored = {}, .offset = offset, .rows = rowsThere(stored)};
   if (stored.rowIdType() == TYPE_ID_STRING) table.rowTexts = textStarts(block, stored.rowIds());
   if (stored.columnIdType() == TYPE_ID_STRING) table.columnTexts = textStarts(block, stored.columnIds());
   table.stored = std::move(stored);

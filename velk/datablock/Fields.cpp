@@ -155,9 +155,9 @@ FieldResult setNumber(MutableBytes block, FieldElement element, std::string_view
 
 /// A value's bytes with zeros where the block lacks them.
 struct ExtendedElement {
-  ExtendedElement(ConstBytes block, FieldElement element)
-      : bytes(detail::firstBytes<16>(block.subspan(std::min(element.offset, block.size())))),
-        element{element.field, 0, element.size} {}
+  ExtendedElement(ConstBytes block, FieldElement there)
+      : bytes(detail::firstBytes<16>(block.subspan(std::min(there.offset, block.size())))),
+        element{there.field, 0, there.size} {}
 
   std::array<unsigned char, 16> bytes;
   FieldElement element;

@@ -24,10 +24,6 @@ HwDatablock::HwDatablock(bool stopConversionOnError)
   store<unsigned short>(sizeOffset, sizeof(HwSDatablockHeader));
 }
 
-detail::ConstBytes HwDatablock::bytes() const {
-  return {reinterpret_cast<const unsigned char*>(data_.constData()), static_cast<std::size_t>(data_.size())};
-}
-
 detail::MutableBytes HwDatablock::mutableBytes() {
   return {reinterpret_cast<unsigned char*>(data_.data()), static_cast<std::size_t>(data_.size())};
 }
@@ -35,8 +31,8 @@ detail::MutableBytes HwDatablock::mutableBytes() {
 unsigned short HwDatablock::getId() { return load<unsigned short>(idOffset); }
 
 unsigned short HwDatablock::getBlockSize() {
-  return getId() == erasedBlockId && bytes().size() >= erasedBlockSize ? erasedBlockSize
-                                                                       : load<unsigned short>(sizeOffset);
+  const bool erased = load<unsigned short>(idOffset) == erasedBlockId && bytes().size() >= erasedBlockSize;
+  return erased ? erasedBlockSize : load<unsigned short>(sizeOffset);
 }
 
 unsigned short HwDatablock::getChecksum() { return load<unsigned short>(checksumOffset); }

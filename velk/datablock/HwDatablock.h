@@ -136,7 +136,9 @@ class VELK_EXPORT HwDatablock : public HwObject {
   static void registerErrors();
 
  protected:
-  detail::ConstBytes bytes() const;
+  detail::ConstBytes bytes() const {
+    return {reinterpret_cast<const unsigned char*>(data_.constData()), static_cast<std::size_t>(data_.size())};
+  }
   /// The buffer, detached.
   detail::MutableBytes mutableBytes();
 

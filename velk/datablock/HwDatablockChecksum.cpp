@@ -28,14 +28,46 @@ detail::ConstBytes record(const unsigned short* words, unsigned short byteCount)
   return {reinterpret_cast<const unsigned char*>(words), byteCount};
 }
 
+/// Holds a block in the layout that its checksum is of. Notes before what the block says of itself: a conversion may
+/// change that.
+class StoredLayout {
+ public:
+  explicit StoredLayout(HwDatablock& block)
+      : block_(block), format_(block.getDataFormatTyp()), id_(block.getId()), blockSize_(block.getBlockSize()) {
+    if (format_ != INTEL_Conform) block.swapDataTo(INTEL_Conform, id_, &block);
+  }
+  StoredLayout(const StoredLayout&) = delete;
+  StoredLayout& operator=(const StoredLayout&) = delete;
+  ~StoredLayout() {
+    if (format_ != INTEL_Conform) block_.swapDataTo(format_, id_, &block_);
+  }
+
+  unsigned short id() const { return id_; }
+  unsigned short blockSize() const { return blockSize_; }
+
+ private:
+  HwDatablock& block_;
+  HwEDataFormatTyp format_;
+  unsigned short id_;
+  unsigned short blockSize_;
+};
+
+[[gnu::cold]] void reportAlignment(unsigned short id) {
+  printToErrorLog(QString::asprintf("Alignment of Block %d is wrong!\n", id));
+}
+
+[[gnu::cold]] void reportSize(const char* operation, unsigned short id, unsigned short blockSize, std::size_t size) {
+  printToErrorLog(
+      QString::asprintf("HwDatablock::%s: size mismatch (blockId %d swapBlockId %d blockSize %d / arraySize %d)\n",
+                        operation, id, id, blockSize, static_cast<int>(size)));
+}
+
 }  // namespace
 
 detail::ConstBytes HwDatablock::checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const {
   const detail::ConstBytes all = bytes();
   if (blockSize <= all.size()) return all.first(blockSize);
-  printToErrorLog(
-      QString::asprintf("HwDatablock::%s: size mismatch (blockId %d swapBlockId %d blockSize %d / arraySize %d)\n",
-                        operation, id, id, blockSize, static_cast<int>(all.size())));
+  reportSize(operation, id, blockSize, all.size());
   return all;
 }
 
@@ -57,29 +89,25 @@ bool HwDatablock::verifyChecksum(unsigned short* words, unsigned short byteCount
 }
 
 unsigned short HwDatablock::computeChecksum() {
-  const HwEDataFormatTyp format = getDataFormatTyp();
-  const unsigned short id = getId();
-  const unsigned short blockSize = getBlockSize();
-  swapDataTo(INTEL_Conform, id, this);
-  warnOfOddSize(blockSize);
+  const StoredLayout stored(*this);
+  warnOfOddSize(stored.blockSize());
   setChecksum(0);
-  const unsigned short checksum = detail::checksumOf(checkedBytes(id, blockSize, "computeChecksum"));
-  swapDataTo(format, id, this);
-  return checksum;
+  return detail::checksumOf(checkedBytes(stored.id(), stored.blockSize(), "computeChecksum"));
 }
 
 bool HwDatablock::verifyChecksum() {
-  const HwEDataFormatTyp format = getDataFormatTyp();
-  const unsigned short id = getId();
-  const unsigned short blockSize = getBlockSize();
-  swapDataTo(INTEL_Conform, id, this);
-  const detail::ConstBytes block = checkedBytes(id, blockSize, "verifyChecksum");
-  const std::size_t size = block.size();
-  const bool right = size != 0 && detail::sumOfWords(block) == 0;
-  if (!right) reportWrongChecksum();
-  swapDataTo(format, id, this);
-  if (!right && size % 4 != 0) printToErrorLog(QString::asprintf("Alignment of Block %d is wrong!\n", id));
-  return right;
+  std::size_t size = 0;
+  unsigned short id = 0;
+  {
+    const StoredLayout stored(*this);
+    const detail::ConstBytes block = checkedBytes(stored.id(), stored.blockSize(), "verifyChecksum");
+    if (!block.empty() && detail::sumOfWords(block) == 0) return true;
+    reportWrongChecksum();
+    size = block.size();
+    id = stored.id();
+  }
+  if (size % 4 != 0) reportAlignment(id);
+  return false;
 }
 
 unsigned int HwDatablock::computeChecksum32(unsigned char* bytes, unsigned int count) {

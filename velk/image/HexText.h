@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,12 +12,11 @@ inline constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 /// "0x00F4": at least `width` digits.
 inline std::string hexText(std::uint64_t value, unsigned width) {
-  char digits[16];
-  char* const end = digits + sizeof digits;
-  char* first = end;
-  for (; value != 0; value >>= 4U) *--first = hexDigits[value & 0xFU];
-  while (end - first < static_cast<std::ptrdiff_t>(width)) *--first = '0';
-  return "0x" + std::string(first, end);
+  const std::size_t digits = std::max<std::size_t>(width, (static_cast<unsigned>(std::bit_width(value)) + 3) / 4);
+  std::string text(2 + digits, '0');
+  text[1] = 'x';
+  for (auto digit = text.rbegin(); value != 0; value >>= 4U) *digit++ = hexDigits[value & 0xFU];
+  return text;
 }
 
 }  // namespace Velk::detail

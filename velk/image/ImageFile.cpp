@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 
@@ -30,16 +31,18 @@ class OpenFile {
 
   /// Reads up to the file's end; false, and errno says why, where it could not be opened or read.
   bool readTo(QByteArray& contents) const {
-    constexpr qsizetype piece = 64 * 1024;
+    constexpr qsizetype enoughForMost = 32 * 1024;
     if (descriptor_ < 0) return false;
-    const qsizetype known = knownSize();
+    contents.resize(enoughForMost);
     for (qsizetype count = 0;;) {
-      contents.resize(known != 0 ? known : count + std::max(count, piece));
       const ssize_t got = read(descriptor_, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
       if (got < 0 && errno != EINTR) return false;
       count += std::max<ssize_t>(got, 0);
-      if (got != 0 && (known == 0 || count < known)) continue;
+      // The size is asked for only where it saves growing step by step; one byte more finds the end.
+      if (count == contents.size()) contents.resize(std::max(knownSize() + 1, 2 * count));
+      if (got != 0) continue;
       contents.truncate(count);
+      contents.squeeze();
       return true;
     }
   }

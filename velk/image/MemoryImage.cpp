@@ -21,7 +21,7 @@ unsigned short sizeOf(ConstBytes block) {
   return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
-/// Says what a block is whose size can be believed.
+/// Says what a block is if its size is right.
 void classify(BlockView& block) {
   const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
   if (block.bytes.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block.bytes)) {
@@ -37,6 +37,21 @@ void classify(BlockView& block) {
 }
 
 bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
+
+/// Says what a block is and what is wrong with it; false where its size cannot be believed after all.
+bool judge(BlockView& block) {
+  classify(block);
+  const bool rightSum = detail::sumOfWords(block.bytes) == 0;
+  if (hasCrc(block.kind)) {
+    block.row = nullptr;
+    if (!rightSum) block.add(Finding::WrongSumBesideCrc);
+    return true;
+  }
+  const bool ownSize = block.row == nullptr || block.row->acceptsSize(block.declaredSize);
+  if (!rightSum) block.add(Finding::WrongChecksum);
+  if (!ownSize) block.add(Finding::SizeNotOfClass);
+  return rightSum || ownSize;
+}
 
 std::string describeChecksum(const BlockView& block) {
   const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
@@ -57,28 +72,19 @@ std::string describeNotErased(const BlockView& block) {
          detail::hexText(block.offset + at, 4);
 }
 
-struct FindingName {
-  Finding finding;
-  const char* name;
-};
-
-constexpr FindingName findingNames[] = {
-    {Finding::UnbelievableSize, "damaged size"},
-    {Finding::WrongChecksum, "wrong checksum"},
-    {Finding::WrongCrc, "wrong CRC"},
-    {Finding::TooShort, "too short for a block"},
-    {Finding::NotErased, "not erased"},
-    {Finding::SizeNotOfClass, "unexpected size"},
-    {Finding::WrongSumBesideCrc, "wrong 16-bit checksum"},
-};
+/// By finding.
+constexpr const char* findingNames[] = {"damaged size",          "wrong checksum", "wrong CRC",
+                                        "too short for a block", "not erased",     "unexpected size",
+                                        "wrong 16-bit checksum"};
+static_assert(std::size(findingNames) == findingCount);
 
 constexpr Finding firstRemark = Finding::SizeNotOfClass;
 
 }  // namespace
 
 bool BlockView::isSound() const {
-  return std::ranges::none_of(
-      findingNames, [this](const FindingName& entry) { return !isRemark(entry.finding) && has(entry.finding); });
+  constexpr std::bitset<findingCount> damage((1U << static_cast<unsigned>(firstRemark)) - 1U);
+  return (findings & damage).none();
 }
 
 const char* kindName(BlockKind kind) {
@@ -91,15 +97,15 @@ std::string blockName(const BlockView& block) {
   return block.kind == BlockKind::Stray ? "-" : "ID_" + std::to_string(block.id);
 }
 
-const char* findingName(Finding finding) {
-  return std::ranges::find(findingNames, finding, &FindingName::finding)->name;
-}
+const char* findingName(Finding finding) { return findingNames[static_cast<std::size_t>(finding)]; }
 
 bool isRemark(Finding finding) { return finding >= firstRemark; }
 
 const char* verdictName(const BlockView& block) {
   if (block.isSound()) return "sound";
-  return std::ranges::find_if(findingNames, [&](const FindingName& entry) { return block.has(entry.finding); })->name;
+  std::size_t worst = 0;
+  while (!block.findings[worst]) ++worst;
+  return findingNames[worst];
 }
 
 std::string describe(const BlockView& block, Finding finding) {
@@ -136,11 +142,11 @@ MemoryImage::Iterator::Iterator(const MemoryImage& image)
     : sectorSize_(image.sectorSize_),
       sectorStart_(std::min<std::uint64_t>(image.start_, image.bytes().size())),
       ahead_(image.bytes().subspan(sectorStart_)),
-      walk_(takeSector()) {
+      walk_(takeSector(), sectorStart_) {
   ++*this;
 }
 
-detail::ConstBytes MemoryImage::Iterator::takeSector() {
+ConstBytes MemoryImage::Iterator::takeSector() {
   const std::size_t size = sectorSize_ == 0 ? ahead_.size() : std::min<std::uint64_t>(sectorSize_, ahead_.size());
   const ConstBytes sector = ahead_.first(size);
   ahead_ = ahead_.subspan(size);
@@ -148,76 +154,61 @@ detail::ConstBytes MemoryImage::Iterator::takeSector() {
 }
 
 MemoryImage::Iterator& MemoryImage::Iterator::operator++() {
-  while (!(current_ = walk_.next()) && !ahead_.empty()) {
+  while (!(atBlock_ = walk_.next()) && !ahead_.empty()) {
     sectorStart_ += sectorSize_;
-    walk_ = BlockWalk(takeSector());
+    walk_ = BlockWalk(takeSector(), sectorStart_);
   }
-  if (current_) current_->offset += sectorStart_;
   return *this;
 }
 
-std::optional<BlockView> BlockWalk::next() {
-  if (position_ >= image_.size()) return std::nullopt;
-  if (ended_) return afterEnd();
-  if (rest().size() < sizeof(erasedBlockId)) return stray(Finding::TooShort);
-  const unsigned short id = idOf(rest());
-  if (id == erasedBlockId) return endBlock();
-  if (rest().size() < headerSize) return stray(Finding::TooShort);
-  return block(id);
+bool BlockWalk::next() {
+  if (position_ >= image_.size() || isErasedBehindEnd()) return false;
+  const ConstBytes ahead = rest();
+  block_ = BlockView{.offset = start_ + position_, .bytes = ahead};
+  if (ended_) {
+    takeStray(Finding::NotErased);
+  } else if (ahead.size() >= sizeof(erasedBlockId) && idOf(ahead) == erasedBlockId) {
+    takeEnd();
+  } else if (ahead.size() < headerSize) {
+    takeStray(Finding::TooShort);
+  } else {
+    takeBlock();
+  }
+  position_ += block_.bytes.size();
+  return true;
 }
 
-BlockView BlockWalk::endBlock() {
-  BlockView view{.offset = position_, .bytes = rest().first(std::min(endSize, rest().size())), .id = erasedBlockId};
-  view.declaredSize = static_cast<unsigned short>(view.bytes.size());
-  view.kind = BlockKind::End;
-  view.row = findCatalogueRow(erasedBlockId);
-  position_ += view.bytes.size();
+bool BlockWalk::isErasedBehindEnd() const {
+  return ended_ && std::ranges::all_of(rest(), [](unsigned char byte) { return byte == erased; });
+}
+
+void BlockWalk::takeStray(Finding finding) {
+  block_.kind = BlockKind::Stray;
+  block_.add(finding);
+}
+
+void BlockWalk::takeEnd() {
+  block_.bytes = block_.bytes.first(std::min(endSize, block_.bytes.size()));
+  block_.id = erasedBlockId;
+  block_.declaredSize = static_cast<unsigned short>(block_.bytes.size());
+  block_.kind = BlockKind::End;
+  block_.row = findCatalogueRow(erasedBlockId);
   ended_ = true;
-  return view;
 }
 
-std::optional<BlockView> BlockWalk::afterEnd() {
-  if (std::ranges::all_of(rest(), [](unsigned char byte) { return byte == erased; })) {
-    position_ = image_.size();
-    return std::nullopt;
+void BlockWalk::takeBlock() {
+  const ConstBytes ahead = block_.bytes;
+  block_.id = idOf(ahead);
+  block_.declaredSize = sizeOf(ahead);
+  block_.row = findCatalogueRow(block_.id, block_.declaredSize);
+  if (block_.declaredSize >= headerSize && block_.declaredSize <= ahead.size()) {
+    block_.bytes = ahead.first(block_.declaredSize);
+    if (judge(block_)) return;
   }
-  return stray(Finding::NotErased);
-}
-
-BlockView BlockWalk::stray(Finding finding) {
-  BlockView view{.offset = position_, .bytes = rest(), .kind = BlockKind::Stray};
-  view.add(finding);
-  position_ = image_.size();
-  return view;
-}
-
-BlockView BlockWalk::block(unsigned short id) {
-  const std::size_t size = sizeOf(rest());
-  BlockView view{
-      .offset = position_, .id = id, .declaredSize = sizeOf(rest()), .row = findCatalogueRow(id, sizeOf(rest()))};
-  bool believable = size >= headerSize && size <= rest().size();
-  if (believable) {
-    view.bytes = rest().first(size);
-    classify(view);
-    const bool rightSum = detail::sumOfWords(view.bytes) == 0;
-    if (hasCrc(view.kind)) {
-      view.row = nullptr;
-      if (!rightSum) view.add(Finding::WrongSumBesideCrc);
-    } else {
-      const bool ownSize = view.row == nullptr || view.row->acceptsSize(view.declaredSize);
-      believable = rightSum || ownSize;
-      if (!rightSum) view.add(Finding::WrongChecksum);
-      if (!ownSize) view.add(Finding::SizeNotOfClass);
-    }
-  }
-  if (!believable) {
-    view.bytes = rest().first(resumeBehind(position_) - position_);
-    view.kind = view.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
-    view.findings.reset();
-    view.add(Finding::UnbelievableSize);
-  }
-  position_ += view.bytes.size();
-  return view;
+  block_.bytes = ahead.first(resumeBehind(position_) - position_);
+  block_.kind = block_.row != nullptr ? BlockKind::OldStyle : BlockKind::Unknown;
+  block_.findings.reset();
+  block_.add(Finding::UnbelievableSize);
 }
 
 /// Where the walk goes on behind a block whose size is damaged.

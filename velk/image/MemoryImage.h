@@ -4,7 +4,6 @@
 #include <bitset>
 #include <cstdint>
 #include <iterator>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -91,19 +90,23 @@ class VELK_EXPORT MemoryImage {
   std::uint64_t sectorSize_;
 };
 
-/// The walk over one sequence of blocks: gives one block after another.
+/// The walk over one sequence of blocks, from one to the next.
 class VELK_EXPORT BlockWalk {
  public:
-  explicit BlockWalk(detail::ConstBytes image) : image_(image) {}
+  /// Walks `image`; the offsets of its blocks count from `start` bytes before it.
+  explicit BlockWalk(detail::ConstBytes image, std::uint64_t start = 0) : image_(image), start_(start) {}
 
-  /// The next block, or nothing after the last.
-  std::optional<BlockView> next();
+  /// Goes on to the next block; false behind the last.
+  bool next();
+  /// The block that the walk is at.
+  const BlockView& block() const { return block_; }
 
  private:
-  BlockView endBlock();
-  std::optional<BlockView> afterEnd();
-  BlockView stray(Finding finding);
-  BlockView block(unsigned short id);
+  bool isErasedBehindEnd() const;
+  /// Each completes block_, which begins as all bytes ahead.
+  void takeStray(Finding finding);
+  void takeEnd();
+  void takeBlock();
   std::uint64_t resumeBehind(std::uint64_t offset);
   bool soundBlockAt(std::uint64_t offset) const;
   bool endBlockAt(std::uint64_t offset) const;
@@ -112,8 +115,10 @@ class VELK_EXPORT BlockWalk {
   detail::ConstBytes rest() const { return image_.subspan(position_); }
 
   detail::ConstBytes image_;
+  std::uint64_t start_;
   std::uint64_t position_ = 0;
   bool ended_ = false;
+  BlockView block_;
   /// What is known of the whole image once a block is sought in damaged bytes: the sum of the words before each even
   /// offset, and where the erased memory at its end begins.
   std::vector<unsigned short> sums_;
@@ -130,11 +135,11 @@ class VELK_EXPORT MemoryImage::Iterator {
 
   explicit Iterator(const MemoryImage& image);
 
-  reference operator*() const { return *current_; }
-  pointer operator->() const { return &*current_; }
+  reference operator*() const { return walk_.block(); }
+  pointer operator->() const { return &walk_.block(); }
   Iterator& operator++();
   void operator++(int) { ++*this; }
-  bool operator==(std::default_sentinel_t) const { return !current_; }
+  bool operator==(std::default_sentinel_t) const { return !atBlock_; }
 
  private:
   detail::ConstBytes takeSector();
@@ -143,7 +148,7 @@ class VELK_EXPORT MemoryImage::Iterator {
   std::uint64_t sectorStart_;
   detail::ConstBytes ahead_;  ///< what is behind the sector that is walked
   BlockWalk walk_;
-  std::optional<BlockView> current_;
+  bool atBlock_ = false;
 };
 
 }  // namespace Velk
