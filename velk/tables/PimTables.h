@@ -188,7 +188,7 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalData : public HwLevelTable<HwSDatab
 using HwSDatablockPimMwIfExtLevCalDataRelCorr = LevelTableRecord<1500>;
 static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataRelCorr) == 60016);
 
-/// Its corrections by level; those of HwDatablockPimMwIfExtLevCalDataAbsCorr hold for all levels.
+/// Relative corrections of the external level calibration.
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataRelCorr
     : public HwLevelTable<HwSDatablockPimMwIfExtLevCalDataRelCorr> {
  public:
