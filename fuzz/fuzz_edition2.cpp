@@ -1,44 +1,17 @@
 // Any bytes as a second-edition block: parsed, read by every reader, printed on every page, written and parsed again.
 #include <algorithm>
-#include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <memory>
-#include <streambuf>
 #include <tuple>
 
+#include "FuzzSupport.h"
 #include "edition2/ReferenceParser.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablockEventCount.h"
 #include "velk/image/MemoryImage.h"
-#include "velk/platform/Console.h"
 
 namespace {
 
 using namespace Velk;
-
-void expect(bool holds, const char* what) {
-  if (holds) return;
-  std::cerr << "does not hold: " << what << '\n';
-  std::abort();
-}
-
-/// Counts what is printed and fails after a while.
-class LimitedBuffer : public std::streambuf {
- protected:
-  std::streamsize xsputn(const char* /*text*/, std::streamsize count) override {
-    expect(++refused_ < 1000, "printing stops when the stream has failed");
-    if (count > left_) return 0;
-    refused_ = 0;
-    left_ -= count;
-    return count;
-  }
-  int_type overflow(int_type character) override { return xsputn(nullptr, 1) == 1 ? character : traits_type::eof(); }
-
- private:
-  std::streamsize left_ = 256 * 1024;
-  int refused_ = 0;
-};
 
 std::unique_ptr<HwDatablock2Edition> blockOf(const QByteArray& bytes) {
   auto block = std::make_unique<HwDatablock2Edition>();
@@ -53,17 +26,16 @@ void compareWithReference(const CommonDatablockAccess& access, const QByteArray&
   const std::unique_ptr<HwDatablock2Edition> block = blockOf(bytes);
   const auto size = std::min<std::size_t>(block->getBlockSize(), static_cast<std::size_t>(bytes.size()));
   const VelkTest::ReferenceParser reference({block->getData(), size});
-  expect(access.getId() == reference.id, "the id");
-  expect(access.tables().size() == reference.tables.size(), "the number of tables");
+  FUZZ_EXPECT(access.getId() == reference.id);
+  FUZZ_EXPECT(access.tables().size() == reference.tables.size());
   for (std::size_t i = 0; i < reference.tables.size(); ++i) {
     const CommonSubDatablock& table = access.tables()[i];
     const VelkTest::ReferenceTable& wanted = reference.tables[i];
-    expect(table.rows == wanted.rows && table.columns == wanted.columns, "the counts");
-    expect(table.columnTypes == wanted.types, "the column types");
-    expect(text(table.rowIds) == wanted.rowIds && text(table.columnIds) == wanted.columnIds, "the ids");
-    expect(table.complete == (i + 1 < reference.tables.size()), "completeness");
-    for (const auto& [place, cell] : wanted.cells)
-      expect(text(table.cells[place.first][place.second]) == cell, "a cell");
+    FUZZ_EXPECT(table.rows == wanted.rows && table.columns == wanted.columns);
+    FUZZ_EXPECT(table.columnTypes == wanted.types);
+    FUZZ_EXPECT(text(table.rowIds) == wanted.rowIds && text(table.columnIds) == wanted.columnIds);
+    FUZZ_EXPECT(table.complete == (i + 1 < reference.tables.size()));
+    for (const auto& [place, cell] : wanted.cells) FUZZ_EXPECT(text(table.cells[place.first][place.second]) == cell);
   }
 }
 
@@ -72,11 +44,11 @@ void readAs(const CommonDatablockAccess& access, unsigned table, unsigned column
   std::vector<T> values;
   access.getDataColumn(column, values, table);
   const std::size_t rows = access.getRowCount(table);
-  expect(values.size() == (column < access.tables()[table].columnTypes.size() ? rows : 0), "a value for each row");
+  FUZZ_EXPECT(values.size() == (column < access.tables()[table].columnTypes.size() ? rows : 0));
   values.clear();
   access.getRowIdList(values, table);
   access.getColIdList(values, table);
-  expect(values.size() == rows + access.getColCount(table), "a value for each id");
+  FUZZ_EXPECT(values.size() == rows + access.getColCount(table));
 }
 
 void readAll(const CommonDatablockAccess& access) {
@@ -106,18 +78,16 @@ void printAll(HwDatablock2Edition& block) {
   cfg.blockName = "X";
   for (const auto page : {&HwDatablock2Edition::printDebugPageComplete, &HwDatablock2Edition::printDebugPageDetail,
                           &HwDatablock2Edition::printDebugPageSummary, &HwDatablock2Edition::printToStream2Edition}) {
-    LimitedBuffer buffer;
-    std::ostream os(&buffer);
-    (block.*page)(os, cfg);
+    VelkFuzz::LimitedStream stream;
+    (block.*page)(stream, cfg);
   }
   for (unsigned type = 0; type < 30; ++type) {
     unsigned char value[20] = {};
     const QByteArray bytes = block.getByteArrayData().left(sizeof value);
     std::copy(bytes.begin(), bytes.end(), value);
-    LimitedBuffer buffer;
-    std::ostream os(&buffer);
+    VelkFuzz::LimitedStream stream;
     const auto id = static_cast<ETypeId>(type);
-    expect(block.printDataTypeToStream(os, value, id) == value + HwDatablock2Edition::size_in_byte(id), "the advance");
+    FUZZ_EXPECT(block.printDataTypeToStream(stream, value, id) == value + HwDatablock2Edition::size_in_byte(id));
   }
 }
 
@@ -138,25 +108,24 @@ void writeAndReadBack(const QByteArray& bytes) {
   // The id of erased memory makes any block one of four bytes.
   if (access.getId() == erasedBlockId || !access.write()) return;
   const QByteArray image = store.block->getByteArrayData();
-  expect(store.block->verifyChecksum32() && store.block->verifyChecksum(), "fresh checksums");
+  FUZZ_EXPECT(store.block->verifyChecksum32() && store.block->verifyChecksum());
   const CommonDatablockAccess again(blockOf(image).release(), nullptr, true);
   if (blockOf(bytes)->getAlignment() != 0 ||
       !std::ranges::all_of(access.tables().begin(), access.tables().end() - 1, survives))
     return;
-  expect(again.tables().size() == access.tables().size(), "as many tables");
+  FUZZ_EXPECT(again.tables().size() == access.tables().size());
   for (std::size_t i = 0; i + 1 < access.tables().size(); ++i) {
     const CommonSubDatablock& was = access.tables()[i];
     const CommonSubDatablock& is = again.tables()[i];
-    expect(was.rows == is.rows && was.columnTypes == is.columnTypes && was.rowIds == is.rowIds, "the same table");
-    for (unsigned row = 0; row < was.rows; ++row) expect(text(was.cells[0][row]) == text(is.cells[0][row]), "a cell");
+    FUZZ_EXPECT(was.rows == is.rows && was.columnTypes == is.columnTypes && was.rowIds == is.rowIds);
+    for (unsigned row = 0; row < was.rows; ++row) FUZZ_EXPECT(text(was.cells[0][row]) == text(is.cells[0][row]));
   }
 }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-  static const bool quiet = (Console::redirect([](Console::Stream, std::string_view) {}), true);
-  static_cast<void>(quiet);
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+  VelkFuzz::quieten();
   if (size == 0 || size > 0xFFFF) return 0;
   const unsigned flags = data[0];
   QByteArray bytes(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size - 1));

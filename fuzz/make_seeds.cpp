@@ -1,11 +1,14 @@
-// Makes the seed corpora of the fuzz targets: from the example images, and a new block of every catalogued id.
+// Makes the seed corpora of the fuzz targets: from the examples, and a new block of every catalogued id.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <sstream>
 
 #include "FuzzSupport.h"
 #include "velk/image/ImageFile.h"
 #include "velk/image/MemoryImage.h"
+#include "velk/tables/HwTableBlock.h"
 
 namespace {
 
@@ -23,6 +26,10 @@ void write(const fs::path& path, const QByteArray& bytes) {
 
 void seedFrom(const fs::path& file, const fs::path& seeds) {
   const std::string name = file.stem().string();
+  if (file.extension() == ".txt") {
+    std::ifstream text(file);
+    return write(seeds / "exchange" / name, std::string(std::istreambuf_iterator<char>(text), {}));
+  }
   ImageFile image = readImageFile(file.string());
   // A fuzzer makes inputs as long as its longest seed, and slowly so: of a large image only the blocks are seeds.
   constexpr qsizetype longestSeed = 65536;
@@ -46,7 +53,14 @@ void seedFromCatalogue(const fs::path& seeds) {
   for (const unsigned short id : VelkFuzz::catalogueIds()) {
     const std::unique_ptr<HwDatablock> block = findCatalogueRow(id)->make(id);
     block->setBlockId(id);
-    write(seeds / "block" / ("id_" + std::to_string(id)), block->getByteArrayData());
+    const std::string name = "id_" + std::to_string(id);
+    write(seeds / "block" / name, block->getByteArrayData());
+    auto* const table = dynamic_cast<HwTableBlock*>(block.get());
+    if (table == nullptr || !table->hasExchangeText()) continue;
+    table->setCounts(2, table->getColCapacity());
+    std::ostringstream text;
+    table->writeExchangeText(text);
+    write(seeds / "exchange" / name, text.str());
   }
 }
 

@@ -1,5 +1,7 @@
 #include "JsonWriter.h"
 
+#include <algorithm>
+
 #include "Utf8.h"
 
 namespace VelkTool {
@@ -25,6 +27,19 @@ void appendEscaped(std::string& to, Character character, std::string_view bytes)
     to += bytes;
   }
 }
+
+void appendEscapedText(std::string& to, std::string_view text) {
+  std::string converted;
+  text = asUtf8(text, converted);
+  while (!text.empty()) {
+    const Character character = *takeUtf8(text);
+    appendEscaped(to, character, text.substr(0, character.length));
+    text.remove_prefix(character.length);
+  }
+}
+
+/// Stands for itself in a string, as all characters of keys and most of texts do.
+bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
 
 constexpr std::size_t pieceSize = 4096;
 
@@ -95,13 +110,11 @@ void JsonWriter::breakLine() {
 }
 
 void JsonWriter::appendString(std::string_view text) {
-  std::string converted;
-  text = asUtf8(text, converted);
   pending_ += '"';
-  while (!text.empty()) {
-    const Character character = *takeUtf8(text);
-    appendEscaped(pending_, character, text.substr(0, character.length));
-    text.remove_prefix(character.length);
+  if (std::ranges::all_of(text, isPlain)) {
+    pending_ += text;
+  } else {
+    appendEscapedText(pending_, text);
   }
   pending_ += '"';
 }

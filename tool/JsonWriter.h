@@ -58,9 +58,13 @@ class JsonWriter {
   JsonWriter& raw(std::string_view text);
   template <class T>
   JsonWriter& digits(T number) {
-    char text[64];
-    const auto last = std::to_chars(text, text + sizeof text, number).ptr;
-    return raw({text, static_cast<std::size_t>(last - text)});
+    separate();
+    constexpr std::size_t most = 64;
+    const std::size_t before = pending_.size();
+    pending_.resize(before + most);
+    char* const start = pending_.data() + before;
+    pending_.resize(before + static_cast<std::size_t>(std::to_chars(start, start + most, number).ptr - start));
+    return *this;
   }
   bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
   void separate();

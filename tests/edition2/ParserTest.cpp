@@ -68,6 +68,14 @@ TEST(SecondEditionParser, TablesWithoutRowsOrColumnsAreTables) {
   EXPECT_TRUE(parsed.tables()[2].complete);
 }
 
+TEST(SecondEditionParser, OnlyTablesWithACellFillABlock) {
+  const auto isFilled = [](const char* tables) { return isFilledByTables(VelkTest::viewOf(block(tables))); };
+  EXPECT_FALSE(isFilled("05 00 00 00 01 01"));
+  EXPECT_FALSE(isFilled("00 00 02 00 00 00 01 01 00 00"));
+  EXPECT_TRUE(isFilled("05 00 00 00 01 01 01 00 01 00 00 00 01 00 2A"));
+  EXPECT_FALSE(isFilled("05 00 00 00 01 01 01 00 01 00 00 00 01 00 2A 00")) << "nor tables before other bytes";
+}
+
 TEST(SecondEditionParser, KeepsToTheNormalHeaderWhateverTheAlignment) {
   const QByteArray bytes = block("02 00 01 00 00 00 01 00 00 00 08 09", "04 00");
   const Parsed parsed(bytes);

@@ -70,6 +70,9 @@ TEST(SecondEditionWriter, WritesCellsColumnByColumnAndStringsWithoutZeros) {
   const QByteArray bytes = bytesOf(SecondEditionBuilder(1).add(
       {.columnTypes = {TYPE_ID_UINT8, TYPE_ID_STRING, TYPE_ID_UINT16}, .rows = {{1, "ab", 0x1110}, {2, "c", 0x2120}}}));
   EXPECT_EQ(Written(bytes).image.mid(14), fromHex("02 00 03 00 00 00 01 19 03 00 01 02 61 62 63 10 11 20 21"));
+  const QByteArray numbers = bytesOf(SecondEditionBuilder(1).add(
+      {.columnTypes = {TYPE_ID_UINT8, TYPE_ID_UINT16}, .rows = {{1, 0x1110}, {2, 0x2120}, {3, 0x3130}}}));
+  EXPECT_EQ(Written(numbers).image.mid(14), fromHex("03 00 02 00 00 00 01 03 00 00 01 02 03 10 11 20 21 30 31"));
 }
 
 TEST(SecondEditionWriter, LeavesOutThePaddingOfBlocksWithAnAlignment) {
@@ -101,6 +104,8 @@ TEST(SecondEditionWriter, RefusesWhatNoBlockCanHold) {
   EXPECT_FALSE(twice.write());
   EXPECT_TRUE(store.blocks.empty());
   EXPECT_FALSE(CommonDatablockAccess(nullptr, &store, true).write());
+  table.rows.assign(0xFFFF - 24, {1});
+  EXPECT_EQ(Written(bytesOf(SecondEditionBuilder(1).add(table))).image.size(), 0xFFFF) << "the longest block";
 }
 
 TEST(SecondEditionWriter, HandsAnyBytesToTheStore) {

@@ -154,12 +154,14 @@ TEST(TableBlock, ConversionOfAShortBlockKeepsItsBytes) {
 }
 
 TEST(TcxoTable, HoldsItsIndexAndBothCountsToEight) {
+  ErrorCapture errors;
   HwDatablockQelRfboTcxoCal table(false);
   for (const int index : {0, 7}) {
     EXPECT_EQ(table.setTcxoValue(-5, index), 0);
     EXPECT_EQ(table.getStoredValue(index, 0), -5);
   }
   for (const int index : {8, -1, std::numeric_limits<int>::min()}) EXPECT_EQ(table.setTcxoValue(5, index), -1);
+  EXPECT_TRUE(errors.errors.empty()) << "an index is refused without a word";
   table.setRowCount(20);
   table.setColCount(9);
   EXPECT_EQ(table.getRowCount(), 8U);

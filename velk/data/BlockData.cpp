@@ -275,6 +275,13 @@ std::optional<DataNode::Run> DataNode::run() const {
   return Run{{elements->field, elements->offset}, elements->count};
 }
 
+std::optional<DataNode::Spacing> DataNode::spacing() const {
+  const auto* const elements = std::get_if<Elements>(&place_);
+  if (elements == nullptr) return std::nullopt;
+  const std::size_t perElement = elements->isTable ? elements->field->cols : 1;
+  return Spacing{elements->offset, perElement * elements->field->stride};
+}
+
 std::string DataPath::text(bool indices) const {
   std::string text = parent_ == nullptr ? std::string() : parent_->text(indices);
   if (name_ != nullptr) {

@@ -57,6 +57,16 @@ class VELK_EXPORT DataNode {
   /// The elements of a list of values that is stored as one run: the fast way to all of them.
   std::optional<Run> run() const;
 
+  /// Where the first element of a list lies, and how many bytes it is from one to the next.
+  struct Spacing {
+    std::size_t offset = 0;
+    std::size_t distance = 0;
+
+    bool operator==(const Spacing&) const = default;
+  };
+  /// Of lists and tables whose elements, or rows, fill their bytes one behind the other.
+  std::optional<Spacing> spacing() const;
+
  private:
   friend class BlockData;
 

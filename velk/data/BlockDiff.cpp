@@ -1,6 +1,7 @@
 #include "velk/data/BlockDiff.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 
 #include "velk/datablock/Checksums.h"
@@ -21,7 +22,20 @@ constexpr FieldInfo checkFields[] = {
 };
 constexpr FieldInfo byteField = detail::describeField<unsigned char>("bytes", 0);
 
-bool isEqual(ConstBytes first, ConstBytes second) { return std::ranges::equal(first, second); }
+bool isEqual(ConstBytes first, ConstBytes second) {
+  return first.size() == second.size() &&
+         (first.empty() || std::memcmp(first.data(), second.data(), first.size()) == 0);
+}
+
+/// How many bytes at the start of two equally long stretches are equal.
+std::size_t equalBytes(ConstBytes first, ConstBytes second) {
+  constexpr std::size_t piece = 256;  // a comparison of pieces takes no look at single bytes
+  std::size_t at = 0;
+  while (first.size() - at > piece && std::memcmp(first.data() + at, second.data() + at, piece) == 0) at += piece;
+  const auto differing = std::mismatch(first.begin() + static_cast<std::ptrdiff_t>(at), first.end(),
+                                       second.begin() + static_cast<std::ptrdiff_t>(at));
+  return static_cast<std::size_t>(differing.first - first.begin());
+}
 
 bool hasHeader(const BlockView& block) { return block.kind != BlockKind::Stray && block.kind != BlockKind::End; }
 
@@ -73,22 +87,29 @@ class Comparison {
 
   void compare(const DataPath& path, const DataNode& first, const DataNode& second) {
     if (first.kind() == DataNode::Kind::Value) return compareValues(path, first.element(), second.element());
-    if (isSameRun(first.run(), second.run())) return;
     const std::size_t common = std::min(first.size(), second.size());
     const bool record = first.kind() == DataNode::Kind::Record;
-    for (std::size_t i = 0; i < common; ++i) {
+    for (std::size_t i = nextDifference(first, second, 0, common); i < common;
+         i = nextDifference(first, second, i + 1, common)) {
       compare(record ? DataPath(path, first.nameOf(i)) : DataPath(path, i), first[i], second[i]);
     }
     for (std::size_t i = common; i < first.size(); ++i) tellAll(DataPath(path, i), first[i], true);
     for (std::size_t i = common; i < second.size(); ++i) tellAll(DataPath(path, i), second[i], false);
   }
 
-  /// Lists of values that are equal as a whole, which is soon found out.
-  bool isSameRun(const std::optional<DataNode::Run>& first, const std::optional<DataNode::Run>& second) const {
-    if (!first || !second || first->first.field != second->first.field || first->count != second->count) return false;
-    const std::size_t size = first->count * first->first.size;
-    return isEqual(first_.bytes().subspan(first->first.offset, size),
-                   second_.bytes().subspan(second->first.offset, size));
+  /// The first part from `index` on that may differ: of lists that lie in the same place in both blocks the one with
+  /// the next byte that does.
+  std::size_t nextDifference(const DataNode& first, const DataNode& second, std::size_t index,
+                             std::size_t count) const {
+    const auto spacing = first.spacing();
+    if (!spacing || index >= count || first.field() != second.field() || spacing != second.spacing()) return index;
+    const std::size_t start = spacing->offset + index * spacing->distance;
+    const std::size_t end =
+        std::min({spacing->offset + count * spacing->distance, first_.bytes().size(), second_.bytes().size()});
+    if (start >= end) return count;
+    const std::size_t equal =
+        equalBytes(first_.bytes().subspan(start, end - start), second_.bytes().subspan(start, end - start));
+    return equal == end - start ? count : index + equal / spacing->distance;
   }
 
   void compareValues(const DataPath& path, const FieldElement& first, const FieldElement& second) {
@@ -148,7 +169,8 @@ class Comparison {
     if (isEqual(first_.bytes().subspan(start), second_.bytes().subspan(start))) return;
     const DataPath bytes(byteField.name);
     for (std::size_t i = start; i < explained_.size(); ++i) {
-      if (explained_[i]) continue;
+      i += equalBytes(first_.bytes().subspan(i), second_.bytes().subspan(i));
+      if (i == explained_.size() || explained_[i]) continue;
       const FieldElement element{&byteField, i};
       compareValues(DataPath(bytes, i), element, element);
     }

@@ -26,7 +26,9 @@ struct TableTraits {
 /// checksum. Nothing here is virtual that a datablock does not have.
 class VELK_EXPORT HwTableBlock : public HwRecordBlock {
  public:
+  /// The name on the ID line.
   const std::string& getBlockString() const { return blockString_; }
+  /// The factor from a stored to its presented value.
   double getScale() const { return scale_; }
   /// The id of a new block is the base id and the id offset.
   unsigned getBaseId() const { return baseId_; }

@@ -52,6 +52,7 @@ class VELK_EXPORT HwPimFrequencyList : public HwCountedBlock<Record> {
 using HwSDatablockPimMwIfExtLevCalDataFreq = CountedRecord<unsigned int, unsigned int, 1500>;
 static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataFreq) == 6012);
 
+/// Frequencies of the external level calibration.
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataFreq
     : public HwPimFrequencyList<HwSDatablockPimMwIfExtLevCalDataFreq> {
  public:
@@ -65,6 +66,7 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataFreq
 using HwSDatablockPimAttCalDatFreq = CountedRecord<unsigned int, unsigned int, 200>;
 static_assert(sizeof(HwSDatablockPimAttCalDatFreq) == 812);
 
+/// Frequencies of the attenuator calibration.
 class VELK_EXPORT HwDatablockPimAttCalDatFreq : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreq> {
  public:
   static constexpr RecordTraits traits = frequencyTraits(12044, "HwDatablockPimAttCalDatFreq", "ATT_CAL_DAT_FREQ");
@@ -76,6 +78,7 @@ class VELK_EXPORT HwDatablockPimAttCalDatFreq : public HwPimFrequencyList<HwSDat
 using HwSDatablockPimAttCalDatFreqSe = CountedRecord<unsigned int, unsigned int, 500>;
 static_assert(sizeof(HwSDatablockPimAttCalDatFreqSe) == 2012);
 
+/// The longer list of those frequencies.
 class VELK_EXPORT HwDatablockPimAttCalDatFreqSe : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreqSe> {
  public:
   static constexpr RecordTraits traits = frequencyTraits(12046, "HwDatablockPimAttCalDatFreqSe", "ATT_CAL_DAT_FREQ_SE");
@@ -131,6 +134,7 @@ namespace detail {
 VELK_EXPORT std::ostream& printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 }  // namespace detail
 
+/// The accessors of level tables. A cell outside the table reads as 0 and takes nothing; the counts are not held to it.
 template <class Record>
 class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
  public:
@@ -170,6 +174,7 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
 using HwSDatablockPimMwIfExtLevCalData = LevelTableRecord<1500>;
 static_assert(sizeof(HwSDatablockPimMwIfExtLevCalData) == 60016);
 
+/// The levels of the external level calibration.
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalData : public HwLevelTable<HwSDatablockPimMwIfExtLevCalData> {
  public:
   static constexpr RecordTraits traits =
@@ -183,6 +188,7 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalData : public HwLevelTable<HwSDatab
 using HwSDatablockPimMwIfExtLevCalDataRelCorr = LevelTableRecord<1500>;
 static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataRelCorr) == 60016);
 
+/// Relative corrections of the external level calibration.
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataRelCorr
     : public HwLevelTable<HwSDatablockPimMwIfExtLevCalDataRelCorr> {
  public:
@@ -198,6 +204,7 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataRelCorr
 using HwSDatablockPimAttCalDat = LevelTableRecord<200>;
 static_assert(sizeof(HwSDatablockPimAttCalDat) == 8016);
 
+/// Corrections of the attenuator.
 class VELK_EXPORT HwDatablockPimAttCalDat : public HwLevelTable<HwSDatablockPimAttCalDat> {
  public:
   static constexpr RecordTraits traits =
@@ -211,6 +218,7 @@ class VELK_EXPORT HwDatablockPimAttCalDat : public HwLevelTable<HwSDatablockPimA
 using HwSDatablockPimAttCalDatSe = LevelTableRecord<500>;
 static_assert(sizeof(HwSDatablockPimAttCalDatSe) == 20016);
 
+/// Corrections of the attenuator over the longer list of frequencies.
 class VELK_EXPORT HwDatablockPimAttCalDatSe : public HwLevelTable<HwSDatablockPimAttCalDatSe> {
  public:
   static constexpr RecordTraits traits =

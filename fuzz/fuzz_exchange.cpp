@@ -1,0 +1,62 @@
+// Any text as each of the tables that travel as text: what is read is a right block, and can be written and read again.
+#include <span>
+#include <sstream>
+
+#include "FuzzSupport.h"
+#include "velk/tables/LornRfboTables.h"
+#include "velk/tables/QelRfboTables.h"
+
+namespace {
+
+using namespace Velk;
+
+constexpr bool isExact(int) { return true; }
+constexpr bool isExact(unsigned) { return true; }
+/// Floating values are rounded on their way.
+constexpr bool isExact(double) { return false; }
+
+template <class Table>
+std::string written(Table& table) {
+  std::ostringstream os;
+  Table::conv2ascii(os, table);
+  return os.str();
+}
+
+template <class Table>
+void read(Table& table, const std::string& text) {
+  std::istringstream is(text);
+  Table::searchascii(is, table);
+  FUZZ_EXPECT(is.fail() && table.verifyChecksum());
+  FUZZ_EXPECT(table.getByteArrayData().size() == Table::layout.record.size);
+  FUZZ_EXPECT(table.getId() == Table::traits.id || (table.getId() == 0 && table.getRowCount() == 0));
+}
+
+template <class Table>
+void readAndWrite(const std::string& text) {
+  Table table(false);
+  read(table, text);
+  VelkFuzz::LimitedStream stream;
+  table.printToStream(stream);
+  Table::conv2ascii(stream, table);
+  if (table.getRowCount() > table.getRowCapacity() || table.getColCount() > table.getColCapacity()) return;
+  const std::string exported = written(table);
+  Table again(false);
+  read(again, exported);
+  FUZZ_EXPECT(again.getId() == Table::traits.id);
+  FUZZ_EXPECT(again.getRowCount() == table.getRowCount() && again.getColCount() == table.getColCount());
+  if (isExact(typename Table::StorageType{})) FUZZ_EXPECT(written(again) == exported);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+  VelkFuzz::quieten();
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  readAndWrite<HwDatablockQelRfboAttRegData>(text);
+  readAndWrite<HwDatablockLornRfboAttCalFreq>(text);
+  readAndWrite<HwDatablockLornRfboAttRegAttenuation>(text);
+  readAndWrite<HwDatablockLornRfboAttRegData>(text);
+  readAndWrite<HwDatablockLornRfboTempCompData>(text);
+  readAndWrite<HwDatablockLornRfboTempCompFreq>(text);
+  return 0;
+}
