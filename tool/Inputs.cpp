@@ -46,10 +46,6 @@ bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
   return false;
 }
 
-}  // namespace
-
-namespace {
-
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   const auto inputs = std::make_shared<Inputs>();
   static const std::map<std::string, Velk::ImageFormat> formats = [] {
