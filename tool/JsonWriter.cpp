@@ -41,15 +41,13 @@ void appendEscapedText(std::string& to, std::string_view text) {
 /// Stands for itself in a string, as all characters of keys and most of texts do.
 bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
 
-constexpr std::size_t pieceSize = 4096;
-
 }  // namespace
 
 JsonWriter::JsonWriter(Sink sink, Layout layout) : sink_(std::move(sink)), layout_(layout) {}
 
 JsonWriter& JsonWriter::begin(char bracket, Layout layout) {
   separate();
-  pending_ += bracket;
+  put(bracket);
   ++depth_;
   if (layout == Layout::OneLine && oneLineDepth_ == 0) oneLineDepth_ = depth_;
   first_ = true;
@@ -61,67 +59,70 @@ JsonWriter& JsonWriter::end(char bracket) {
   if (depth_ == oneLineDepth_) oneLineDepth_ = 0;
   --depth_;
   if (breaks) breakLine();
-  pending_ += bracket;
+  put(bracket);
   first_ = false;
   return *this;
 }
 
 JsonWriter& JsonWriter::key(std::string_view name) {
   separate();
-  appendString(name);
-  pending_ += ": ";
+  putString(name);
+  put(':');
+  put(' ');
   afterKey_ = true;
   return *this;
 }
 
 JsonWriter& JsonWriter::value(std::string_view text) {
   separate();
-  appendString(text);
+  putString(text);
   return *this;
 }
 
 JsonWriter& JsonWriter::raw(std::string_view text) {
   separate();
-  pending_ += text;
+  put(text);
   return *this;
 }
 
 void JsonWriter::finish() {
-  pending_ += '\n';
+  put('\n');
   flush();
   first_ = true;
 }
 
-/// What has to stand before a key or a value.
-void JsonWriter::separate() {
-  if (pending_.size() >= pieceSize) flush();
-  if (!afterKey_ && depth_ > 0) {
-    if (!first_) pending_ += isOnOneLine() ? ", " : ",";
-    breakLine();
-  }
-  first_ = false;
-  afterKey_ = false;
-}
-
 void JsonWriter::breakLine() {
-  if (isOnOneLine()) return;
-  pending_ += '\n';
-  pending_.append(2 * depth_, ' ');
+  put('\n');
+  for (std::size_t i = 0; i < depth_; ++i) put("  ");
 }
 
-void JsonWriter::appendString(std::string_view text) {
-  pending_ += '"';
+void JsonWriter::putString(std::string_view text) {
+  put('"');
   if (std::ranges::all_of(text, isPlain)) {
-    pending_ += text;
+    put(text);
   } else {
-    appendEscapedText(pending_, text);
+    std::string escaped;
+    appendEscapedText(escaped, text);
+    put(escaped);
   }
-  pending_ += '"';
+  put('"');
+}
+
+void JsonWriter::put(std::string_view text) {
+  while (text.size() > piece_.size() - used_) {
+    const std::size_t fits = piece_.size() - used_;
+    std::copy_n(text.data(), fits, piece_.data() + used_);
+    used_ += fits;
+    text.remove_prefix(fits);
+    flush();
+  }
+  std::copy(text.begin(), text.end(), piece_.data() + used_);
+  used_ += text.size();
 }
 
 void JsonWriter::flush() {
-  sink_(pending_);
-  pending_.clear();
+  sink_({piece_.data(), used_});
+  used_ = 0;
 }
 
 }  // namespace VelkTool

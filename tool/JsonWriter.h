@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <concepts>
 #include <cstddef>
@@ -53,28 +54,46 @@ class JsonWriter {
   void finish();
 
  private:
+  static constexpr std::size_t roomForNumber = 80;
+
   JsonWriter& begin(char bracket, Layout layout);
   JsonWriter& end(char bracket);
   JsonWriter& raw(std::string_view text);
   template <class T>
   JsonWriter& digits(T number) {
     separate();
-    constexpr std::size_t most = 64;
-    const std::size_t before = pending_.size();
-    pending_.resize(before + most);
-    char* const start = pending_.data() + before;
-    pending_.resize(before + static_cast<std::size_t>(std::to_chars(start, start + most, number).ptr - start));
+    used_ = static_cast<std::size_t>(std::to_chars(piece_.data() + used_, piece_.data() + piece_.size(), number).ptr -
+                                     piece_.data());
     return *this;
   }
   bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
-  void separate();
+  /// Writes what has to stand before a key or a value; there is room for a number behind it.
+  void separate() {
+    if (piece_.size() - used_ < roomForNumber) flush();
+    if (!afterKey_ && depth_ > 0) {
+      if (!first_) put(',');
+      if (!isOnOneLine()) {
+        breakLine();
+      } else if (!first_) {
+        put(' ');
+      }
+    }
+    first_ = false;
+    afterKey_ = false;
+  }
+  void put(char c) {
+    if (used_ == piece_.size()) flush();
+    piece_[used_++] = c;
+  }
+  void put(std::string_view text);
   void breakLine();
-  void appendString(std::string_view text);
+  void putString(std::string_view text);
   void flush();
 
   Sink sink_;
   Layout layout_;
-  std::string pending_;
+  std::array<char, 4096> piece_;  ///< what has not been handed on yet
+  std::size_t used_ = 0;
   std::size_t depth_ = 0;
   std::size_t oneLineDepth_ = 0;  ///< of the outermost object or array that is to stay on one line; 0: of none
   bool first_ = true;             ///< nothing stands in the innermost object or array yet

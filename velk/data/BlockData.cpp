@@ -101,8 +101,9 @@ DataTable dataTable(ConstBytes block, std::size_t offset, StoredTable stored) {
 /// The number that a field of the same record gives as the elements in use.
 std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
                           std::string_view counter, std::size_t capacity) {
+  if (counter.empty()) return capacity;
   const auto field = std::ranges::find(fields, counter, &FieldInfo::name);
-  if (counter.empty() || field == fields.end()) return capacity;
+  if (field == fields.end()) return capacity;
   const std::int64_t count = integerValue(block, {&*field, offset + field->offset});
   return count < 0 ? capacity : std::min(capacity, static_cast<std::size_t>(count));
 }
@@ -128,41 +129,17 @@ DataNode BlockData::root() const {
   return {*this, DataNode::Record{fields_, 0}};
 }
 
-DataNode::Kind DataNode::kind() const {
-  constexpr Kind kinds[] = {Kind::Value,  Kind::Record, Kind::List, Kind::Record, Kind::List,
-                            Kind::Record, Kind::List,   Kind::List, Kind::List};
-  static_assert(std::size(kinds) == std::variant_size_v<Place>);
-  return kinds[place_.index()];
+std::size_t DataNode::selfDescribedSize() const {
+  if (std::holds_alternative<SelfDescribing>(place_)) return std::size(selfDescribingMembers);
+  if (std::holds_alternative<Tables>(place_)) return data_->tables().size();
+  if (std::holds_alternative<Table>(place_)) return std::size(tableHeaderFields) + std::size(tableParts);
+  if (const auto* const texts = std::get_if<Texts>(&place_)) return texts->starts->size() - 1;
+  if (const auto* const rows = std::get_if<Rows>(&place_)) return rows->table->rows;
+  const auto* const row = std::get_if<Row>(&place_);
+  return row == nullptr ? 0 : row->table->columnTypes().size();
 }
 
-namespace {
-
-template <class... Acts>
-struct Overloaded : Acts... {
-  using Acts::operator()...;
-};
-template <class... Acts>
-Overloaded(Acts...) -> Overloaded<Acts...>;
-
-}  // namespace
-
-std::size_t DataNode::size() const {
-  return std::visit(Overloaded{
-                        [](const FieldElement&) { return std::size_t{0}; },
-                        [](const Record& record) { return record.fields.size(); },
-                        [](const Elements& elements) { return elements.count; },
-                        [](const SelfDescribing&) { return std::size(selfDescribingMembers); },
-                        [this](const Tables&) { return data_->tables().size(); },
-                        [](const Table&) { return std::size(tableHeaderFields) + std::size(tableParts); },
-                        [](const Texts& texts) { return texts.starts->size() - 1; },
-                        [](const Rows& rows) { return rows.table->rows; },
-                        [](const Row& row) { return row.table->columnTypes().size(); },
-                    },
-                    place_);
-}
-
-const char* DataNode::nameOf(std::size_t index) const {
-  if (const auto* const record = std::get_if<Record>(&place_)) return record->fields[index].name;
+const char* DataNode::selfDescribedName(std::size_t index) const {
   if (std::holds_alternative<SelfDescribing>(place_)) return selfDescribingMembers[index];
   constexpr std::size_t inHeader = std::size(tableHeaderFields);
   return index < inHeader ? tableHeaderFields[index].name : tableParts[index - inHeader];
@@ -182,34 +159,24 @@ std::optional<DataNode> DataNode::find(std::string_view name) const {
   return std::nullopt;
 }
 
-DataNode DataNode::operator[](std::size_t index) const {
-  const auto cell = [this](const StoredTable& table, std::size_t column, std::size_t row) -> FieldElement {
-    const FieldInfo& field = typedField(table.columnTypes()[column]);
-    const ConstBytes bytes = table.cell(column, row);
-    if (bytes.data() == nullptr) return {&field, data_->bytes().size(), std::max<std::size_t>(field.stride, 1)};
-    return {&field, placeIn(data_->bytes(), bytes), bytes.size()};
-  };
-  const Place place =
-      std::visit(Overloaded{
-                     [](const FieldElement& element) -> Place { return element; },
-                     [&](const Record& record) { return member(record, record.fields[index]); },
-                     [&](const Elements& elements) { return elementOf(elements, index); },
-                     [&](const SelfDescribing&) {
-                       return index == 0 ? elementAt(updateIndexField, updateIndexField.offset) : Place(Tables{});
-                     },
-                     [&](const Tables&) -> Place { return Table{&data_->tables()[index]}; },
-                     [&](const Table& table) { return part(*table.table, index); },
-                     [&](const Texts& texts) -> Place {
-                       const std::uint32_t start = (*texts.starts)[index];
-                       return FieldElement{&typedField(TYPE_ID_STRING), start, (*texts.starts)[index + 1] - start};
-                     },
-                     [&](const Rows& rows) -> Place {
-                       return Row{&rows.table->stored, index};
-                     },
-                     [&](const Row& row) -> Place { return cell(*row.table, index, row.row); },
-                 },
-                 place_);
-  return {*data_, place};
+DataNode::Place DataNode::selfDescribed(std::size_t index) const {
+  if (std::holds_alternative<SelfDescribing>(place_)) {
+    return index == 0 ? elementAt(updateIndexField, updateIndexField.offset) : Place(Tables{});
+  }
+  if (std::holds_alternative<Tables>(place_)) return Table{&data_->tables()[index]};
+  if (const auto* const table = std::get_if<Table>(&place_)) return part(*table->table, index);
+  if (const auto* const rows = std::get_if<Rows>(&place_)) return Row{&rows->table->stored, index};
+  if (const auto* const texts = std::get_if<Texts>(&place_)) {
+    const std::uint32_t start = (*texts->starts)[index];
+    return FieldElement{&typedField(TYPE_ID_STRING), start, (*texts->starts)[index + 1] - start};
+  }
+  const Row& row = std::get<Row>(place_);
+  const FieldInfo& field = typedField(row.table->columnTypes()[index]);
+  const ConstBytes bytes = row.table->cell(index, row.row);
+  if (bytes.data() == nullptr) {
+    return FieldElement{&field, data_->bytes().size(), std::max<std::size_t>(field.stride, 1)};
+  }
+  return FieldElement{&field, placeIn(data_->bytes(), bytes), bytes.size()};
 }
 
 /// How many elements of a field the block has room for from an offset on.
@@ -218,9 +185,8 @@ std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const 
   return offset >= size || field.stride == 0 ? 0 : (size - offset) / field.stride;
 }
 
-DataNode::Place DataNode::member(const Record& record, const FieldInfo& field) const {
+DataNode::Place DataNode::list(const Record& record, const FieldInfo& field) const {
   const std::size_t offset = record.offset + field.offset;
-  if (field.rank == 0) return elementAt(field, offset);
   const bool inUse = data_->extent() == Extent::InUse;
   const auto used = [&](const char* counter, std::size_t capacity) {
     return inUse ? elementsInUse(data_->bytes(), record.fields, record.offset, counter, capacity) : capacity;
@@ -233,18 +199,10 @@ DataNode::Place DataNode::member(const Record& record, const FieldInfo& field) c
   return Elements{&field, offset, std::min(rows, rowsThere), used(field.usedCols, field.cols), true};
 }
 
-DataNode::Place DataNode::elementOf(const Elements& elements, std::size_t index) const {
-  const FieldInfo& field = *elements.field;
-  if (elements.isTable) {
-    const std::size_t offset = elements.offset + index * field.cols * field.stride;
-    return Elements{&field, offset, std::min(elements.columns, roomFor(field, offset))};
-  }
-  return elementAt(field, elements.offset + index * field.stride);
-}
-
-DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {
-  if (field.type == ScalarType::Record) return Record{field.members, offset};
-  return FieldElement{&field, offset};
+DataNode::Place DataNode::row(const Elements& table, std::size_t index) const {
+  const FieldInfo& field = *table.field;
+  const std::size_t offset = table.offset + index * field.cols * field.stride;
+  return Elements{&field, offset, std::min(table.columns, roomFor(field, offset))};
 }
 
 DataNode::Place DataNode::part(const DataTable& table, std::size_t index) const {
@@ -267,12 +225,6 @@ DataNode::Place DataNode::part(const DataTable& table, std::size_t index) const 
     default:
       return elementAt(tableHeaderFields[index], table.offset + tableHeaderFields[index].offset);
   }
-}
-
-std::optional<DataNode::Run> DataNode::run() const {
-  const auto* const elements = std::get_if<Elements>(&place_);
-  if (elements == nullptr || elements->isTable || elements->field->type == ScalarType::Record) return std::nullopt;
-  return Run{{elements->field, elements->offset}, elements->count};
 }
 
 std::optional<DataNode::Spacing> DataNode::spacing() const {

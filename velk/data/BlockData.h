@@ -35,7 +35,7 @@ class VELK_EXPORT DataNode {
  public:
   enum class Kind : unsigned char { Value, List, Record };
 
-  Kind kind() const;
+  Kind kind() const { return kinds[place_.index()]; }
   /// How many elements a list or members a record has; 0 for a value.
   std::size_t size() const;
   /// An element or member; `index` is below size().
@@ -99,12 +99,18 @@ class VELK_EXPORT DataNode {
     std::size_t row;
   };
   using Place = std::variant<FieldElement, Record, Elements, SelfDescribing, Tables, Table, Texts, Rows, Row>;
+  static constexpr Kind kinds[] = {Kind::Value,  Kind::Record, Kind::List, Kind::Record, Kind::List,
+                                   Kind::Record, Kind::List,   Kind::List, Kind::List};
+  static_assert(std::size(kinds) == std::variant_size_v<Place>);
 
   DataNode(const BlockData& data, Place place) : data_(&data), place_(place) {}
 
   static Place elementAt(const FieldInfo& field, std::size_t offset);
-  Place member(const Record& record, const FieldInfo& field) const;
-  Place elementOf(const Elements& elements, std::size_t index) const;
+  Place list(const Record& record, const FieldInfo& field) const;
+  Place row(const Elements& table, std::size_t index) const;
+  Place selfDescribed(std::size_t index) const;
+  std::size_t selfDescribedSize() const;
+  const char* selfDescribedName(std::size_t index) const;
   Place part(const DataTable& table, std::size_t index) const;
   std::size_t roomFor(const FieldInfo& field, std::size_t offset) const;
 
@@ -141,6 +147,42 @@ class VELK_EXPORT BlockData {
   bool selfDescribing_ = false;
   std::vector<DataTable> tables_;
 };
+
+// A walk takes most of its steps here: they are in the header for the compiler to see through.
+
+inline DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {
+  if (field.type == ScalarType::Record) return Record{field.members, offset};
+  return FieldElement{&field, offset};
+}
+
+inline DataNode DataNode::operator[](std::size_t index) const {
+  if (const auto* const record = std::get_if<Record>(&place_)) {
+    const FieldInfo& field = record->fields[index];
+    return {*data_, field.rank == 0 ? elementAt(field, record->offset + field.offset) : list(*record, field)};
+  }
+  if (const auto* const elements = std::get_if<Elements>(&place_)) {
+    if (elements->isTable) return {*data_, row(*elements, index)};
+    return {*data_, elementAt(*elements->field, elements->offset + index * elements->field->stride)};
+  }
+  return {*data_, selfDescribed(index)};
+}
+
+inline std::size_t DataNode::size() const {
+  if (const auto* const record = std::get_if<Record>(&place_)) return record->fields.size();
+  if (const auto* const elements = std::get_if<Elements>(&place_)) return elements->count;
+  return selfDescribedSize();
+}
+
+inline const char* DataNode::nameOf(std::size_t index) const {
+  const auto* const record = std::get_if<Record>(&place_);
+  return record != nullptr ? record->fields[index].name : selfDescribedName(index);
+}
+
+inline std::optional<DataNode::Run> DataNode::run() const {
+  const auto* const elements = std::get_if<Elements>(&place_);
+  if (elements == nullptr || elements->isTable || elements->field->type == ScalarType::Record) return std::nullopt;
+  return Run{{elements->field, elements->offset}, elements->count};
+}
 
 /// Where a value stands in its block. A walk strings these together on its way down, so that a path costs nothing until
 /// its text is asked for.
