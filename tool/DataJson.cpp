@@ -49,6 +49,11 @@ JsonWriter::Layout elementLayout(const DataNode& element) {
   return JsonWriter::Layout::OneLine;
 }
 
+/// Takes every member.
+struct Everything {
+  bool operator()(const DataNode& /*member*/) const { return true; }
+};
+
 class DataWriter {
  public:
   DataWriter(JsonWriter& json, const BlockData& data, ValueForm form) : json_(json), data_(data), form_(form) {}
@@ -64,16 +69,27 @@ class DataWriter {
       case DataNode::Kind::Record:
         json_.beginObject(layout);
         for (std::size_t i = 0; i < node.size(); ++i) {
-          const DataNode member = node[i];
-          if (!accepts(member)) continue;
-          json_.key(node.nameOf(i));
-          write(member, accepts);
+          writeMember(node, i, accepts);
         }
         json_.endObject();
     }
   }
 
  private:
+  template <class Accepts>
+  void writeMember(const DataNode& record, std::size_t index, Accepts accepts) {
+    if constexpr (std::is_same_v<Accepts, Everything>) {
+      if (const auto value = record.valueAt(index)) {
+        json_.plainKey(record.nameOf(index));
+        return writeDataValue(json_, data_.bytes(), *value, form_);
+      }
+    }
+    const DataNode member = record[index];
+    if (!accepts(member)) return;
+    json_.plainKey(record.nameOf(index));
+    write(member, accepts);
+  }
+
   template <class Accepts>
   void writeList(const DataNode& list, Accepts accepts) {
     const auto run = list.run();
@@ -96,7 +112,7 @@ class DataWriter {
 }  // namespace
 
 void writeData(JsonWriter& json, const BlockData& data, ValueForm form) {
-  DataWriter(json, data, form).write(data.root(), [](const DataNode&) { return true; });
+  DataWriter(json, data, form).write(data.root(), Everything{});
 }
 
 void writeDataNotes(JsonWriter& json, const BlockData& data, bool stored) {

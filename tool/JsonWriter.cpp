@@ -50,25 +50,35 @@ JsonWriter& JsonWriter::begin(char bracket, Layout layout) {
   put(bracket);
   ++depth_;
   if (layout == Layout::OneLine && oneLineDepth_ == 0) oneLineDepth_ = depth_;
-  first_ = true;
+  needsComma_ = false;
   return *this;
 }
 
 JsonWriter& JsonWriter::end(char bracket) {
-  const bool breaks = !first_ && !isOnOneLine();
+  const bool breaks = needsComma_ && !isOnOneLine();
   if (depth_ == oneLineDepth_) oneLineDepth_ = 0;
   --depth_;
   if (breaks) breakLine();
   put(bracket);
-  first_ = false;
+  needsComma_ = true;
   return *this;
 }
 
 JsonWriter& JsonWriter::key(std::string_view name) {
   separate();
   putString(name);
-  put(':');
-  put(' ');
+  put(": ");
+  needsComma_ = false;
+  afterKey_ = true;
+  return *this;
+}
+
+JsonWriter& JsonWriter::plainKey(std::string_view name) {
+  separate();
+  put('"');
+  put(name);
+  put("\": ");
+  needsComma_ = false;
   afterKey_ = true;
   return *this;
 }
@@ -88,7 +98,7 @@ JsonWriter& JsonWriter::raw(std::string_view text) {
 void JsonWriter::finish() {
   put('\n');
   flush();
-  first_ = true;
+  needsComma_ = false;
 }
 
 void JsonWriter::breakLine() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <concepts>
@@ -29,6 +30,8 @@ class JsonWriter {
   JsonWriter& beginArray(Layout layout = Layout::Indented) { return begin('[', layout); }
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
+  /// The same for a name that needs no escapes, as those of fields.
+  JsonWriter& plainKey(std::string_view name);
 
   JsonWriter& value(std::string_view text);
   JsonWriter& value(const char* text) { return value(std::string_view(text)); }
@@ -70,16 +73,18 @@ class JsonWriter {
   /// Writes what has to stand before a key or a value; there is room for a number behind it.
   void separate() {
     if (piece_.size() - used_ < roomForNumber) flush();
-    if (!afterKey_ && depth_ > 0) {
-      if (!first_) put(',');
-      if (!isOnOneLine()) {
-        breakLine();
-      } else if (!first_) {
-        put(' ');
-      }
+    if (isOnOneLine()) {
+      if (needsComma_) putUnchecked(", ");
+    } else {
+      if (needsComma_) putUnchecked(",");
+      if (!afterKey_ && depth_ > 0) breakLine();
     }
-    first_ = false;
+    needsComma_ = true;
     afterKey_ = false;
+  }
+  void putUnchecked(std::string_view few) {
+    std::copy(few.begin(), few.end(), piece_.data() + used_);
+    used_ += few.size();
   }
   void put(char c) {
     if (used_ == piece_.size()) flush();
@@ -96,7 +101,7 @@ class JsonWriter {
   std::size_t used_ = 0;
   std::size_t depth_ = 0;
   std::size_t oneLineDepth_ = 0;  ///< of the outermost object or array that is to stay on one line; 0: of none
-  bool first_ = true;             ///< nothing stands in the innermost object or array yet
+  bool needsComma_ = false;       ///< something stands before the next key or value in the same object or array
   bool afterKey_ = false;         ///< the next value belongs to a key
 };
 

@@ -40,6 +40,8 @@ class VELK_EXPORT DataNode {
   std::size_t size() const;
   /// An element or member; `index` is below size().
   DataNode operator[](std::size_t index) const;
+  /// The value that an element or member is, or nothing where it is a list or record: the short way to most values.
+  std::optional<FieldElement> valueAt(std::size_t index) const;
   /// What a member is called; `index` is below size() of a record.
   const char* nameOf(std::size_t index) const;
   /// The member of a record that is called so, or nothing.
@@ -158,13 +160,24 @@ inline DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t o
 inline DataNode DataNode::operator[](std::size_t index) const {
   if (const auto* const record = std::get_if<Record>(&place_)) {
     const FieldInfo& field = record->fields[index];
-    return {*data_, field.rank == 0 ? elementAt(field, record->offset + field.offset) : list(*record, field)};
+    if (field.rank != 0) return {*data_, list(*record, field)};
+    return {*data_, elementAt(field, record->offset + field.offset)};
   }
   if (const auto* const elements = std::get_if<Elements>(&place_)) {
     if (elements->isTable) return {*data_, row(*elements, index)};
     return {*data_, elementAt(*elements->field, elements->offset + index * elements->field->stride)};
   }
   return {*data_, selfDescribed(index)};
+}
+
+inline std::optional<FieldElement> DataNode::valueAt(std::size_t index) const {
+  if (const auto* const record = std::get_if<Record>(&place_)) {
+    const FieldInfo& field = record->fields[index];
+    if (field.rank != 0 || field.type == ScalarType::Record) return std::nullopt;
+    return FieldElement{&field, record->offset + field.offset};
+  }
+  const DataNode part = (*this)[index];
+  return part.kind() == Kind::Value ? std::optional(part.element()) : std::nullopt;
 }
 
 inline std::size_t DataNode::size() const {
