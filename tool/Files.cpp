@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <memory>
 
 #include "velk/image/ImageFile.h"
 
@@ -21,9 +22,17 @@ std::optional<std::string> readText(Session& session, const std::string& path) {
 }
 
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
-  QSaveFile file(QFile::decodeName(path.c_str()));
-  if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()) return true;
-  session.complain(path, file.errorString().toStdString());
+  // Devices and pipes are written to, never replaced.
+  const bool replaces = !infoOf(path).exists() || infoOf(path).isFile();
+  const QString name = QFile::decodeName(path.c_str());
+  const std::unique_ptr<QFileDevice> file =
+      replaces ? std::unique_ptr<QFileDevice>(std::make_unique<QSaveFile>(name)) : std::make_unique<QFile>(name);
+  auto* const saved = qobject_cast<QSaveFile*>(file.get());
+  if (file->open(QIODevice::WriteOnly) && file->write(bytes) == bytes.size() &&
+      (saved != nullptr ? saved->commit() : file->flush())) {
+    return true;
+  }
+  session.complain(path, file->errorString().toStdString());
   session.worsen(Exit::NoAccess);
   return false;
 }

@@ -154,4 +154,12 @@ TEST_F(TableCommand, DamageIsToldAndAnEndlessTableCut) {
   EXPECT_EQ(run({"check", out()}).exitCode, 0) << "a damaged table is replaced like any other";
 }
 
+TEST_F(TableCommand, DevicesAndPipesAreWrittenToAndNotReplaced) {
+  const QStringList import{"table", "import", "rf_board_tables.bin", "attenuator_registers.txt", "-o"};
+  ASSERT_EQ(run(import + QStringList{out()}).exitCode, 0);
+  const Outcome piped = run(import + QStringList{"/dev/stdout"});
+  EXPECT_EQ(piped.exitCode, 0) << piped.errors;
+  EXPECT_EQ(piped.output, VelkTest::readFile(out().toStdString()));
+}
+
 }  // namespace
