@@ -16,16 +16,20 @@ namespace {
 
 using namespace Velk;
 
-/// A sound block of every class, full of numbers such as calibration gives; one behind the other up to `size` bytes.
+/// Sound blocks of classes drawn from the whole dictionary, full of numbers such as calibration gives, one behind the
+/// other up to `size` bytes.
 QByteArray calibratedImage(qsizetype size) {
   std::mt19937 random(20261125);
   QByteArray image;
-  for (std::size_t next = 0;; ++next) {
-    const CatalogueRow& row = dictionaryRows()[next % dictionaryRows().size()];
-    if (row.firstId == erasedBlockId || row.size > 30'000) continue;
+  while (true) {
+    const CatalogueRow& row = dictionaryRows()[random() % dictionaryRows().size()];
+    if (row.firstId == erasedBlockId || row.size < 12 || row.size > 30'000) continue;
     const std::unique_ptr<HwDatablock> block = row.make(row.firstId);
     QByteArray bytes = block->getByteArrayData();
-    if (image.size() + bytes.size() > size) break;
+    if (image.size() + bytes.size() > size) {
+      if (image.size() > size - 1000) break;
+      continue;
+    }
     const detail::MutableBytes view(reinterpret_cast<unsigned char*>(bytes.data()), std::size_t(bytes.size()));
     const BlockData data(view, row.fields, Extent::Capacity);
     const auto fill = [&](const DataPath&, const FieldElement& element) {

@@ -92,15 +92,22 @@ class DataWriter {
 
   template <class Accepts>
   void writeList(const DataNode& list, Accepts accepts) {
-    const auto run = list.run();
+    if (const auto run = list.run()) return writeRun(*run);
     json_.beginArray(isListOfValues(list) ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
-    if (run) {
-      Velk::detail::withValues(data_.bytes(), run->first, run->count, form_,
-                               [this](auto value) { json_.value(value); });
-    } else {
-      const JsonWriter::Layout layout = list.size() == 0 ? JsonWriter::Layout::Indented : elementLayout(list[0]);
-      for (std::size_t i = 0; i < list.size(); ++i) write(list[i], accepts, layout);
+    const JsonWriter::Layout layout = list.size() == 0 ? JsonWriter::Layout::Indented : elementLayout(list[0]);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      if (const auto row = list.runAt(i)) {
+        writeRun(*row);
+      } else {
+        write(list[i], accepts, layout);
+      }
     }
+    json_.endArray();
+  }
+
+  void writeRun(const DataNode::Run& run) {
+    json_.beginArray(JsonWriter::Layout::OneLine);
+    Velk::detail::withValues(data_.bytes(), run.first, run.count, form_, [this](auto value) { json_.value(value); });
     json_.endArray();
   }
 

@@ -45,39 +45,10 @@ bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
 
 JsonWriter::JsonWriter(Sink sink, Layout layout) : sink_(std::move(sink)), layout_(layout) {}
 
-JsonWriter& JsonWriter::begin(char bracket, Layout layout) {
-  separate();
-  put(bracket);
-  ++depth_;
-  if (layout == Layout::OneLine && oneLineDepth_ == 0) oneLineDepth_ = depth_;
-  needsComma_ = false;
-  return *this;
-}
-
-JsonWriter& JsonWriter::end(char bracket) {
-  const bool breaks = needsComma_ && !isOnOneLine();
-  if (depth_ == oneLineDepth_) oneLineDepth_ = 0;
-  --depth_;
-  if (breaks) breakLine();
-  put(bracket);
-  needsComma_ = true;
-  return *this;
-}
-
 JsonWriter& JsonWriter::key(std::string_view name) {
   separate();
   putString(name);
   put(": ");
-  needsComma_ = false;
-  afterKey_ = true;
-  return *this;
-}
-
-JsonWriter& JsonWriter::plainKey(std::string_view name) {
-  separate();
-  put('"');
-  put(name);
-  put("\": ");
   needsComma_ = false;
   afterKey_ = true;
   return *this;
@@ -118,16 +89,13 @@ void JsonWriter::putString(std::string_view text) {
   put('"');
 }
 
-void JsonWriter::put(std::string_view text) {
-  while (text.size() > piece_.size() - used_) {
-    const std::size_t fits = piece_.size() - used_;
-    std::copy_n(text.data(), fits, piece_.data() + used_);
-    used_ += fits;
-    text.remove_prefix(fits);
-    flush();
+void JsonWriter::putLong(std::string_view text) {
+  while (!text.empty()) {
+    if (used_ == piece_.size()) flush();
+    const std::string_view fitting = text.substr(0, piece_.size() - used_);
+    putUnchecked(fitting);
+    text.remove_prefix(fitting.size());
   }
-  std::copy(text.begin(), text.end(), piece_.data() + used_);
-  used_ += text.size();
 }
 
 void JsonWriter::flush() {

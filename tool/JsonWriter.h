@@ -5,6 +5,7 @@
 #include <charconv>
 #include <concepts>
 #include <cstddef>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -31,7 +32,15 @@ class JsonWriter {
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
   /// The same for a name that needs no escapes, as those of fields.
-  JsonWriter& plainKey(std::string_view name);
+  JsonWriter& plainKey(std::string_view name) {
+    separate();
+    put('"');
+    put(name);
+    put("\": ");
+    needsComma_ = false;
+    afterKey_ = true;
+    return *this;
+  }
 
   JsonWriter& value(std::string_view text);
   JsonWriter& value(const char* text) { return value(std::string_view(text)); }
@@ -59,8 +68,24 @@ class JsonWriter {
  private:
   static constexpr std::size_t roomForNumber = 80;
 
-  JsonWriter& begin(char bracket, Layout layout);
-  JsonWriter& end(char bracket);
+  JsonWriter& begin(char bracket, Layout layout) {
+    separate();
+    put(bracket);
+    ++depth_;
+    if (layout == Layout::OneLine && oneLineDepth_ == 0) oneLineDepth_ = depth_;
+    needsComma_ = false;
+    return *this;
+  }
+
+  JsonWriter& end(char bracket) {
+    const bool breaks = needsComma_ && !isOnOneLine();
+    if (depth_ == oneLineDepth_) oneLineDepth_ = 0;
+    --depth_;
+    if (breaks) breakLine();
+    put(bracket);
+    needsComma_ = true;
+    return *this;
+  }
   JsonWriter& raw(std::string_view text);
   template <class T>
   JsonWriter& digits(T number) {
@@ -82,15 +107,17 @@ class JsonWriter {
     needsComma_ = true;
     afterKey_ = false;
   }
+  /// Of few characters, for which there is room.
   void putUnchecked(std::string_view few) {
-    std::copy(few.begin(), few.end(), piece_.data() + used_);
+    std::memcpy(piece_.data() + used_, few.data(), few.size());
     used_ += few.size();
   }
   void put(char c) {
     if (used_ == piece_.size()) flush();
     piece_[used_++] = c;
   }
-  void put(std::string_view text);
+  void put(std::string_view text) { text.size() <= piece_.size() - used_ ? putUnchecked(text) : putLong(text); }
+  void putLong(std::string_view text);
   void breakLine();
   void putString(std::string_view text);
   void flush();

@@ -179,12 +179,6 @@ DataNode::Place DataNode::selfDescribed(std::size_t index) const {
   return FieldElement{&field, placeIn(data_->bytes(), bytes), bytes.size()};
 }
 
-/// How many elements of a field the block has room for from an offset on.
-std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
-  const std::size_t size = data_->bytes().size();
-  return offset >= size || field.stride == 0 ? 0 : (size - offset) / field.stride;
-}
-
 DataNode::Place DataNode::list(const Record& record, const FieldInfo& field) const {
   const std::size_t offset = record.offset + field.offset;
   const bool inUse = data_->extent() == Extent::InUse;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -58,6 +59,8 @@ class VELK_EXPORT DataNode {
   };
   /// The elements of a list of values that is stored as one run: the fast way to all of them.
   std::optional<Run> run() const;
+  /// The run that an element is, such as a row of a table, or nothing: the short way to all rows.
+  std::optional<Run> runAt(std::size_t index) const;
 
   /// Where the first element of a list lies, and how many bytes it is from one to the next.
   struct Spacing {
@@ -114,6 +117,7 @@ class VELK_EXPORT DataNode {
   std::size_t selfDescribedSize() const;
   const char* selfDescribedName(std::size_t index) const;
   Place part(const DataTable& table, std::size_t index) const;
+  /// How many elements of a field the block has room for from an offset on.
   std::size_t roomFor(const FieldInfo& field, std::size_t offset) const;
 
   const BlockData* data_;
@@ -151,6 +155,11 @@ class VELK_EXPORT BlockData {
 };
 
 // A walk takes most of its steps here: they are in the header for the compiler to see through.
+
+inline std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
+  const std::size_t size = data_->bytes().size();
+  return offset >= size || field.stride == 0 ? 0 : (size - offset) / field.stride;
+}
 
 inline DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {
   if (field.type == ScalarType::Record) return Record{field.members, offset};
@@ -195,6 +204,14 @@ inline std::optional<DataNode::Run> DataNode::run() const {
   const auto* const elements = std::get_if<Elements>(&place_);
   if (elements == nullptr || elements->isTable || elements->field->type == ScalarType::Record) return std::nullopt;
   return Run{{elements->field, elements->offset}, elements->count};
+}
+
+inline std::optional<DataNode::Run> DataNode::runAt(std::size_t index) const {
+  const auto* const table = std::get_if<Elements>(&place_);
+  if (table == nullptr || !table->isTable || table->field->type == ScalarType::Record) return std::nullopt;
+  const FieldInfo& field = *table->field;
+  const std::size_t offset = table->offset + index * field.cols * field.stride;
+  return Run{{&field, offset}, std::min(table->columns, roomFor(field, offset))};
 }
 
 /// Where a value stands in its block. A walk strings these together on its way down, so that a path costs nothing until
