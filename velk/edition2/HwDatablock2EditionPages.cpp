@@ -1,10 +1,10 @@
 // The pages of a second-edition block that service looks at.
 #include <algorithm>
 #include <ios>
-#include <limits>
 #include <ostream>
 #include <string_view>
 
+#include "velk/datablock/FieldValue.h"
 #include "velk/datablock/TextWriter.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablock2Edition.h"
@@ -34,13 +34,6 @@ int printedDecimals(ETypeId type) {
 void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
   const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
   text.fixed(stored * detail::fixedPointUnit(type), printedDecimals(type));
-}
-
-long double loadLongDouble(ConstBytes value) {
-  static_assert(std::numeric_limits<long double>::digits == 64, "the stored form has to be the host's");
-  long double number = 0;
-  std::copy(value.begin(), value.end(), reinterpret_cast<unsigned char*>(&number));
-  return number;
 }
 
 /// One stored value and the blanks behind it, in the form of its type; nothing where a type has no form.
@@ -78,7 +71,7 @@ void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
       text.general(detail::load<double>(value, 0));
       break;
     case TYPE_ID_LONG_DOUBLE:
-      text.general(loadLongDouble(value));
+      text.general(detail::loadExtended(value, 0));
       break;
     default:
       if (detail::isFixedPoint(type)) {
