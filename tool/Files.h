@@ -11,8 +11,8 @@ namespace VelkTool {
 /// The whole of a text file, - being standard input; nothing, told and counted, where it cannot be read.
 std::optional<std::string> readText(Session& session, const std::string& path);
 
-/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to. Whether it could be
-/// done; a failure is told and counted.
+/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to.
+/// Whether it could be done; a failure is told and counted.
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
 
 /// Copies a file over another, with the same guarantee. Whether it could be done.

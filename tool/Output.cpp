@@ -14,10 +14,10 @@ bool Output::accepts(Session& session, const std::string& input) const {
   return false;
 }
 
-void Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
+bool Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
   const QByteArray contents = Velk::encodeImage(image);
-  if (backup_ && !copyFile(session, input, input + ".bak")) return;
-  writeFile(session, inPlace_ ? input : file_, contents);
+  if (backup_ && !copyFile(session, input, input + ".bak")) return false;
+  return writeFile(session, inPlace_ ? input : file_, contents);
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {
