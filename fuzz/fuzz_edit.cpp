@@ -85,6 +85,15 @@ void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
   bytes = edited;
 }
 
+/// The commas of a line that stand between its cells.
+std::ptrdiff_t separators(std::string_view line) {
+  bool quoted = false;
+  return std::ranges::count_if(line, [&](char c) {
+    quoted = quoted != (c == '"');
+    return c == ',' && !quoted;
+  });
+}
+
 /// What is written of a block is JSON, and the lines of its tables have the same columns.
 void exportBlock(const BlockView& block) {
   const BlockData data(block);
@@ -96,9 +105,13 @@ void exportBlock(const BlockView& block) {
     FUZZ_EXPECT(nlohmann::json::accept(text));
   }
   for (std::size_t table = 0; table < std::min<std::size_t>(VelkTool::CsvTable::count(data), 8); ++table) {
-    std::size_t size = 0;
-    VelkTool::CsvTable(data, table, true).write([&](std::string_view text) { size += text.size(); });
-    FUZZ_EXPECT(size != 0);
+    std::optional<std::ptrdiff_t> columns;
+    VelkTool::CsvTable(data, table, true).write([&](std::string_view line) {
+      const std::ptrdiff_t count = separators(line);
+      FUZZ_EXPECT(columns.value_or(count) == count);
+      columns = count;
+    });
+    FUZZ_EXPECT(columns);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <filesystem>
 #include <memory>
 
 #include "velk/image/ImageFile.h"
@@ -40,6 +41,11 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
 bool copyFile(Session& session, const std::string& from, const std::string& to) {
   const std::optional<std::string> contents = readText(session, from);
   return contents && writeFile(session, to, QByteArray::fromStdString(*contents));
+}
+
+bool isPipe(const std::string& path) {
+  std::error_code unknown;
+  return std::filesystem::is_fifo(path, unknown);
 }
 
 bool isSameFile(const std::string& path, const std::string& other) {

@@ -18,6 +18,9 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
 /// Copies a file over another, with the same guarantee. Whether it could be done.
 bool copyFile(Session& session, const std::string& from, const std::string& to);
 
+/// Whether what is read from a path is gone then.
+bool isPipe(const std::string& path);
+
 /// Whether both paths lead to one file. Standard input is no file.
 bool isSameFile(const std::string& path, const std::string& other);
 

@@ -83,7 +83,10 @@ std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
 
 Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
   Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
-  if (inputs.redacted) redactImage(file.bytes, inputs.offset, inputs.sectorSize, [](const Redaction&) {});
+  if (inputs.redacted) {
+    redactImage(file.bytes, inputs.offset, inputs.sectorSize,
+                [&](const Redaction& redaction) { tellLeft(session, name, redaction); });
+  }
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
   Input input{name, std::move(file), std::move(image)};
   if (!input.file.error.empty()) {

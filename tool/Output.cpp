@@ -7,6 +7,7 @@ namespace VelkTool {
 bool Output::accepts(Session& session, const std::string& input) const {
   std::string refusal;
   if (inPlace_ && input == "-") refusal = "standard input cannot be changed in place; -o names a file";
+  if (inPlace_ && isPipe(input)) refusal = "a pipe cannot be changed in place; -o names a file";
   if (!inPlace_ && isSameFile(input, file_)) refusal = "would be written over; --in-place does that";
   if (refusal.empty()) return true;
   session.complain(input, refusal);
@@ -14,10 +15,10 @@ bool Output::accepts(Session& session, const std::string& input) const {
   return false;
 }
 
-void Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
+bool Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
   const QByteArray contents = Velk::encodeImage(image);
-  if (backup_ && !copyFile(session, input, input + ".bak")) return;
-  writeFile(session, inPlace_ ? input : file_, contents);
+  if (backup_ && !copyFile(session, input, input + ".bak")) return false;
+  return writeFile(session, inPlace_ ? input : file_, contents);
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {

@@ -28,7 +28,7 @@ std::shared_ptr<const Selection> addSelection(CLI::App& command) {
 
 std::shared_ptr<const Selection> addBlockSelection(CLI::App& command) {
   auto selection = makeSelection(command, "The id of the block");
-  command.get_option("--id")->required()->expected(1);
+  command.get_option("--id")->required()->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::Throw);
   return selection;
 }
 

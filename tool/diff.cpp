@@ -155,6 +155,9 @@ bool compare(const std::vector<BlockView>& first, const std::vector<BlockView>& 
 }
 
 void runDiff(Session& session, const Inputs& inputs, bool asJson) {
+  if (inputs.files[0] == "-" && inputs.files[1] == "-") {
+    throw CLI::ValidationError("FILE", "standard input cannot be both images");
+  }
   const Input first = openInput(session, inputs, inputs.files[0]);
   const Input second = openInput(session, inputs, inputs.files[1]);
   if (!first.file.error.empty() || !second.file.error.empty()) return;

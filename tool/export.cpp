@@ -138,6 +138,9 @@ void addExport(CLI::App& app, Session& session) {
       "Examples:\n  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
       "  velk export --format jsonl fleet/*.bin > fleet.jsonl");
   command->callback([&session, inputs, selection, options] {
+    if (!options->folder.empty() && options->format != Format::Csv) {
+      throw CLI::ValidationError("--output", "is for CSV; JSON goes to standard output");
+    }
     if (options->format != Format::Csv) return writeJson(session, *inputs, *selection, *options);
     CsvExporter(session, *selection, *options).exportAll(*inputs);
   });

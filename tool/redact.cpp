@@ -12,17 +12,21 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
   if (!output.accepts(session, name)) return;
   Input input = openInput(session, inputs, name);
   if (!input.file.error.empty()) return;
+  std::string taken;
   redactImage(input.file.bytes, inputs.offset, inputs.sectorSize, [&](const Redaction& redaction) {
-    if (!redaction.isKnown) {
-      session.complain(name, placeText(redaction.block) + ": left as it is, nobody knows what its bytes tell");
-    }
+    tellLeft(session, name, redaction);
     for (const std::string& field : redaction.taken) {
-      session.write(Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " +
-                    field + '\n');
+      taken +=
+          Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';
     }
     tellFindings(session, name, redaction.block);
   });
-  output.write(session, name, input.file);
+  // What an S-record file says of itself is free text.
+  if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
+    header.clear();
+    taken += "header of the S-record file\n";
+  }
+  if (output.write(session, name, input.file)) session.write(taken);
 }
 
 }  // namespace

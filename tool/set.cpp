@@ -28,8 +28,9 @@ class Editor {
     Input input = openInput(session_, inputs_, name);
     if (!input.file.error.empty()) return;
     const std::optional<BlockView> block = choose(input);
-    if (!block || !edit(input, *block)) return;
-    output_.write(session_, name, input.file);
+    if (!block) return;
+    const std::optional<std::string> changes = edit(input, *block);
+    if (changes && output_.write(session_, name, input.file)) session_.write(*changes);
   }
 
  private:
@@ -56,8 +57,8 @@ class Editor {
     return block;
   }
 
-  /// Whether all values could be set.
-  bool edit(Input& input, const BlockView& found) {
+  /// Sets the values; what has become of them, or nothing where not all could be set.
+  std::optional<std::string> edit(Input& input, const BlockView& found) {
     // The image goes on viewing the bytes as they were.
     auto* const image = reinterpret_cast<unsigned char*>(input.file.bytes.data());
     const Velk::detail::MutableBytes bytes(image + found.offset, found.bytes.size());
@@ -74,14 +75,12 @@ class Editor {
               ? "\"" + assignment + "\" is not of the form name=value"
               : Velk::setValue(bytes, block, path, std::string_view(assignment).substr(equals + 1), form);
       if (!refusal.empty()) {
-        refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
-        return false;
+        return refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
       }
       changes += Velk::blockName(block) + " " + path + ": " + before + " -> " + textOf(block, path, form) + '\n';
     }
     Velk::sealBlock(bytes, block.kind);
-    session_.write(changes);
-    return true;
+    return changes;
   }
 
   static std::string textOf(const BlockView& block, std::string_view path, ValueForm form) {

@@ -80,6 +80,8 @@ TEST(BlockEdit, SaysWhyAValueCannotBeSet) {
       {"tables[0].cells[0][3]", "32768", "tables[0].cells[0][3]: 32768 is out of range: -32768 to 32767"},
       {"tables[0].cells[0][3]", "1.5", "tables[0].cells[0][3]: \"1.5\" is no whole number"},
       {"tables[0].cells[0][9]", "much", "tables[0].cells[0][9]: \"much\" is no number"},
+      {"tables[0].cells[0][10]", "1e5000",
+       "tables[0].cells[0][10]: 1e5000 is out of range: -1.189731495357231765e+4932 to 1.189731495357231765e+4932"},
       {"tables[0].cells[0][11]", "4000", "tables[0].cells[0][11]: 4000 is out of range: -3276.8 to 3276.7"},
       {"tables[0].cells[0][20]", "sixteen", "tables[0].cells[0][20]: \"sixteen\" has 7 bytes, there is room for 5"},
       {"tables[0].cells[0][24]", "x", "tables[0].cells[0][24]: cannot be changed: the rest of the block depends on it"},
@@ -90,6 +92,7 @@ TEST(BlockEdit, SaysWhyAValueCannotBeSet) {
       {"tables[0]", "1", "tables[0] has fields, as tables[0].rows"},
       {"tables.rows", "1", "tables is a list, as tables[0]"},
       {"updateIndex[0]", "1", "updateIndex is a single value"},
+      {"[0]", "1", "a block has fields, as updateIndex"},
       {"updateIndex[", "1", "updateIndex is followed by no index in brackets"},
   };
   for (const Case& expected : cases) {
@@ -121,6 +124,12 @@ TEST(BlockDiff, TellsEveryByteOnceWayOrAnother) {
   other.bytes[4] ^= 1U;
   const auto sum = [](const OwnedBlock& of) { return std::to_string(detail::load<unsigned short>(of.bytes, 4)); };
   EXPECT_EQ(differences(block, other), std::vector<std::string>{"checksum: " + sum(block) + " -> " + sum(other)});
+
+  other = block;
+  other.bytes[8] ^= 1U;
+  const auto crc = [](const OwnedBlock& of) { return std::to_string(detail::load<unsigned>(of.bytes, 8)); };
+  ASSERT_EQ(other.view().kind, BlockKind::SecondEdition);
+  EXPECT_EQ(differences(block, other), std::vector<std::string>{"checksum32: " + crc(block) + " -> " + crc(other)});
 
   // A bit that makes another kind of block of it: the bytes are all that can be compared.
   other = block;
@@ -174,6 +183,17 @@ TEST(Redaction, KeepsAWrongChecksumAsWrongAsItWas) {
     EXPECT_EQ(detail::load<unsigned>(block.bytes, 20), 0U);
     EXPECT_EQ(redactBlock(block.bytes, view), std::vector<std::string>{}) << "nothing is left";
   }
+}
+
+TEST(Redaction, TakesWhatIsLeftOfAFieldThatIsCutOff) {
+  OwnedBlock block{"", std::vector<unsigned char>(44, 'X')};
+  BlockView view = block.view();
+  view.row = findCatalogueRow(2);
+  view.kind = BlockKind::OldStyle;
+  block.bytes.resize(43);
+  view.bytes = block.bytes;
+  EXPECT_EQ(redactBlock(block.bytes, view), (std::vector<std::string>{"serialNumber", "name"}));
+  EXPECT_EQ(std::ranges::count(std::span(block.bytes).subspan(30), 'X'), 0);
 }
 
 }  // namespace

@@ -113,7 +113,7 @@ TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   for (const char* const date : {"1979-01-01", "2108-01-01", "2017-13-01", "2017-00-10", "2017-01-32"}) {
     EXPECT_EQ(set("productDate", date), FieldResult::OutOfRange) << date;
   }
-  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F"}) {
+  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F", "2017-02-29"}) {
     EXPECT_EQ(set("productDate", date), FieldResult::NotAValue) << date;
   }
 

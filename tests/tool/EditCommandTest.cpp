@@ -75,6 +75,7 @@ TEST_F(EditCommand, ChangesNothingWhereItRefuses) {
       {{two, "--id", "2", "serialNumber=1"}, 1, "has 2 blocks of id 2; --nth says which"},
       {{broken, "--id", "2", "serialNumber=1"}, 1, "wrong checksum, which --force would let pass"},
       {{"-", "--id", "2", "serialNumber=1"}, 2, "standard input cannot be changed in place"},
+      {{"/dev/stdin", "--id", "2", "serialNumber=1"}, 2, "a pipe cannot be changed in place"},
       {{"missing.bin", "--id", "2", "serialNumber=1"}, 3, "No such file"},
   };
   for (const Case& expected : cases) {
@@ -87,7 +88,10 @@ TEST_F(EditCommand, ChangesNothingWhereItRefuses) {
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1"}).exitCode, 2) << "where to?";
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1", "-o", image}).exitCode, 2);
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1", "-o", out(), "--in-place"}).exitCode, 2);
-  EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1", "-o", "/nowhere/out"}).exitCode, 3);
+  const Outcome unwritten = run({"set", image, "--id", "2", "serialNumber=1", "-o", "/nowhere/out"});
+  EXPECT_EQ(unwritten.exitCode, 3);
+  EXPECT_EQ(unwritten.output, "") << "nothing was changed";
+  EXPECT_EQ(run({"set", image, "--id", "2", "--id", "10", "serialNumber=1", "-o", out()}).exitCode, 2);
   EXPECT_FALSE(QFile::exists(out()));
 
   EXPECT_EQ(run({"set", two, "--id", "2", "--nth", "2", "serialNumber=1", "--in-place"}).exitCode, 0);
@@ -122,6 +126,7 @@ TEST_F(EditCommand, DiffTellsBlocksThatComeAndGo) {
   EXPECT_EQ(damaged.output, "IDENT_2 (id 2):\n  name: \"RF-BOARD\" -> \"RF-B*ARD\"\n");
   EXPECT_NE(damaged.errors.find("checksum is"), damaged.errors.npos);
   EXPECT_EQ(run({"diff", "rf_board.bin"}).exitCode, 2);
+  EXPECT_EQ(run({"diff", "-", "-"}).exitCode, 2);
   EXPECT_EQ(run({"diff", "rf_board.bin", "missing.bin"}).exitCode, 3);
 }
 
@@ -139,6 +144,12 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
     EXPECT_EQ(redacted.output.find("100234"), redacted.output.npos);
   }
   EXPECT_EQ(run({"print", "--redact", "rf_board.bin"}).output, run({"print", out()}).output);
+  EXPECT_NE(run({"export", "--redact", "rf_board.bin"}).errors.find("id 4242: left as it is"), std::string::npos);
+  Velk::ImageFile records = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin");
+  records.format = Velk::ImageFormat::SRecord;
+  records.details.header = "RF-BOARD 100234";
+  EXPECT_EQ(run({"redact", file("board.s19", Velk::encodeImage(records)), "-o", out("public.s19")}).exitCode, 0);
+  EXPECT_EQ(Velk::readImageFile(out("public.s19").toStdString()).details.header, "");
   const Outcome mainboard = run({"redact", "mainboard.bin", "-o", out()});
   for (const char* const taken : {"SERIAL_NUMBER", "MBRD_MAC at offset 0x00000060: mac\n"}) {
     EXPECT_NE(mainboard.output.find(taken), mainboard.output.npos) << mainboard.output;

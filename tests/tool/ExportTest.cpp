@@ -75,6 +75,7 @@ TEST_F(Export, CsvOfOneTableOrOfAllToFiles) {
   EXPECT_TRUE(files.contains("detector.ID_1040.table1.csv") && files.contains("detector.ID_1040.table1~2.csv"));
   EXPECT_EQ(contents("detector.IDENT_2.csv").substr(0, 11), "eepromSize,");
   EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "-o", "/nowhere"}).exitCode, 2);
+  EXPECT_EQ(run({"export", "detector.bin", "-o", directory_.path()}).exitCode, 2) << "JSON makes no files";
 }
 
 TEST_F(Export, DamagedBlocksAreThereAndTold) {

@@ -59,13 +59,16 @@ class Comparison {
 
   void run(bool header) {
     compare({}, first_.root(), second_.root());
-    if (header) compareFields(headerFields);
+    for (const FieldInfo& field : headerFields) {
+      if (header && !isExplained(field.offset)) compareInPlace(field);
+    }
     if (!sameSize_) return tellLength();
     const std::size_t start = header ? sizeof(HwSDatablockHeader) : 0;
     const bool crc = kind_ == BlockKind::SecondEdition || kind_ == BlockKind::EventCounter;
     if (crc) explain({&checkFields[1], detail::crcOffset});
     compareRest(start);
-    if (!found_ && header) compareFields(std::span(checkFields).first(crc ? 2 : 1));
+    if (found_ || !header) return;
+    for (const FieldInfo& field : std::span(checkFields).first(crc ? 2 : 1)) compareInPlace(field);
   }
 
  private:
@@ -74,15 +77,10 @@ class Comparison {
     report_({path, first, second});
   }
 
-  /// Compares fields that are in the same place in both blocks, and about which nothing has been told yet.
-  void compareFields(std::span<const FieldInfo> fields) {
-    for (const FieldInfo& field : fields) {
-      const FieldElement element{&field, field.offset};
-      const bool told = element.offset < explained_.size() && explained_[element.offset];
-      if (!told && (element.isInside(first_.bytes().size()) || element.isInside(second_.bytes().size()))) {
-        compareValues(DataPath(field.name), element, element);
-      }
-    }
+  /// Compares a field that is in the same place in both blocks.
+  void compareInPlace(const FieldInfo& field) {
+    const FieldElement element{&field, field.offset};
+    compareValues(DataPath(field.name), element, element);
   }
 
   void compare(const DataPath& path, const DataNode& first, const DataNode& second) {
@@ -144,7 +142,9 @@ class Comparison {
     forEachValue(node, path, act);
   }
 
-  /// The bytes of an element differ, and that has been told.
+  bool isExplained(std::size_t offset) const { return offset < explained_.size() && explained_[offset]; }
+
+  /// The bytes of an element need not be told one by one.
   void explain(const FieldElement& element) {
     for (std::size_t i = element.offset; i < element.offset + element.size && i < explained_.size(); ++i) {
       explained_[i] = true;

@@ -65,10 +65,10 @@ std::optional<Step> takeStep(std::string_view& path) {
 
 /// The part of a node that a step leads to; else `lookup` says why there is none.
 std::optional<DataNode> take(const DataNode& node, const Step& step, std::string_view before, DataLookup& lookup) {
-  const std::string text(before);
+  const std::string text(before.empty() ? "a block" : before);
   if (node.kind() == DataNode::Kind::Record) {
-    if (step.index || (step.name.empty() && !text.empty())) {
-      lookup.complaint = text + " has fields, as " + text + '.' + node.nameOf(0);
+    if (step.index || (step.name.empty() && !before.empty())) {
+      lookup.complaint = text + " has fields, as " + (before.empty() ? "" : text + '.') + node.nameOf(0);
     } else if (const auto member = node.find(step.name)) {
       return member;
     } else {
@@ -86,7 +86,7 @@ std::optional<DataNode> take(const DataNode& node, const Step& step, std::string
   return std::nullopt;
 }
 
-/// The bytes of a block that its checksum covers, but for the checksum itself.
+/// The sum of all that the checksum of a block covers.
 unsigned short restOfSum(detail::ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
 
 std::string describeRefusal(FieldResult result, const FieldElement& element, std::string_view text, ValueForm form) {
@@ -183,8 +183,9 @@ std::vector<std::string> redactBlock(MutableBytes block, const BlockView& view) 
   const unsigned short before = restOfSum(block);
   const BlockData data(view, Extent::Capacity);
   const auto erase = [&](const DataPath& path, const FieldElement& element) {
-    if (!element.field->isPersonal || !element.isInside(block.size())) return;
-    const MutableBytes bytes = block.subspan(element.offset, element.size);
+    if (!element.field->isPersonal || element.offset >= block.size()) return;
+    // A block that is cut off may end within the field.
+    const MutableBytes bytes = block.subspan(element.offset, std::min(element.size, block.size() - element.offset));
     if (std::ranges::all_of(bytes, [](unsigned char byte) { return byte == 0; })) return;
     std::ranges::fill(bytes, static_cast<unsigned char>(0));
     std::string name = path.text(false);

@@ -1,6 +1,7 @@
 #include "velk/datablock/Fields.h"
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <limits>
 #include <system_error>
@@ -35,8 +36,11 @@ FieldResult parseDate(std::string_view text, std::int64_t& packed) {
   }
   const bool inRange = date.year >= PackedDate::firstYear && date.year <= PackedDate::lastYear && date.month >= 1 &&
                        date.month <= 12 && date.day >= 1 && date.day <= 31;
+  if (!inRange) return FieldResult::OutOfRange;
+  const std::chrono::year_month_day day{std::chrono::year(static_cast<int>(date.year)), std::chrono::month(date.month),
+                                        std::chrono::day(date.day)};
   packed = date.packed();
-  return inRange ? FieldResult::Done : FieldResult::OutOfRange;
+  return day.ok() ? FieldResult::Done : FieldResult::NotAValue;
 }
 
 FieldResult setText(MutableBytes block, FieldElement element, std::string_view text) {
@@ -218,6 +222,8 @@ std::string fieldLimits(const FieldInfo& field, ValueForm form) {
     };
     return text(least) + " to " + text(most);
   };
+  using Extended = std::numeric_limits<long double>;
+  if (field.type == ScalarType::F80) return limits(Extended::lowest(), Extended::max());
   std::string text;
   detail::withScalarType(field.type, [&]<class T>(T) {
     const Range part = rangeOf(field.bits);
