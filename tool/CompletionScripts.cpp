@@ -58,18 +58,17 @@ std::string zshAction(const OptionRow& option) {
   return isNumber || option.names.front() == "NAME=VALUE" ? " " : "_files";
 }
 
+std::string zshOption(const OptionRow& option, const std::string& name) {
+  const std::string repeats = option.isArgument && !option.repeats ? "" : "*";
+  if (option.isArgument) return singleQuoted(repeats + ":" + name + ":" + zshAction(option));
+  const std::string value = option.value.empty() ? "" : ":" + escaped(option.value, ":\\") + ":" + zshAction(option);
+  return singleQuoted(repeats + name + "[" + escaped(option.description, "[]:\\") + "]" + value);
+}
+
 std::string zshOptions(const CommandRow& command) {
   std::string text;
   for (const OptionRow& option : command.options) {
-    const std::string description = escaped(option.description, "[]:\\");
-    const std::string value = option.value.empty() ? "" : ":" + escaped(option.value, ":\\") + ":" + zshAction(option);
-    if (option.isArgument) {
-      text += " \\\n    " + singleQuoted(std::string(option.repeats ? "*" : "") + ":" + option.names.front() + ":" +
-                                         zshAction(option));
-    }
-    for (const std::string& name : option.names) {
-      if (!option.isArgument) text += " \\\n    " + singleQuoted("*" + name + "[" + description + "]" + value);
-    }
+    for (const std::string& name : option.names) text.append(" \\\n    ").append(zshOption(option, name));
   }
   return text;
 }
@@ -89,6 +88,24 @@ std::string fishCondition(const std::vector<CommandRow>& commands, const Command
   return condition;
 }
 
+/// What follows the condition for one option; nothing for arguments that are files.
+std::string fishOption(const OptionRow& option) {
+  const std::string choices = joined(option.choices());
+  const std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
+  if (option.isArgument) return choices.empty() ? "" : values + '\n';
+  std::string line;
+  for (const std::string& name : option.names) {
+    const bool isLong = name.starts_with("--");
+    line.append(isLong ? " -l " : " -s ").append(name.substr(isLong ? 2 : 1));
+  }
+  return line + (option.value.empty() ? "" : " -r") + values + " -d " + singleQuoted(option.description) + '\n';
+}
+
+/// The case of the bash script that knows an option's values.
+std::string bashValues(const std::string& command, const std::string& option, const std::string& choices) {
+  return "    \"" + command + ' ' + option + "\") words=" + singleQuoted(choices) + " ;;\n";
+}
+
 }  // namespace
 
 std::string bashCompletion(const std::vector<CommandRow>& commands) {
@@ -104,7 +121,7 @@ std::string bashCompletion(const std::vector<CommandRow>& commands) {
       if (choices.empty()) continue;
       if (option.isArgument) arguments = choices;
       for (const std::string& name : option.names) {
-        if (!option.isArgument) values += "    \"" + key + ' ' + name + "\") words=" + singleQuoted(choices) + " ;;\n";
+        if (!option.isArgument) values += bashValues(key, name, choices);
       }
     }
     const std::string below = joined(namesBelow(commands, command.name));
@@ -171,18 +188,7 @@ std::string fishCompletion(const std::vector<CommandRow>& commands) {
       text += start + " -f -a " + below.lastName() + " -d " + singleQuoted(below.description) + '\n';
     }
     for (const OptionRow& option : command.options) {
-      const std::string choices = joined(option.choices());
-      const std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
-      if (option.isArgument) {
-        if (!choices.empty()) text += start + values + '\n';
-        continue;
-      }
-      std::string names;
-      for (const std::string& name : option.names) {
-        names += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
-      }
-      text += start + names + (option.value.empty() ? "" : " -r") + values + " -d " + singleQuoted(option.description) +
-              '\n';
+      if (const std::string line = fishOption(option); !line.empty()) text.append(start).append(line);
     }
   }
   return text;

@@ -47,7 +47,7 @@ bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
 }
 
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
-  const auto inputs = std::make_shared<Inputs>();
+  auto inputs = std::make_shared<Inputs>();
   static const std::map<std::string, Velk::ImageFormat> formats = [] {
     std::map<std::string, Velk::ImageFormat> byName;
     for (const auto format : {Velk::ImageFormat::Raw, Velk::ImageFormat::IntelHex, Velk::ImageFormat::SRecord}) {

@@ -8,7 +8,7 @@ namespace VelkTool {
 namespace {
 
 std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescription) {
-  const auto selection = std::make_shared<Selection>();
+  auto selection = std::make_shared<Selection>();
   command.add_option("--id", selection->ids, idDescription)
       ->check(CLI::Range(0, 65535).description(""))
       ->type_name("N")
