@@ -40,7 +40,10 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
 
 bool copyFile(Session& session, const std::string& from, const std::string& to) {
   const std::optional<std::string> contents = readText(session, from);
-  return contents && writeFile(session, to, QByteArray::fromStdString(*contents));
+  if (!contents || !writeFile(session, to, QByteArray::fromStdString(*contents))) return false;
+  // What the owner kept from others stays so.
+  QFile::setPermissions(QFile::decodeName(to.c_str()), infoOf(from).permissions());
+  return true;
 }
 
 bool isPipe(const std::string& path) {

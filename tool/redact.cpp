@@ -15,6 +15,7 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
   std::string taken;
   redactImage(input.file.bytes, inputs.offset, inputs.sectorSize, [&](const Redaction& redaction) {
     tellLeft(session, name, redaction);
+    if (!redaction.isKnown) session.worsen(Exit::Findings);
     for (const std::string& field : redaction.taken) {
       taken +=
           Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';
@@ -37,11 +38,10 @@ void addRedact(CLI::App& app, Session& session) {
   const auto inputs = addInputs(*command, 1);
   const auto output = addOutput(*command);
   command->footer(
-      "They become zeros, checksums follow, and what was taken is listed. Blocks whose fields are not known to velk, "
-      "as\n"
-      "second-edition blocks, are left as they are and told on standard error: look into them before you pass the "
-      "image\n"
-      "on. A block that was damaged stays so.\n\nExample:\n  velk redact module.bin -o public.bin");
+      "They become zeros, checksums follow, and what was taken is listed. A block that was damaged stays so. Blocks\n"
+      "whose fields velk does not know, as second-edition blocks, are left as they are, told on standard error, and\n"
+      "make the exit code 1: look into them before you pass the image on.\n\n"
+      "Example:\n  velk redact module.bin -o public.bin");
   command->callback([&session, inputs, output] { run(session, *inputs, *output); });
 }
 
