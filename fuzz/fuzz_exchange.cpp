@@ -2,6 +2,7 @@
 #include <span>
 #include <sstream>
 
+#include "ExchangeSupport.h"
 #include "FuzzSupport.h"
 #include "velk/tables/LornRfboTables.h"
 #include "velk/tables/QelRfboTables.h"
@@ -9,18 +10,12 @@
 namespace {
 
 using namespace Velk;
+using VelkTest::written;
 
 constexpr bool isExact(int) { return true; }
 constexpr bool isExact(unsigned) { return true; }
 /// Floating values are rounded on their way.
 constexpr bool isExact(double) { return false; }
-
-template <class Table>
-std::string written(Table& table) {
-  std::ostringstream os;
-  Table::conv2ascii(os, table);
-  return os.str();
-}
 
 template <class Table>
 void read(Table& table, const std::string& text) {

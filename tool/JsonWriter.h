@@ -90,24 +90,24 @@ class JsonWriter {
   template <class T>
   JsonWriter& digits(T number) {
     separate();
+    if (piece_.size() - used_ < roomForNumber) flush();
     used_ = static_cast<std::size_t>(std::to_chars(piece_.data() + used_, piece_.data() + piece_.size(), number).ptr -
                                      piece_.data());
     return *this;
   }
   bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
-  /// Writes what has to stand before a key or a value; there is room for a number behind it.
+  /// Writes what has to stand before a key or a value.
   void separate() {
-    if (piece_.size() - used_ < roomForNumber) flush();
     if (isOnOneLine()) {
-      if (needsComma_) putUnchecked(", ");
+      if (needsComma_) put(", ");
     } else {
-      if (needsComma_) putUnchecked(",");
+      if (needsComma_) put(',');
       if (!afterKey_ && depth_ > 0) breakLine();
     }
     needsComma_ = true;
     afterKey_ = false;
   }
-  /// Of few characters, for which there is room.
+  /// Of characters for which there is room.
   void putUnchecked(std::string_view few) {
     std::memcpy(piece_.data() + used_, few.data(), few.size());
     used_ += few.size();

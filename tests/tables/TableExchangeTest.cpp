@@ -1,6 +1,7 @@
 #include <clocale>
 #include <streambuf>
 
+#include "ExchangeSupport.h"
 #include "TestSupport.h"
 #include "velk/tables/LornRfboTables.h"
 #include "velk/tables/QelRfboTables.h"
@@ -10,6 +11,7 @@ namespace {
 
 using VelkTest::ConsoleCapture;
 using VelkTest::printed;
+using VelkTest::written;
 
 using QelRegisters = HwDatablockQelRfboAttRegData;
 using Points = HwDatablockLornRfboAttCalFreq;
@@ -17,13 +19,6 @@ using Attenuations = HwDatablockLornRfboAttRegAttenuation;
 using Registers = HwDatablockLornRfboAttRegData;
 using Compensation = HwDatablockLornRfboTempCompData;
 using CompensationPoints = HwDatablockLornRfboTempCompFreq;
-
-template <class Table>
-std::string written(Table& table) {
-  std::ostringstream os;
-  Table::conv2ascii(os, table);
-  return os.str();
-}
 
 /// Reads a text into a table and returns the messages.
 template <class Table>

@@ -85,6 +85,23 @@ TEST(JsonWriter, HandsOnLongDocumentsInPieces) {
   EXPECT_LT(longest, 5'000U);
 }
 
+TEST(JsonWriter, PiecesEndAnywhere) {
+  std::string text;
+  JsonWriter writer([&](std::string_view piece) { text += piece; });
+  json expected = json::array();
+  json* level = &expected;
+  for (int depth = 0; depth < 200; ++depth) {
+    writer.beginArray().value(-depth * 1.0e-300).value(std::string(static_cast<std::size_t>(depth), 'x'));
+    level->push_back(-depth * 1.0e-300);
+    level->push_back(std::string(static_cast<std::size_t>(depth), 'x'));
+    if (depth + 1 < 200) level->push_back(json::array());
+    level = &level->back();
+  }
+  for (int depth = 0; depth < 200; ++depth) writer.endArray();
+  writer.finish();
+  EXPECT_EQ(json::parse(text), expected);
+}
+
 class Json : public Command {
  protected:
   /// The image with a bit of the first block flipped, and the end block's successor not erased.
