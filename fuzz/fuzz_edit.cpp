@@ -120,7 +120,9 @@ void redact(const BlockView& block) {
   BlockView view = block;
   view.bytes = writable(bytes);
   redactBlock(writable(bytes), view);
-  if (canBeSound(block)) FUZZ_EXPECT(walked(bytes).isSound() == block.isSound());
+  // With the zeros, the CRC-32 that a damaged block of the first edition happens to carry can come to match.
+  const BlockView after = walked(bytes);
+  if (canBeSound(block) && after.kind == block.kind) FUZZ_EXPECT(after.isSound() == block.isSound());
   FUZZ_EXPECT(redactBlock(writable(bytes), view).empty());
 }
 
