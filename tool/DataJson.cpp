@@ -106,9 +106,9 @@ class DataWriter {
   }
 
   void writeRun(const DataNode::Run& run) {
-    json_.beginArray(JsonWriter::Layout::OneLine);
-    Velk::detail::withValues(data_.bytes(), run.first, run.count, form_, [this](auto value) { json_.value(value); });
-    json_.endArray();
+    json_.row([&](JsonWriter::Row& row) {
+      Velk::detail::withValues(data_.bytes(), run.first, run.count, form_, [&](auto value) { row.value(value); });
+    });
   }
 
   JsonWriter& json_;

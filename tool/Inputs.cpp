@@ -2,8 +2,10 @@
 
 #include <charconv>
 #include <map>
+#include <utility>
 
 #include "Images.h"
+#include "InTurn.h"
 #include "Redaction.h"
 
 namespace VelkTool {
@@ -46,6 +48,13 @@ bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
   return false;
 }
 
+/// Complains of standard input where it is named again: there would be nothing left of it.
+std::function<std::string(std::string&)> takeStandardInputOnce() {
+  return [taken = false](const std::string& name) mutable -> std::string {
+    return name == "-" && std::exchange(taken, true) ? "standard input can be read only once" : "";
+  };
+}
+
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
   static const std::map<std::string, Velk::ImageFormat> formats = [] {
@@ -57,7 +66,9 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   }();
   const char* const description =
       count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
-  CLI::Option* const files = command.add_option("FILE", inputs->files, description)->required();
+  CLI::Option* const files = command.add_option("FILE", inputs->files, description)
+                                 ->required()
+                                 ->check(CLI::Validator(takeStandardInputOnce(), ""));
   if (count != 0) files->expected(count)->allow_extra_args(false);
   command
       .add_option_function<std::string>(
@@ -108,6 +119,12 @@ void forEachInput(Session& session, const Inputs& inputs, const std::function<vo
     const Input input = openInput(session, inputs, name);
     if (input.file.error.empty()) act(input);
   }
+}
+
+void forEachInputInTurn(Session& session, const Inputs& inputs,
+                        const std::function<void(Session& part, const Input& input)>& act) {
+  inTurn(session, inputs.files.size(),
+         [&](Session& part, std::size_t number) { act(part, openInput(part, inputs, inputs.files[number])); });
 }
 
 }  // namespace VelkTool

@@ -36,13 +36,17 @@ struct Input {
   Velk::MemoryImage image;
 };
 
-/// Looks at a block of an input.
-using BlockVisitor = std::function<void(const Input& input, const Velk::BlockView& block)>;
+/// Looks at a block of an input; what there is to say of it belongs to `session`.
+using BlockVisitor = std::function<void(Session& session, const Input& input, const Velk::BlockView& block)>;
 
 /// Reads one file. Why it cannot be read, doubts about it and its gaps are told on standard error; all but gaps count.
 Input openInput(Session& session, const Inputs& inputs, const std::string& name);
 
 /// Hands on every input that can be read, in order.
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act);
+
+/// Hands on every input, read or not, on several threads at once; what is said of them comes out in their order.
+void forEachInputInTurn(Session& session, const Inputs& inputs,
+                        const std::function<void(Session& part, const Input& input)>& act);
 
 }  // namespace VelkTool

@@ -62,7 +62,7 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
     forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
       json.beginObject();
       writeBlockMembers(json, block);
-      describe(json, input, block);
+      describe(json, session, input, block);
       json.endObject();
     });
     json.endArray().endObject();
@@ -72,27 +72,28 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
 
 void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
   writeJsonReport(session, inputs, {},
-                  [&](JsonWriter&, const Input& input, const Velk::BlockView& block) { visit(input, block); });
+                  [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) {
+                    visit(part, input, block);
+                  });
 }
 
 void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {
-  JsonWriter json([&](std::string_view text) { session.write(text); }, JsonWriter::Layout::OneLine);
-  for (const std::string& name : inputs.files) {
-    const Input input = openInput(session, inputs, name);
+  forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
+    JsonWriter json([&](std::string_view text) { part.write(text); }, JsonWriter::Layout::OneLine);
     const auto begin = [&]() -> JsonWriter& {
-      return json.beginObject().member("schema", jsonSchema).member("file", name);
+      return json.beginObject().member("schema", jsonSchema).member("file", input.name);
     };
     if (!input.file.error.empty()) {
       begin().member("error", input.file.error).endObject().finish();
-      continue;
+      return;
     }
     forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
       begin();
       writeBlockMembers(json, block);
-      describe(json, input, block);
+      describe(json, part, input, block);
       json.endObject().finish();
     });
-  }
+  });
 }
 
 }  // namespace VelkTool

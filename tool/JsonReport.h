@@ -12,8 +12,10 @@ inline constexpr const char* jsonSchema = "velk/1";
 /// Adds --json to a subcommand; the flag is set when its callback runs.
 std::shared_ptr<const bool> addJson(CLI::App& command);
 
-/// What a block's object says beside the usual members; called for each block of the report.
-using DescribeBlock = std::function<void(JsonWriter& json, const Input& input, const Velk::BlockView& block)>;
+/// What a block's object says beside the usual members; called for each block of the report. What there is to say
+/// beside the document belongs to `session`.
+using DescribeBlock =
+    std::function<void(JsonWriter& json, Session& session, const Input& input, const Velk::BlockView& block)>;
 
 /// Writes what the inputs are and which of the selected blocks they hold, sound or not, as one JSON document.
 void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);

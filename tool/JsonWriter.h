@@ -31,12 +31,14 @@ class JsonWriter {
   JsonWriter& beginArray(Layout layout = Layout::Indented) { return begin('[', layout); }
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
-  /// The same for a name that needs no escapes, as those of fields.
+  /// The same for a short name that needs no escapes, as those of fields.
   JsonWriter& plainKey(std::string_view name) {
     separate();
-    put('"');
-    put(name);
-    put("\": ");
+    char* at = room(name.size() + 4);
+    *at++ = '"';
+    at = std::ranges::copy(name, at).out;
+    at = std::ranges::copy(std::string_view("\": "), at).out;
+    advanceTo(at);
     needsComma_ = false;
     afterKey_ = true;
     return *this;
@@ -49,13 +51,65 @@ class JsonWriter {
   /// what no double can hold, on which readers differ.
   template <class T>
   requires std::floating_point<T> JsonWriter& value(T number) {
-    const auto narrowed = static_cast<double>(number);
-    return narrowed - narrowed == 0 ? digits(number) : null();
+    return isWritable(number) ? digits(number) : null();
   }
   template <class T>
   requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
   JsonWriter& value(std::nullptr_t) { return null(); }
   JsonWriter& null() { return raw("null"); }
+
+  /// The elements of an array on one line. Numbers are written without anything of the writer changing from one to the
+  /// next: the fast way to many of them.
+  class Row {
+   public:
+    template <class T>
+    void value(T element) {
+      if constexpr (std::is_arithmetic_v<T>) {
+        if (isWritable(element)) return digits(element);
+      }
+      handBack();
+      json_.value(element);
+      takeOver();
+    }
+
+   private:
+    friend class JsonWriter;
+    explicit Row(JsonWriter& json) : json_(json) { takeOver(); }
+
+    template <class T>
+    void digits(T number) {
+      if (static_cast<std::size_t>(end_ - at_) < roomForNumber) {
+        handBack();
+        at_ = json_.room(roomForNumber);
+      }
+      if (needsComma_) at_ = std::ranges::copy(std::string_view(", "), at_).out;
+      needsComma_ = true;
+      at_ = std::to_chars(at_, end_, number).ptr;
+    }
+    void takeOver() {
+      at_ = json_.room(0);
+      needsComma_ = json_.needsComma_;
+    }
+    void handBack() {
+      json_.advanceTo(at_);
+      json_.needsComma_ = needsComma_;
+    }
+
+    JsonWriter& json_;
+    char* at_ = nullptr;
+    char* end_ = json_.piece_.data() + json_.piece_.size();
+    bool needsComma_ = false;
+  };
+
+  /// An array on one line; `fill` is called with its Row.
+  template <class Fill>
+  JsonWriter& row(Fill fill) {
+    beginArray(Layout::OneLine);
+    Row row(*this);
+    fill(row);
+    row.handBack();
+    return endArray();
+  }
 
   template <class T>
   JsonWriter& member(std::string_view name, const T& content) {
@@ -67,6 +121,13 @@ class JsonWriter {
 
  private:
   static constexpr std::size_t roomForNumber = 80;
+
+  template <class T>
+  static bool isWritable(T number) {
+    if constexpr (std::is_integral_v<T>) return true;
+    const auto narrowed = static_cast<double>(number);
+    return narrowed - narrowed == 0;
+  }
 
   JsonWriter& begin(char bracket, Layout layout) {
     separate();
@@ -90,9 +151,8 @@ class JsonWriter {
   template <class T>
   JsonWriter& digits(T number) {
     separate();
-    if (piece_.size() - used_ < roomForNumber) flush();
-    used_ = static_cast<std::size_t>(std::to_chars(piece_.data() + used_, piece_.data() + piece_.size(), number).ptr -
-                                     piece_.data());
+    char* const at = room(roomForNumber);
+    advanceTo(std::to_chars(at, at + roomForNumber, number).ptr);
     return *this;
   }
   bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
@@ -107,6 +167,12 @@ class JsonWriter {
     needsComma_ = true;
     afterKey_ = false;
   }
+  /// Where the text goes on, with room for that many characters, which are fewer than a piece has.
+  char* room(std::size_t count) {
+    if (piece_.size() - used_ < count) flush();
+    return piece_.data() + used_;
+  }
+  void advanceTo(const char* end) { used_ = static_cast<std::size_t>(end - piece_.data()); }
   /// Of characters for which there is room.
   void putUnchecked(std::string_view few) {
     std::memcpy(piece_.data() + used_, few.data(), few.size());

@@ -39,28 +39,35 @@ void appendEscaped(std::string& to, std::string_view text) {
 
 }  // namespace
 
-Session::Session() : terminal_(isatty(STDOUT_FILENO) != 0) {}
+WholeSession::WholeSession() : terminal_(isatty(STDOUT_FILENO) != 0) {}
 
-void Session::write(std::string_view text) {
+void WholeSession::write(std::string_view text) {
   if (terminal_) {
     appendEscaped(pending_, text);
+  } else if (text.size() >= pieceSize) {
+    flush();
+    return put(text);
   } else {
     pending_ += text;
   }
   if (pending_.size() >= pieceSize) flush();
 }
 
-void Session::flush() {
-  const std::size_t written = std::fwrite(pending_.data(), 1, pending_.size(), stdout);
-  const bool failed = written != pending_.size() || std::fflush(stdout) != 0;
+void WholeSession::flush() {
+  put(pending_);
   pending_.clear();
+}
+
+void WholeSession::put(std::string_view text) {
+  const std::size_t written = std::fwrite(text.data(), 1, text.size(), stdout);
+  const bool failed = written != text.size() || std::fflush(stdout) != 0;
   if (!failed || outputLost_) return;
   outputLost_ = true;
   worsen(Exit::NoAccess);
   std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(errno));
 }
 
-void Session::complain(std::string_view file, std::string_view what) {
+void WholeSession::complain(std::string_view file, std::string_view what) {
   flush();
   std::string line = "velk: ";
   appendEscaped(line, file);
@@ -70,6 +77,6 @@ void Session::complain(std::string_view file, std::string_view what) {
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-void Session::worsen(Exit exit) { exit_ = std::max(exit_, exit); }
+void WholeSession::worsen(Exit exit) { exit_ = std::max(exit_, exit); }
 
 }  // namespace VelkTool

@@ -19,24 +19,39 @@ inline constexpr ExitMeaning exitMeanings[] = {
     {Exit::NoAccess, "a file could not be read or written"},
 };
 
-/// One run of the command: its standard output, its complaints and its exit code.
+/// What a run has to say, or a part of it: output, complaints and how it ends. For one thread at a time.
 class Session {
  public:
-  Session();
+  Session() = default;
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  virtual ~Session() = default;
 
-  /// Adds to standard output, which is written in large pieces. On a terminal control bytes are escaped, so that no
-  /// image can play tricks on it.
-  void write(std::string_view text);
+  /// Adds to standard output.
+  virtual void write(std::string_view text) = 0;
+  /// One line on standard error, behind all output so far.
+  virtual void complain(std::string_view file, std::string_view what) = 0;
+  virtual void worsen(Exit exit) = 0;
+};
+
+/// The run itself.
+class WholeSession final : public Session {
+ public:
+  WholeSession();
+
+  /// Output is written in large pieces. On a terminal control bytes are escaped, so that no image can play tricks on
+  /// it.
+  void write(std::string_view text) override;
+  void complain(std::string_view file, std::string_view what) override;
+  void worsen(Exit exit) override;
+
   /// Writes everything out; a failure is told once and counts as Exit::NoAccess.
   void flush();
-
-  /// One line on standard error, behind all output so far.
-  void complain(std::string_view file, std::string_view what);
-
-  void worsen(Exit exit);
   int exitCode() const { return static_cast<int>(exit_); }
 
  private:
+  void put(std::string_view text);
+
   std::string pending_;
   bool terminal_;
   bool outputLost_ = false;

@@ -20,8 +20,8 @@ void addCheck(CLI::App& app, Session& session) {
   const auto json = addJson(*command);
   command->footer("Exits with 1 when something is not sound.\n\nExample:\n  velk check module.bin && echo sound");
   command->callback([&session, inputs, json] {
-    const auto visit = [&](const Input&, const Velk::BlockView& block) {
-      if (block.findings.any()) session.worsen(Exit::Findings);  // remarks count here
+    const auto visit = [](Session& part, const Input&, const Velk::BlockView& block) {
+      if (block.findings.any()) part.worsen(Exit::Findings);  // remarks count here
     };
     if (*json) return writeJsonSummary(session, *inputs, visit);
     writeTextReport(session, *inputs, {}, appendVerdict, visit);

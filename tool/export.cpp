@@ -24,12 +24,12 @@ struct Export {
 
 void writeJson(Session& session, const Inputs& inputs, const Selection& selection, const Export& options) {
   const auto write = options.format == Format::Json ? writeJsonReport : writeJsonLines;
-  write(session, inputs, selection, [&](JsonWriter& json, const Input& input, const BlockView& block) {
+  write(session, inputs, selection, [&](JsonWriter& json, Session& part, const Input& input, const BlockView& block) {
     const Velk::BlockData data(block);
     json.key("fields");
     writeData(json, data, Velk::ValueForm::Presented);
     writeDataNotes(json, data, options.stored);
-    complainOf(session, input.name, block);
+    complainOf(part, input.name, block);
   });
 }
 

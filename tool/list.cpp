@@ -37,8 +37,8 @@ void addList(CLI::App& app, Session& session) {
   const auto json = addJson(*command);
   command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
   command->callback([&session, inputs, json] {
-    const auto visit = [&](const Input& input, const Velk::BlockView& block) {
-      complainOf(session, input.name, block);
+    const auto visit = [](Session& part, const Input& input, const Velk::BlockView& block) {
+      complainOf(part, input.name, block);
     };
     if (*json) return writeJsonSummary(session, *inputs, visit);
     writeTextReport(session, *inputs, heading, appendRow, visit);

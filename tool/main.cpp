@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
              exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
 
-  Session session;
+  WholeSession session;
   addList(app, session);
   addCheck(app, session);
   addPrint(app, session);

@@ -54,6 +54,10 @@ TEST_F(Inputs, EveryFormOfAnImageIsTheSameImage) {
   }
 }
 
+TEST_F(Inputs, StandardInputIsReadOnce) {
+  EXPECT_EQ(run({"list", "-", "rf_board.bin", "-"}, exampleImage("rf_board.bin")).exitCode, 2);
+}
+
 TEST_F(Inputs, TheFormIsToldByTheContentsOrByHand) {
   const QByteArray image = exampleImage("rf_board.bin");
   const QString path = file("image.txt", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));

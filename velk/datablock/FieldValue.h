@@ -81,11 +81,13 @@ void withValue(ConstBytes block, FieldElement element, ValueForm form, Act act) 
 template <class Act>
 void withValues(ConstBytes block, FieldElement first, std::size_t count, ValueForm form, Act act) {
   const FieldInfo& field = *first.field;
-  const bool plain = field.kind == FieldKind::Number && field.bits.width == 0 && field.type != ScalarType::F80 &&
-                     !(form == ValueForm::Presented && isScaled(field));
-  if (plain) {
+  if (field.kind == FieldKind::Number && field.bits.width == 0 && field.type != ScalarType::F80) {
+    const bool scaled = form == ValueForm::Presented && isScaled(field);
     return withScalarType(field.type, [&]<class T>(T) {
-      for (std::size_t i = 0; i < count; ++i) act(load<T>(block, first.offset + i * field.stride));
+      for (std::size_t i = 0; i < count; ++i) {
+        const T stored = load<T>(block, first.offset + i * field.stride);
+        scaled ? withPresented(presentedValue(field, static_cast<double>(stored)), act) : act(stored);
+      }
     });
   }
   for (std::size_t i = 0; i < count; ++i, first.offset += field.stride) withValue(block, first, form, act);

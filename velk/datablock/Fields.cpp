@@ -181,10 +181,6 @@ long double detail::loadExtended(ConstBytes bytes, std::size_t offset) {
   return value;
 }
 
-double presentedValue(const FieldInfo& field, double stored) {
-  return (field.divisor != 0 ? stored / field.divisor : stored * field.scale) + field.bias;
-}
-
 std::int64_t integerValue(ConstBytes block, FieldElement element) {
   std::int64_t value = 0;
   detail::withScalarType(element.field->type, [&]<class T>(T) {

@@ -186,7 +186,9 @@ struct FieldElement {
 enum class ValueForm : unsigned char { Presented, Stored };
 
 /// The presented value of a stored number.
-VELK_EXPORT double presentedValue(const FieldInfo& field, double stored);
+inline double presentedValue(const FieldInfo& field, double stored) {
+  return (field.divisor != 0 ? stored / field.divisor : stored * field.scale) + field.bias;
+}
 
 /// The stored integer (of a floating field: 0) and its text forms below; bytes outside the block count as 0.
 VELK_EXPORT std::int64_t integerValue(detail::ConstBytes block, FieldElement element);

@@ -60,7 +60,7 @@ class VELK_EXPORT HwDatablockMbrdRfResponseAttAmpl
 };
 
 inline constexpr std::size_t lowPassFilters = 9;
-inline constexpr std::size_t lowPassLevels = 4;
+inline constexpr unsigned lowPassLevels = 4;
 inline constexpr std::size_t lowPassPoints = 150;
 
 /// Frequency points of each low-pass filter, in MHz.

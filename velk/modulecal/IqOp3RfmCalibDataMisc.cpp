@@ -119,10 +119,10 @@ void HwDatablockIqOp3RfmCalibDataMisc::printTolerances(TextWriter& text) const {
 
 void HwDatablockIqOp3RfmCalibDataMisc::printErrorCodes(TextWriter& text) {
   constexpr const char* lines[] = {
-      "# F�r das Beschreiben des RFM EEPROMS werden pro Betriebszustandalle Spalten ausgenommen Fehler und OPU3RF_LP "
-      "ben�tigt",
-      "# OPURF_LP=Baugruppenausgangsleistung Ausgangsleistung mit LEVELPRESET Einstellung lt. Tabelle und "
-      "LCON-Absenkung=LCONRESERVE",
+      ("# F�r das Beschreiben des RFM EEPROMS werden pro Betriebszustandalle Spalten ausgenommen Fehler und OPU3RF_LP "
+       "ben�tigt"),
+      ("# OPURF_LP=Baugruppenausgangsleistung Ausgangsleistung mit LEVELPRESET Einstellung lt. Tabelle und "
+       "LCON-Absenkung=LCONRESERVE"),
       "#",
       "# Fehler\t Beschreibung",
       "#      0\t kein Fehler",

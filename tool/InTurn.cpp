@@ -1,0 +1,132 @@
+#include "InTurn.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace VelkTool {
+namespace {
+
+class Part;
+
+/// Whose turn it is to speak, and what was said ahead of it.
+class Turns {
+ public:
+  Turns(std::size_t count, std::size_t ahead) : count_(count), ahead_(ahead) {}
+
+  /// The next part to be done, as soon as it is not too far ahead; nothing where all are taken.
+  std::optional<std::size_t> take();
+  bool isTurnOf(std::size_t part);
+  void await(std::size_t part);
+  /// Lets a part speak that is at its end; ahead of its turn, whoever speaks before it does so.
+  void finish(std::unique_ptr<Part> part);
+
+ private:
+  std::size_t count_;
+  std::size_t ahead_;
+  std::mutex mutex_;
+  std::condition_variable moved_;
+  std::size_t taken_ = 0;
+  std::size_t speaking_ = 0;
+  std::map<std::size_t, std::unique_ptr<Part>> finished_;
+};
+
+/// Keeps what it is told until its turn comes.
+class Part final : public Session {
+ public:
+  Part(Session& whole, Turns& turns, std::size_t number) : whole_(whole), turns_(turns), number_(number) {}
+
+  void write(std::string_view text) override {
+    constexpr std::size_t worthAsking = 64 * 1024;
+    constexpr std::size_t most = 1024 * 1024;
+    said_ += text;
+    if (said_.size() < worthAsking || (said_.size() < most && !turns_.isTurnOf(number_))) return;
+    turns_.await(number_);
+    speak();
+  }
+
+  void complain(std::string_view file, std::string_view what) override {
+    turns_.await(number_);
+    speak();
+    whole_.complain(file, what);
+  }
+
+  void worsen(Exit exit) override { exit_ = std::max(exit_, exit); }
+
+  std::size_t number() const { return number_; }
+
+  /// Only in its turn.
+  void speak() {
+    whole_.write(said_);
+    whole_.worsen(exit_);
+    said_.clear();
+  }
+
+ private:
+  Session& whole_;
+  Turns& turns_;
+  std::size_t number_;
+  std::string said_;
+  Exit exit_ = Exit::Good;
+};
+
+std::optional<std::size_t> Turns::take() {
+  std::unique_lock lock(mutex_);
+  if (taken_ == count_) return std::nullopt;
+  const std::size_t part = taken_++;
+  moved_.wait(lock, [&] { return part - speaking_ < ahead_; });
+  return part;
+}
+
+bool Turns::isTurnOf(std::size_t part) {
+  const std::lock_guard lock(mutex_);
+  return speaking_ == part;
+}
+
+void Turns::await(std::size_t part) {
+  std::unique_lock lock(mutex_);
+  moved_.wait(lock, [&] { return speaking_ == part; });
+}
+
+void Turns::finish(std::unique_ptr<Part> part) {
+  const std::size_t number = part->number();
+  std::unique_lock lock(mutex_);
+  finished_.emplace(number, std::move(part));
+  if (speaking_ != number) return;
+  while (auto next = finished_.extract(speaking_)) {
+    lock.unlock();
+    next.mapped()->speak();
+    lock.lock();
+    ++speaking_;
+  }
+  moved_.notify_all();
+}
+
+}  // namespace
+
+void inTurn(Session& whole, std::size_t count, const std::function<void(Session& part, std::size_t number)>& act) {
+  constexpr std::size_t partsAhead = 16;  // of each thread; small parts are done in bursts
+  const std::size_t threads = std::min<std::size_t>(std::thread::hardware_concurrency(), count);
+  if (threads <= 1) {
+    for (std::size_t i = 0; i < count; ++i) act(whole, i);
+    return;
+  }
+  Turns turns(count, threads * partsAhead);
+  const auto work = [&]() noexcept {
+    while (const auto number = turns.take()) {
+      auto part = std::make_unique<Part>(whole, turns, *number);
+      act(*part, *number);
+      turns.finish(std::move(part));
+    }
+  };
+  std::vector<std::jthread> others;
+  for (std::size_t i = 1; i < threads; ++i) others.emplace_back(work);
+  work();
+}
+
+}  // namespace VelkTool
