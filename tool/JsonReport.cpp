@@ -71,10 +71,9 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
 }
 
 void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
-  writeJsonReport(session, inputs, {},
-                  [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) {
-                    visit(part, input, block);
-                  });
+  writeJsonReport(
+      session, inputs, {},
+      [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) { visit(part, input, block); });
 }
 
 void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <concepts>
 #include <cstddef>
 #include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace VelkTool {
 
@@ -50,11 +50,7 @@ class JsonWriter {
   /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks, and for
   /// what no double can hold, on which readers differ.
   template <class T>
-  requires std::floating_point<T> JsonWriter& value(T number) {
-    return isWritable(number) ? digits(number) : null();
-  }
-  template <class T>
-  requires std::integral<T> JsonWriter& value(T number) { return digits(number); }
+  requires std::is_arithmetic_v<T> JsonWriter& value(T number) { return isWritable(number) ? digits(number) : null(); }
   JsonWriter& value(std::nullptr_t) { return null(); }
   JsonWriter& null() { return raw("null"); }
 
