@@ -23,6 +23,10 @@ std::optional<std::string> readText(Session& session, const std::string& path) {
 }
 
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
+  if (path == standardOutput) {
+    session.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return true;
+  }
   // Devices and pipes are written to, never replaced.
   const bool replaces = !infoOf(path).exists() || infoOf(path).isFile();
   const QString name = QFile::decodeName(path.c_str());
@@ -53,7 +57,8 @@ bool isPipe(const std::string& path) {
 
 bool isSameFile(const std::string& path, const std::string& other) {
   const QString canonical = infoOf(path).canonicalFilePath();
-  return path != "-" && !canonical.isEmpty() && canonical == infoOf(other).canonicalFilePath();
+  return path != "-" && other != standardOutput && !canonical.isEmpty() &&
+         canonical == infoOf(other).canonicalFilePath();
 }
 
 }  // namespace VelkTool

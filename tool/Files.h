@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Session.h"
 
@@ -11,7 +12,11 @@ namespace VelkTool {
 /// The whole of a text file, - being standard input; nothing, told and counted, where it cannot be read.
 std::optional<std::string> readText(Session& session, const std::string& path);
 
-/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to.
+/// What stands for standard output in place of a file's name.
+inline constexpr std::string_view standardOutput = "-";
+
+/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to,
+/// and so is standard output.
 /// Whether it could be done; a failure is told and counted.
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
 

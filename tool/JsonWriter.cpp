@@ -43,6 +43,12 @@ bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
 
 }  // namespace
 
+std::string jsonText(std::string_view text) {
+  std::string escaped = "\"";
+  appendEscapedText(escaped, text);
+  return escaped += '"';
+}
+
 JsonWriter::JsonWriter(Sink sink, Layout layout) : sink_(std::move(sink)), layout_(layout) {}
 
 JsonWriter& JsonWriter::key(std::string_view name) {
@@ -78,14 +84,9 @@ void JsonWriter::breakLine() {
 }
 
 void JsonWriter::putString(std::string_view text) {
+  if (!std::ranges::all_of(text, isPlain)) return put(jsonText(text));
   put('"');
-  if (std::ranges::all_of(text, isPlain)) {
-    put(text);
-  } else {
-    std::string escaped;
-    appendEscapedText(escaped, text);
-    put(escaped);
-  }
+  put(text);
   put('"');
 }
 

@@ -12,6 +12,9 @@
 
 namespace VelkTool {
 
+/// A text as JSON has it: in quotes, with escapes, and read as Latin-1 where it is not UTF-8.
+std::string jsonText(std::string_view text);
+
 /// Writes one JSON document piece by piece, its members in the order in which they are given, without ever holding it
 /// whole.
 ///

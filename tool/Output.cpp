@@ -15,16 +15,25 @@ bool Output::accepts(Session& session, const std::string& input) const {
   return false;
 }
 
-bool Output::write(Session& session, const std::string& input, const Velk::ImageFile& image) const {
+void Output::write(Session& session, const std::string& input, const Velk::ImageFile& image,
+                   std::string_view report) const {
   const QByteArray contents = Velk::encodeImage(image);
-  if (backup_ && !copyFile(session, input, input + ".bak")) return false;
-  return writeFile(session, inPlace_ ? input : file_, contents);
+  if (backup_ && !copyFile(session, input, input + ".bak")) return;
+  if (!writeFile(session, inPlace_ ? input : file_, contents)) return;
+  if (file_ != standardOutput) return session.write(report);
+  while (!report.empty()) {
+    const std::string_view line = report.substr(0, report.find('\n'));
+    session.complain(input, line);
+    report.remove_prefix(line.size() + 1);
+  }
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {
   const auto output = std::make_shared<Output>();
   CLI::Option_group* const where = command.add_option_group("Output", "Where the changed image goes");
-  where->add_option("-o,--output", output->file_, "The file to be written, in the format of the input")
+  where
+      ->add_option("-o,--output", output->file_,
+                   "The file to be written, in the format of the input; - is standard output")
       ->type_name("OUT");
   CLI::Option* const inPlace = where->add_flag("--in-place", output->inPlace_, "Replace FILE");
   where->require_option(1);

@@ -15,9 +15,9 @@ class Output {
   /// Whether this can be done with an image that was read from `input`; it is told and counted where it cannot.
   bool accepts(Session& session, const std::string& input) const;
 
-  /// Writes the image in the container that it was read from, whole or not at all. Whether it could be done; a failure
-  /// is told and counted.
-  bool write(Session& session, const std::string& input, const Velk::ImageFile& image) const;
+  /// Writes the image in the container that it was read from, whole or not at all; then `report`, which says in lines
+  /// what has changed: on standard error where the image takes standard output. A failure is told and counted.
+  void write(Session& session, const std::string& input, const Velk::ImageFile& image, std::string_view report) const;
 
  private:
   friend std::shared_ptr<const Output> addOutput(CLI::App& command);

@@ -3,6 +3,7 @@
 #include "Images.h"
 #include "Inputs.h"
 #include "JsonReport.h"
+#include "ValueText.h"
 #include "velk/data/BlockDiff.h"
 
 namespace VelkTool {
@@ -57,19 +58,15 @@ class DiffText : public DiffWriter {
     }
   }
   void difference(const BlockPair& pair, const Difference& difference) override {
-    session_.write("  " + difference.path.text() + ": " + valueText(*pair.first, difference.first) + " -> " +
-                   valueText(*pair.second, difference.second) + '\n');
+    session_.write("  " + difference.path.text() + ": " + textOf(*pair.first, difference.first) + " -> " +
+                   textOf(*pair.second, difference.second) + '\n');
   }
   void endChanged() override {}
   void finish() override {}
 
  private:
-  static std::string valueText(const BlockView& block, const std::optional<FieldElement>& element) {
-    if (!element) return "none";
-    std::string text = fieldText(block.bytes, *element, ValueForm::Presented);
-    if (element->field->kind == Velk::FieldKind::Text) return '"' + text + '"';
-    if (*element->field->unit != '\0') text += std::string(" ") + element->field->unit;
-    return text;
+  static std::string textOf(const BlockView& block, const std::optional<FieldElement>& element) {
+    return element ? valueText(block.bytes, *element, ValueForm::Presented) : "none";
   }
 
   Session& session_;
@@ -155,9 +152,6 @@ bool compare(const std::vector<BlockView>& first, const std::vector<BlockView>& 
 }
 
 void runDiff(Session& session, const Inputs& inputs, bool asJson) {
-  if (inputs.files[0] == "-" && inputs.files[1] == "-") {
-    throw CLI::ValidationError("FILE", "standard input cannot be both images");
-  }
   const Input first = openInput(session, inputs, inputs.files[0]);
   const Input second = openInput(session, inputs, inputs.files[1]);
   if (!first.file.error.empty() || !second.file.error.empty()) return;

@@ -27,7 +27,7 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
     header.clear();
     taken += "header of the S-record file\n";
   }
-  if (output.write(session, name, input.file)) session.write(taken);
+  output.write(session, name, input.file, taken);
 }
 
 }  // namespace

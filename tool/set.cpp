@@ -3,6 +3,7 @@
 #include "Images.h"
 #include "Output.h"
 #include "Selection.h"
+#include "ValueText.h"
 #include "velk/data/BlockEdit.h"
 
 namespace VelkTool {
@@ -30,7 +31,7 @@ class Editor {
     const std::optional<BlockView> block = choose(input);
     if (!block) return;
     const std::optional<std::string> changes = edit(input, *block);
-    if (changes && output_.write(session_, name, input.file)) session_.write(*changes);
+    if (changes) output_.write(session_, name, input.file, *changes);
   }
 
  private:
@@ -87,7 +88,7 @@ class Editor {
   static std::string textOf(const BlockView& block, std::string_view path, ValueForm form) {
     const Velk::BlockData data(block, Velk::Extent::Capacity);
     const Velk::DataLookup lookup = Velk::findValue(data.root(), path);
-    return lookup.value ? fieldText(block.bytes, lookup.value->element(), form) : std::string();
+    return lookup.value ? valueText(block.bytes, lookup.value->element(), form) : std::string();
   }
 
   Session& session_;

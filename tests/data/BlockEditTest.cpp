@@ -103,6 +103,10 @@ TEST(BlockEdit, SaysWhyAValueCannotBeSet) {
   EXPECT_EQ(setValue(block.bytes, block.view(), "updateIndex", "2.5", ValueForm::Presented), "");
   EXPECT_EQ(detail::load<unsigned short>(block.bytes, 12), 250);
 
+  EXPECT_EQ(setValue(block.bytes, block.view(), "tables[0].cells[0][8]", "-1e-60", ValueForm::Presented), "");
+  EXPECT_EQ(fieldText(block.bytes, findValue(BlockData(block.view()).root(), "tables[0].cells[0][8]").value->element()),
+            "0");
+
   OwnedBlock list{"", std::vector<unsigned char>(412)};
   detail::store<unsigned short>(list.bytes, 0, 10002);
   detail::store<unsigned short>(list.bytes, 2, 412);
@@ -146,6 +150,17 @@ TEST(BlockDiff, TellsEveryByteOnceWayOrAnother) {
   other.bytes[200] = 7;
   sealBlock(other.bytes, BlockKind::OldStyle);
   EXPECT_EQ(differences(mac, other), std::vector<std::string>{"bytes[200]: 0 -> 7"});
+}
+
+TEST(BlockDiff, AnotherTypeOfTheSameNumberIsToldOnce) {
+  OwnedBlock block = detectorBlock(1);
+  ASSERT_EQ(setValue(block.bytes, block.view(), "tables[0].cells[0][3]", "5", ValueForm::Stored), "");
+  OwnedBlock other = block;
+  const BlockData data(block.view());
+  const auto typeOf = [&](const char* path) { return findValue(data.root(), path).value->element().offset; };
+  other.bytes[typeOf("tables[0].columnTypes[3]")] = TYPE_ID_UINT16;
+  sealBlock(other.bytes, BlockKind::SecondEdition);
+  EXPECT_EQ(differences(block, other), std::vector<std::string>{"tables[0].columnTypes[3]: INT16 -> UINT16"});
 }
 
 TEST(BlockDiff, RowsThatOneTableHasMore) {

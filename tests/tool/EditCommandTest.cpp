@@ -21,7 +21,7 @@ TEST_F(EditCommand, SetsFieldsAndDiffTellsThem) {
                            "productDate=2020-02-29", "-o", out()});
   EXPECT_EQ(set.exitCode, 0) << set.errors;
   EXPECT_EQ(set.output,
-            "IDENT_2 serialNumber: 100234 -> 123456\nIDENT_2 name: RF-BOARD -> RF board\n"
+            "IDENT_2 serialNumber: 100234 -> 123456\nIDENT_2 name: \"RF-BOARD\" -> \"RF board\"\n"
             "IDENT_2 productDate: 2017-03-15 -> 2020-02-29\n");
   EXPECT_EQ(run({"check", out()}).exitCode, 0);
   const Outcome diff = run({"diff", "rf_board.bin", out()});
@@ -38,11 +38,21 @@ TEST_F(EditCommand, SetsFieldsAndDiffTellsThem) {
   EXPECT_EQ(same.output, "");
 }
 
+TEST_F(EditCommand, StandardOutputTakesTheImageAndNothingElse) {
+  run({"set", "rf_board.bin", "--id", "2", "name=a\"b\nc", "serialNumber=1", "-o", out()});
+  const Outcome piped = run({"set", "rf_board.bin", "--id", "2", "name=a\"b\nc", "serialNumber=1", "-o", "-"});
+  EXPECT_EQ(piped.exitCode, 0);
+  EXPECT_TRUE(QByteArray::fromStdString(piped.output) == read(out()));
+  EXPECT_EQ(piped.errors,
+            "velk: rf_board.bin: IDENT_2 name: \"RF-BOARD\" -> \"a\\\"b\\nc\"\n"
+            "velk: rf_board.bin: IDENT_2 serialNumber: 100234 -> 1\n");
+}
+
 TEST_F(EditCommand, SecondEditionBlocksKeepBothTheirChecks) {
   EXPECT_EQ(run({"set", "detector.bin", "--id", "1041", "tables[0].cells[0][11]=99.96", "tables[0].rowIds[0]=ABC", "-o",
                  out()})
                 .output,
-            "ID_1041 tables[0].cells[0][11]: -12.3 -> 100\nID_1041 tables[0].rowIds[0]: LEAST -> ABC\n");
+            "ID_1041 tables[0].cells[0][11]: -12.3 -> 100\nID_1041 tables[0].rowIds[0]: \"LEAST\" -> \"ABC\"\n");
   EXPECT_EQ(run({"set", out(), "--id", "1042", "bytes[3]=200", "--in-place"}).exitCode, 0);
   EXPECT_EQ(run({"set", out(), "--id", "1041", "--stored", "tables[0].cells[0][12]=-1", "--in-place"}).exitCode, 0);
   EXPECT_EQ(run({"check", out()}).exitCode, 0);

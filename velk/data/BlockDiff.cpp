@@ -121,7 +121,10 @@ class Comparison {
     const bool inFirst = first.isInside(first_.bytes().size());
     const bool inSecond = second.isInside(second_.bytes().size());
     if (!inFirst || !inSecond) return inFirst == inSecond;
-    if (first.field != second.field) return false;
+    if (first.field != second.field) {
+      // Stored as another type, which is told of the type itself.
+      return fieldText(first_.bytes(), first) == fieldText(second_.bytes(), second);
+    }
     if (first.field->bits.width != 0) {
       return integerValue(first_.bytes(), first) == integerValue(second_.bytes(), second);
     }

@@ -17,12 +17,21 @@ using detail::MutableBytes;
 
 constexpr std::size_t extendedSize = 10;
 
+/// Whether a text is a number so small that zero is the nearest to it which every type has.
+bool isTiny(std::string_view text) {
+  long double value = 0;
+  return std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc{} && std::abs(value) < 1;
+}
+
 /// Reads a whole text as one number; nothing may be left over.
 template <class T>
 FieldResult parseNumber(std::string_view text, T& value) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error == std::errc::result_out_of_range) return FieldResult::OutOfRange;
-  return error == std::errc{} && end == text.data() + text.size() ? FieldResult::Done : FieldResult::NotAValue;
+  if (end != text.data() + text.size() || error == std::errc::invalid_argument) return FieldResult::NotAValue;
+  if (error == std::errc{}) return FieldResult::Done;
+  if (!std::is_floating_point_v<T> || !isTiny(text)) return FieldResult::OutOfRange;
+  value = 0;
+  return FieldResult::Done;
 }
 
 FieldResult parseDate(std::string_view text, std::int64_t& packed) {
