@@ -10,7 +10,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompFreq) == 116);
 /// Frequencies of the frequency-response compensation, in Hz.
 class VELK_EXPORT HwDatablockDacbFrequencyCompFreq : public HwCountedBlock<HwSDatablockDacbFrequencyCompFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompFreq, "Hz">({
       .id = 13500,
       .refusal = "HwDatablockDacbFrequencyCompFreq",
       .keys = {"DACB_FREQUENCY_COMP_FREQ"},
@@ -32,7 +32,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompAmp) == 64);
 /// Amplitudes of the compensation, in 1/10000.
 class VELK_EXPORT HwDatablockDacbFrequencyCompAmp : public HwCountedBlock<HwSDatablockDacbFrequencyCompAmp> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompAmp, "1/10000">({
       .id = 13600,
       .refusal = "HwDatablockDacbFrequencyCompAmp",
       .keys = {"DACB_FREQUENCY_COMP_AMP"},
@@ -54,7 +54,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompPh) == 64);
 /// Phases of the compensation, in 1/100.
 class VELK_EXPORT HwDatablockDacbFrequencyCompPh : public HwCountedBlock<HwSDatablockDacbFrequencyCompPh> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompPh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompPh, "1/100">({
       .id = 13700,
       .refusal = "HwDatablockDacbFrequencyCompPh",
       .keys = {"DACB_FREQUENCY_COMP_PH"},
@@ -75,7 +75,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompDt) == 16);
 /// Delays of the compensation, in 1e-12.
 class VELK_EXPORT HwDatablockDacbFrequencyCompDt : public HwCountedBlock<HwSDatablockDacbFrequencyCompDt> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompDt>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompDt, "1/1e12">({
       .id = 13800,
       .refusal = "HwSDatablockDacbFrequencyCompDt",
       .keys = {"DACB_FREQUENCY_COMP_DT"},
@@ -96,7 +96,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceFreq) == 116);
 /// Frequencies of the I/Q imbalance corrections, in Hz.
 class VELK_EXPORT HwDatablockDacbIqImbalanceFreq : public HwCountedBlock<HwSDatablockDacbIqImbalanceFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceFreq, "Hz">({
       .id = 13900,
       .refusal = "HwSDatablockDacbIqImbalanceFreq",
       .keys = {"DACB_IQ_IMBALANCE_FREQ"},
@@ -120,7 +120,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceAmp) == 64);
 /// Amplitude corrections of the RF output.
 class VELK_EXPORT HwDatablockDacbIqImbalanceAmp : public HwCountedBlock<HwSDatablockDacbIqImbalanceAmp> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceAmp, "1/10000">({
       .id = 14000,
       .refusal = "HwDatablockDacbIqImbalanceAmp",
       .keys = {"DACB_IQ_IMBALANCE_AMP"},
@@ -141,7 +141,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalancePh) == 64);
 /// Phase corrections of the RF output.
 class VELK_EXPORT HwDatablockDacbIqImbalancePh : public HwCountedBlock<HwSDatablockDacbIqImbalancePh> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalancePh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalancePh, "1/100">({
       .id = 14100,
       .refusal = "HwDatablockDacbIqImbalancePh",
       .keys = {"DACB_IQ_IMBALANCE_PH"},
@@ -162,7 +162,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceSwapAmp) == 64);
 /// Amplitude corrections with I and Q swapped.
 class VELK_EXPORT HwDatablockDacbIqImbalanceSwapAmp : public HwCountedBlock<HwSDatablockDacbIqImbalanceSwapAmp> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceSwapAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceSwapAmp, "1/10000">({
       .id = 14200,
       .refusal = "HwDatablockDacbIqImbalanceSwapAmp",
       .keys = {"DACB_IQ_IMBALANCE_SWAP_AMP"},
@@ -184,7 +184,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceSwapPh) == 64);
 /// Phase corrections with I and Q swapped.
 class VELK_EXPORT HwDatablockDacbIqImbalanceSwapPh : public HwCountedBlock<HwSDatablockDacbIqImbalanceSwapPh> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceSwapPh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceSwapPh, "1/100">({
       .id = 14300,
       .refusal = "HwDatablockDacbIqImbalanceSwapPh",
       .keys = {"DACB_IQ_IMBALANCE_SWAP_PH"},
@@ -206,7 +206,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompAmpRear) == 64);
 /// Amplitudes of the compensation of the rear outputs.
 class VELK_EXPORT HwDatablockDacbFrequencyCompAmpRear : public HwCountedBlock<HwSDatablockDacbFrequencyCompAmpRear> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompAmpRear>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompAmpRear, "1/10000">({
       .id = 14400,
       .refusal = "HwSDatablockDacbFrequencyCompAmpRear",
       .keys = {"DACB_FREQUENCY_COMP_AMP_REAR"},
@@ -231,7 +231,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompPhRear) == 64);
 /// Phases of the compensation of the rear outputs.
 class VELK_EXPORT HwDatablockDacbFrequencyCompPhRear : public HwCountedBlock<HwSDatablockDacbFrequencyCompPhRear> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompPhRear>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompPhRear, "1/100">({
       .id = 14500,
       .refusal = "HwDatablockDacbFrequencyCompPhRear",
       .keys = {"DACB_FREQUENCY_COMP_PH_REAR"},
@@ -256,7 +256,7 @@ static_assert(sizeof(HwSDatablockDacbFrequencyCompDtRear) == 16);
 /// Delays of the compensation of the rear outputs.
 class VELK_EXPORT HwDatablockDacbFrequencyCompDtRear : public HwCountedBlock<HwSDatablockDacbFrequencyCompDtRear> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompDtRear>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbFrequencyCompDtRear, "1/1e12">({
       .id = 14600,
       .refusal = "HwSDatablockDacbFrequencyCompDtRear",
       .keys = {"DACB_FREQUENCY_COMP_DT_REAR"},
@@ -278,7 +278,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceRearAmp) == 64);
 /// Amplitude corrections of the rear outputs.
 class VELK_EXPORT HwDatablockDacbIqImbalanceRearAmp : public HwCountedBlock<HwSDatablockDacbIqImbalanceRearAmp> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceRearAmp>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceRearAmp, "1/10000">({
       .id = 14700,
       .refusal = "HwSDatablockDacbIqImbalanceRearAmp",
       .keys = {"DACB_IQ_IMBALANCE_REAR_AMP"},
@@ -303,7 +303,7 @@ static_assert(sizeof(HwSDatablockDacbIqImbalanceRearPh) == 64);
 /// Phase corrections of the rear outputs.
 class VELK_EXPORT HwDatablockDacbIqImbalanceRearPh : public HwCountedBlock<HwSDatablockDacbIqImbalanceRearPh> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceRearPh>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockDacbIqImbalanceRearPh, "1/100">({
       .id = 14800,
       .refusal = "HwDatablockDacbIqImbalanceRearPh",
       .keys = {"DACB_IQ_IMBALANCE_REAR_PH"},

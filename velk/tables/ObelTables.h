@@ -11,7 +11,7 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalanceFreq) == 252);
 /// Frequencies of the analog imbalance, in Hz.
 class VELK_EXPORT HwDatablockObelAnalogImbalanceFreq : public HwCountedBlock<HwSDatablockObelAnalogImbalanceFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalanceFreq>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalanceFreq, "Hz">({
       .id = 15600,
       .refusal = "HwSDatablockObelAnalogImbalanceFreq",
       .keys = {"OBEL_ANALOG_IMBALANCE_FREQ"},

@@ -40,7 +40,7 @@ class VELK_EXPORT HwPimFrequencyList : public HwCountedBlock<Record> {
   using HwCountedBlock<Record>::HwCountedBlock;
 
   static constexpr RecordTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
-    return listTraits<Record, 100>({
+    return listTraits<Record, "Hz", 100>({
         .id = id,
         .refusal = refusal,
         .keys = {key},
@@ -94,7 +94,7 @@ static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataAbsCorr) == 3012);
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataAbsCorr
     : public HwCountedBlock<HwSDatablockPimMwIfExtLevCalDataAbsCorr> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockPimMwIfExtLevCalDataAbsCorr>({
+  static constexpr RecordTraits traits = listTraits<HwSDatablockPimMwIfExtLevCalDataAbsCorr, "1/100 dB">({
       .id = 12042,
       .refusal = "HwDatablockPimMwIfExtLevCalDataAbsCorr",
       .keys = {"LEV_CAL_DAT_ABS_CORR"},
@@ -126,7 +126,7 @@ template <class Record>
 inline constexpr FieldInfo levelTableFields[] = {
     VELK_FIELD(Record, levelSteps),
     VELK_FIELD(Record, freqs),
-    VELK_FIELD(Record, cells).counted("levelSteps", "freqs"),
+    VELK_FIELD(Record, cells).in("1/100 dB").counted("levelSteps", "freqs"),
 };
 
 namespace detail {
