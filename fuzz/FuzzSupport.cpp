@@ -5,7 +5,7 @@
 
 #include "CatalogueSupport.h"
 #include "velk/datablock/Checksums.h"
-#include "velk/image/HexText.h"
+#include "velk/datablock/HexText.h"
 #include "velk/platform/Console.h"
 #include "velk/platform/ErrorManager.h"
 

@@ -1,6 +1,6 @@
 #include "Images.h"
 
-#include "velk/image/HexText.h"
+#include "velk/datablock/HexText.h"
 
 namespace VelkTool {
 

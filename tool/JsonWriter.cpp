@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Utf8.h"
+#include "velk/datablock/HexText.h"
 
 namespace VelkTool {
 namespace {
@@ -11,7 +12,7 @@ namespace {
 bool isControl(char32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
 void appendEscaped(std::string& to, Character character, std::string_view bytes) {
-  constexpr std::string_view digits = "0123456789abcdef";
+  constexpr std::string_view digits = Velk::detail::lowerHexDigits;
   if (character.code == '"' || character.code == '\\') {
     to += '\\';
     to += bytes;

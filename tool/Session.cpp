@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "velk/datablock/HexText.h"
+
 namespace VelkTool {
 namespace {
 
@@ -20,7 +22,7 @@ bool isControlPair(unsigned char first, unsigned char second) {
 }
 
 void appendEscaped(std::string& to, std::string_view text) {
-  constexpr std::string_view digits = "0123456789abcdef";
+  constexpr std::string_view digits = Velk::detail::lowerHexDigits;
   const auto escape = [&](unsigned char byte) { (to += "\\x") += {digits[byte >> 4U], digits[byte & 0xFU]}; };
   for (std::size_t i = 0; i < text.size(); ++i) {
     const auto byte = static_cast<unsigned char>(text[i]);

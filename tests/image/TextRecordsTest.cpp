@@ -2,7 +2,7 @@
 #include <random>
 
 #include "TestSupport.h"
-#include "velk/image/HexText.h"
+#include "velk/datablock/HexText.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/SRecord.h"
 
@@ -108,7 +108,9 @@ TEST(IntelHex, Text) {
             ":0400000300001000E9\n:00000001FF\n");
   image = {};
   image.details.carriageReturns = true;
-  EXPECT_EQ(writeIntelHex(image).toStdString(), ":00000001FF\r\n");
+  image.details.lowerCase = true;
+  EXPECT_EQ(writeIntelHex(image).toStdString(), ":00000001ff\r\n");
+  EXPECT_EQ(readIntelHex(":00000001ff\r\n").details, image.details);
 }
 
 TEST(SRecord, TextHasTheShortestAddressesThatReachEverything) {

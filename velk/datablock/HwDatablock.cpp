@@ -4,6 +4,7 @@
 #include <string>
 
 #include "velk/datablock/Checksums.h"
+#include "velk/datablock/HexText.h"
 #include "velk/diag/HwErrors.h"
 #include "velk/platform/Console.h"
 
@@ -165,11 +166,10 @@ void HwDatablock::setDatablockToCorrupt(bool corrupt) { corrupt_ = corrupt; }
 
 void HwDatablock::printHexDump(char* bytes, unsigned int count) {
   constexpr unsigned int bytesPerLine = 16;
-  constexpr std::string_view digits = "0123456789abcdef";
   std::string line;
   for (unsigned int i = 0; i < count; ++i) {
     const auto byte = static_cast<unsigned char>(bytes[i]);
-    line += {digits[byte >> 4U], digits[byte & 0xFU], ' '};
+    line += {detail::lowerHexDigits[byte >> 4U], detail::lowerHexDigits[byte & 0xFU], ' '};
     if ((i + 1) % bytesPerLine == 0) {
       line += '\n';
       Console::write(Console::Stream::Output, line);

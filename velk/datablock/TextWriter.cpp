@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "velk/datablock/HexText.h"
 #include "velk/datablock/NumberText.h"
 
 namespace Velk::detail {
@@ -25,7 +26,7 @@ TextWriter::TextWriter(std::ostream& os) : os_(os) {}
 TextWriter& TextWriter::padded(unsigned value, unsigned width) { return text(turnInt2String(value, width)); }
 
 TextWriter& TextWriter::hex(unsigned value, std::size_t width, bool upperCase) {
-  const std::string_view alphabet = upperCase ? "0123456789ABCDEF" : "0123456789abcdef";
+  const std::string_view alphabet = upperCase ? hexDigits : lowerHexDigits;
   std::string digits;
   for (; value != 0 || digits.size() < width; value >>= 4U) digits.insert(digits.begin(), alphabet[value & 0xFU]);
   return text(digits);

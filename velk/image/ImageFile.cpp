@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "velk/image/HexText.h"
+#include "velk/datablock/HexText.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/SRecord.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "velk/datablock/Checksums.h"
+#include "velk/datablock/HexText.h"
 #include "velk/edition2/StoredTable.h"
-#include "velk/image/HexText.h"
 
 namespace Velk {
 namespace {

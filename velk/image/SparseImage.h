@@ -31,6 +31,7 @@ struct ContainerDetails {
   std::optional<EntryPoint> entry{};
   unsigned char recordLength = 16;  ///< data bytes of its longest line
   bool carriageReturns = false;     ///< its lines end with CR and LF
+  bool lowerCase = false;           ///< its hexadecimal digits are a to f
   bool ended = true;                ///< its end record is there; otherwise it may have been cut
 
   bool operator==(const ContainerDetails&) const = default;

@@ -2,7 +2,7 @@
 
 #include <numeric>
 
-#include "velk/image/HexText.h"
+#include "velk/datablock/HexText.h"
 
 namespace Velk::detail {
 namespace {
@@ -46,6 +46,7 @@ std::string_view RecordReader::takeLine(std::string_view& text) {
   std::string_view line = text.substr(0, end);
   text.remove_prefix(std::min(end + 1, text.size()));
   if (line.ends_with('\r')) details_.carriageReturns = true;
+  if (line.find_first_of(lowerHexDigits.substr(10)) != line.npos) details_.lowerCase = true;
   line.remove_suffix(line.size() - (line.find_last_not_of(" \t\r") + 1));
   return line;
 }
@@ -109,9 +110,10 @@ RecordWriter& RecordWriter::mark(std::string_view text) {
 }
 
 RecordWriter& RecordWriter::bytes(ConstBytes bytes) {
+  const std::string_view digits = details_.lowerCase ? lowerHexDigits : hexDigits;
   for (const unsigned char byte : bytes) {
-    text_ += hexDigits[byte >> 4U];
-    text_ += hexDigits[byte & 0xFU];
+    text_ += digits[byte >> 4U];
+    text_ += digits[byte & 0xFU];
   }
   sum_ = static_cast<unsigned char>(sum_ + sumOfBytes(bytes));
   return *this;

@@ -9,6 +9,7 @@
 namespace Velk::detail {
 
 inline constexpr std::string_view hexDigits = "0123456789ABCDEF";
+inline constexpr std::string_view lowerHexDigits = "0123456789abcdef";
 
 /// "0x00F4": at least `width` digits.
 inline std::string hexText(std::uint64_t value, unsigned width) {
