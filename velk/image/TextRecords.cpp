@@ -46,7 +46,6 @@ std::string_view RecordReader::takeLine(std::string_view& text) {
   std::string_view line = text.substr(0, end);
   text.remove_prefix(std::min(end + 1, text.size()));
   if (line.ends_with('\r')) details_.carriageReturns = true;
-  if (line.find_first_of(lowerHexDigits.substr(10)) != line.npos) details_.lowerCase = true;
   line.remove_suffix(line.size() - (line.find_last_not_of(" \t\r") + 1));
   return line;
 }
@@ -58,6 +57,7 @@ std::string RecordReader::decode(std::string_view digits, Record& record) {
     const unsigned high = digitValue(digits[i]);
     const unsigned low = digitValue(digits[i + 1]);
     if (high > 15 || low > 15) return "not hexadecimal";
+    details_.lowerCase = details_.lowerCase || std::max(digits[i], digits[i + 1]) >= 'a';
     record.bytes[record.count++] = static_cast<unsigned char>(high << 4U | low);
   }
   return {};

@@ -29,7 +29,7 @@ class RecordReader {
   virtual std::string take(std::string_view line) = 0;
 
   /// Takes the digits of a line apart.
-  static std::string decode(std::string_view digits, Record& record);
+  std::string decode(std::string_view digits, Record& record);
   static std::string wrongChecksum(unsigned stored, unsigned right);
 
   /// Puts the data of a record in its place.
