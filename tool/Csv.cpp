@@ -92,12 +92,11 @@ void CsvTable::addTable(const DataNode& table) {
 void CsvTable::add(const DataNode& node, const char* name, const std::function<std::string(const DataPath&)>& nameOf) {
   Columns columns{node, node.kind() == DataNode::Kind::List};
   hasLists_ = hasLists_ || columns.isList;
-  if (columns.isList && node.size() == 0) return;
   const auto addName = [&](const DataPath& path, const FieldElement& element) {
     columns.names.push_back(nameOf(path));
     if (width(element, stored_) == 2) columns.names.push_back(columns.names.back() + ".stored");
   };
-  forEachValue(columns.isList ? node[0] : node, DataPath(name), addName);
+  forEachValue(columns.isList ? node.sample() : node, DataPath(name), addName);
   rows_ = std::max(rows_, columns.isList ? node.size() : 0);
   columns_.push_back(std::move(columns));
 }

@@ -29,14 +29,14 @@ void collectUnits(const DataNode& node, const DataPath& path, Units& units) {
     if (*unit != '\0') units.emplace_back(path.text(false), unit);
   } else if (node.kind() == DataNode::Kind::Record) {
     forEachPart(node, path, [&](const DataPath& part, const DataNode& below) { collectUnits(below, part, units); });
-  } else if (node.size() != 0) {
-    collectUnits(node[0], DataPath(path, std::size_t{0}), units);
+  } else {
+    collectUnits(node.sample(), DataPath(path, std::size_t{0}), units);
   }
 }
 
 bool isListOfValues(const DataNode& node) {
   if (node.kind() != DataNode::Kind::List) return false;
-  return node.run() || node.size() == 0 || node[0].kind() == DataNode::Kind::Value;
+  return node.run() || node.sample().kind() == DataNode::Kind::Value;
 }
 
 /// Elements of a list that are records of nothing but values and short lists take a line each.
@@ -94,7 +94,7 @@ class DataWriter {
   void writeList(const DataNode& list, Accepts accepts) {
     if (const auto run = list.run()) return writeRun(*run);
     json_.beginArray(isListOfValues(list) ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
-    const JsonWriter::Layout layout = list.size() == 0 ? JsonWriter::Layout::Indented : elementLayout(list[0]);
+    const JsonWriter::Layout layout = elementLayout(list.sample());
     for (std::size_t i = 0; i < list.size(); ++i) {
       if (const auto row = list.runAt(i)) {
         writeRun(*row);

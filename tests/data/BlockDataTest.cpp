@@ -154,6 +154,10 @@ TEST(Csv, HasALineForEachIndexOfTheLists) {
             "3,100000000,-2.5,1e-09,40\n");
   EXPECT_EQ(csv(example("detector.bin", 1040), 1),
             "row,cells[0],cells[1]\n0,2018-06-21,\"calibration hall, place 7\"\n1,2019-01-09,after repair\n");
+  // Nothing is in use, and the columns are there all the same.
+  OwnedBlock unused = example("rf_board_tables.bin", 15750);
+  unused.bytes[8] = 0;
+  EXPECT_EQ(csv(unused), "row,cells[0]\n");
   const std::string fixedPoint = csv(example("detector.bin", 1041), 0, true);
   EXPECT_NE(fixedPoint.find(",cells[11],cells[11].stored,"), fixedPoint.npos);
   EXPECT_NE(fixedPoint.find(",-12.3,-123,-1.23,-123,"), fixedPoint.npos);

@@ -163,15 +163,19 @@ DataNode::Place DataNode::selfDescribed(std::size_t index) const {
   if (std::holds_alternative<SelfDescribing>(place_)) {
     return index == 0 ? elementAt(updateIndexField, updateIndexField.offset) : Place(Tables{});
   }
-  if (std::holds_alternative<Tables>(place_)) return Table{&data_->tables()[index]};
+  if (std::holds_alternative<Tables>(place_)) {
+    return index < data_->tables().size() ? Place(Table{&data_->tables()[index]}) : Record{{}, 0};
+  }
   if (const auto* const table = std::get_if<Table>(&place_)) return part(*table->table, index);
   if (const auto* const rows = std::get_if<Rows>(&place_)) return Row{&rows->table->stored, index};
   if (const auto* const texts = std::get_if<Texts>(&place_)) {
     const std::uint32_t start = (*texts->starts)[index];
-    return FieldElement{&typedField(TYPE_ID_STRING), start, (*texts->starts)[index + 1] - start};
+    const std::uint32_t end = texts->starts->size() > 1 ? (*texts->starts)[index + 1] : start;  // beyond it in a sample
+    return FieldElement{&typedField(TYPE_ID_STRING), start, end - start};
   }
   const Row& row = std::get<Row>(place_);
-  const FieldInfo& field = typedField(row.table->columnTypes()[index]);
+  const ConstBytes types = row.table->columnTypes();
+  const FieldInfo& field = typedField(index < types.size() ? types[index] : 0U);
   const ConstBytes bytes = row.table->cell(index, row.row);
   if (bytes.data() == nullptr) {
     return FieldElement{&field, data_->bytes().size(), std::max<std::size_t>(field.stride, 1)};

@@ -41,6 +41,8 @@ class VELK_EXPORT DataNode {
   std::size_t size() const;
   /// An element or member; `index` is below size().
   DataNode operator[](std::size_t index) const;
+  /// What the elements of a list are like, of an empty one as well: for their names and fields, not for their values.
+  DataNode sample() const { return (*this)[0]; }
   /// The value that an element or member is, or nothing where it is a list or record: the short way to most values.
   std::optional<FieldElement> valueAt(std::size_t index) const;
   /// What a member is called; `index` is below size() of a record.
