@@ -100,6 +100,12 @@ TEST(Mainboard, NamesFollowTheCurrentId) {
   EXPECT_EQ(idLine(list, 12070), "ID:              EXT_CAL_DAT_A_FREQ_ENH");
   EXPECT_EQ(idLine(list, 12072), "ID:              ");
   EXPECT_EQ(list.getInstance(), 1);
+  HwDatablockMbrdExtLevCalDataFreq2Edition_Enh second(0, true);
+  EXPECT_EQ(idLine(second, 12150), "ID:              EXT_CAL_DAT_A_FREQ_2_EDITION");
+  EXPECT_EQ(idLine(second, 12151), "ID:              EXT_CAL_DAT_B_FREQ_2_EDITION");
+  HwDatablockMbrdExtLevCalData_Enh levels(0, true);
+  EXPECT_EQ(idLine(levels, 12060), "ID:              EXT_CAL_DAT_A_LEVEL");
+  EXPECT_EQ(idLine(levels, 12061), "ID:              EXT_CAL_DAT_B_LEVEL");
   HwDatablockMbrdExtLevCalData2Edition_Enh table(0, true, 7012);
   EXPECT_EQ(idLine(table, 12161), "ID:              EXT_CAL_DAT_B_LEVEL_2_EDITION");
   EXPECT_NE(printed(table).find("COUNT:           0 *COUNT_OF_EXT_CAL_DAT_B_FREQ_2_EDITION\n"), std::string::npos);

@@ -4,6 +4,7 @@
 namespace Velk {
 namespace {
 
+using VelkTest::acceptedByHeader;
 using VelkTest::checkRecordClass;
 using VelkTest::ConsoleCapture;
 using VelkTest::ErrorCapture;
@@ -57,13 +58,13 @@ TEST(ModuleCalibration, EveryClassHasItsIdSizeKeyAndRefusal) {
       {10002, 412, id + "SSYN_OPU_LEVEL_FREQ", "HwSDatablockSsynOpuLevelFreq"});
   checkRecordClass<HwDatablockSsynOpuLevel>({10003, 212, id + "SSYN_OPU_LEVEL", "HwSDatablockSsynOpuLevel"});
   checkRecordClass<HwDatablockSsynOcxoRefCalValue>(
-      {10000, 16, id15 + "SSYN_OCXO_REF_CAL_VALUE", "HwSDatablockSsynOcxoRefCalValue"});
+      acceptedByHeader({10000, 16, id15 + "SSYN_OCXO_REF_CAL_VALUE", "HwSDatablockSsynOcxoRefCalValue"}));
   checkRecordClass<HwDatablockSynexOcxoRefCalValue>(
       {15000, 16, id15 + "SYNEX_OCXO_REF_CAL_VALUE", "HwSDatablockSynexOcxoRefCalValue"});
   checkRecordClass<HwDatablockFsynTcxoRefCalValue>(
       {15001, 16, id15 + "FSYN_TCXO_REF_CAL_VALUE", "HwSDatablockFsynTcxoRefCalValue"});
   checkRecordClass<HwDatablockSittMbrdPllDacCalibValue>(
-      {12280, 16, id15 + "SITT_MBRD_PLL_DAC_VALUE", "HwSDatablockSittMbrdPllDacCalibValue"});
+      acceptedByHeader({12280, 16, id15 + "SITT_MBRD_PLL_DAC_VALUE", "HwSDatablockSittMbrdPllDacCalibValue"}));
   checkRecordClass<HwDatablockSAtt3CalibDataFreq>(
       {10601, 612, id + "SATT3_CALIB_DATA_FREQ", "HwSDatablockSAtt3CalibDataFreq"});
   checkRecordClass<HwDatablockSAtt6CalibDataFreq>(
@@ -80,8 +81,10 @@ TEST(ModuleCalibration, EveryClassHasItsIdSizeKeyAndRefusal) {
       {12171, 612, id + "ATT_CAL_DAT_B_FREQ_2_EDITION", "HwSDatablockAttCalDataFreq2Edition"}, 1, true);
   checkRecordClass<HwDatablockAttCalData2Edition>(
       {12182, 8112, id + "ATT_CAL_DAT_C_LEVEL_2_EDITION", "HwSDatablockAttCalData2Edition"}, 2, true);
-  checkRecordClass<HwDatablockIpcUser10000>({10000, 56, id15 + "IPC_USER_10000", "HwSDatablockIpcUser10000"});
-  checkRecordClass<HwDatablockIpcUser10040>({10040, 94, id15 + "IPC_USER_10040", "HwSDatablockIpcUser10040"});
+  checkRecordClass<HwDatablockIpcUser10000>(
+      acceptedByHeader({10000, 56, id15 + "IPC_USER_10000", "HwSDatablockIpcUser10000"}));
+  checkRecordClass<HwDatablockIpcUser10040>(
+      acceptedByHeader({10040, 94, id15 + "IPC_USER_10040", "HwSDatablockIpcUser10040"}));
 }
 
 template <class Block, class... Arguments>
@@ -137,6 +140,21 @@ TEST(ModuleCalibration, GoldenTexts) {
   EXPECT_TRUE(VelkTest::isGolden("modulecal.txt", text));
 }
 
+TEST(ModuleCalibration, TablesNameTheListsOfTheirFrequencies) {
+  const auto hasLine = [](HwDatablock&& block, const std::string& line) {
+    const std::string text = printed(block);
+    EXPECT_NE(text.find('\n' + line + '\n'), std::string::npos) << line << " is not in " << text.substr(0, 400);
+  };
+  hasLine(HwDatablockSAtt3CalibDataAtt(), "COUNT:           26 * SATT3_CALIB_FREQ");
+  hasLine(HwDatablockSAtt6CalibDataAtt(), "COUNT:           26 * COUNT_OF_SATT6_CALIB_FREQ");
+  hasLine(HwDatablockSAtt3CalibDataTemp(), "COUNT:           26 *SAT3_CALIB_FREQ");
+  hasLine(HwDatablockSAtt6CalibDataTemp(), "COUNT:           26 *COUNT_OF_SATT6_CALIB_FREQ");
+  hasLine(HwDatablockAttCalData2Edition(1, true), "COUNT:           0 * COUNT_OF_ATT_CAL_DAT_B_FREQ_2_EDITION");
+  hasLine(HwDatablockCwop3DetTuneDac(3, true), "COUNT:           0 * COUNT_OF_CWOP3_DET_TUNE_D_FREQ");
+  hasLine(HwDatablockCwopDetLinCorrData(0, true), "COUNT:           0 * COUNT_OF_CWOP_DETLINCORR_A_FREQ");
+  hasLine(HwDatablockCwopDetLinCorrData(1, true), "COUNT:           0 * COUNT_OF_CWOP_DETLINCORR_B_FREQ");
+}
+
 TEST(ModuleCalibration, MiscRecordsPrintEveryFieldWithItsUnits) {
   HwDatablockIqOp3RfmCalibDataMisc misc;
   VelkTest::fillFields(misc, iqOp3MiscFields);
@@ -154,21 +172,84 @@ TEST(ModuleCalibration, MiscRecordsPrintEveryFieldWithItsUnits) {
   EXPECT_TRUE(VelkTest::isGolden("modulecal_misc.txt", text));
 }
 
+/// Holds accessor pairs against the fields of a block, from its first field on and one behind the other.
+template <class Block>
+class AccessorCheck {
+ public:
+  /// Values of one field that are told apart by an index, if any.
+  template <class... Index>
+  void operator()(auto getter, auto setter, Index... index) {
+    using Value = decltype((block_.*getter)(index...));
+    const auto value = static_cast<Value>(offset_ * 3);
+    QByteArray expected = block_.getByteArrayData();
+    std::memcpy(expected.data() + offset_, &value, sizeof value);
+    (block_.*setter)(value, index...);
+    EXPECT_EQ(block_.getByteArrayData().mid(8).toHex(), expected.mid(8).toHex()) << "offset " << offset_;
+    EXPECT_EQ((block_.*getter)(index...), value) << "offset " << offset_;
+    EXPECT_TRUE(block_.verifyChecksum());
+    offset_ += static_cast<int>(sizeof value);
+  }
+  /// The next offset: where the block ends once every field was seen.
+  int offset() const { return offset_; }
+
+ private:
+  Block block_;
+  int offset_ = sizeof(HwSDatablockHeader);
+};
+
+TEST(ModuleCalibration, AccessorsOfTheVcoIdentReachTheirOwnFields) {
+  using Block = HwDatablockCwop6VcoIdent;
+  AccessorCheck<Block> check;
+  check(&Block::getJobNumber, &Block::setJobNumber);
+  check(&Block::getSerialNumber, &Block::setSerialNumber);
+  check(&Block::getLotNumber, &Block::setLotNumber);
+  check(&Block::getTaz, &Block::setTaz);
+  check(&Block::getOsc3Subh, &Block::setOsc3Subh);
+  check(&Block::getOsc3Subl, &Block::setOsc3Subl);
+  check(&Block::getOsc2Subh, &Block::setOsc2Subh);
+  check(&Block::getOsc2Subl, &Block::setOsc2Subl);
+  check(&Block::getOsc1Subh, &Block::setOsc1Subh);
+  EXPECT_EQ(check.offset(), Block().getBlockSize());
+}
+
+TEST(ModuleCalibration, AccessorsOfMiscReachTheirOwnFields) {
+  using Block = HwDatablockIqOp3RfmCalibDataMisc;
+  AccessorCheck<Block> check;
+  check(&Block::getToleranceLevPre, &Block::setToleranceLevPre);
+  check(&Block::getToleranceLevAtt_15, &Block::setToleranceLevAtt_15);
+  check(&Block::getToleranceLevAtt_30_45, &Block::setToleranceLevAtt_30_45);
+  check(&Block::getToleranceDetAtt, &Block::setToleranceDetAtt);
+  check(&Block::getDetFullScale, &Block::setDetFullScale);
+  check(&Block::getNumberOfOperatingStates, &Block::setNumberOfOperatingStates);
+  EXPECT_EQ(check.offset(), 24);
+
+  // Each list holds another value for each state, and no two share one.
+  Block block;
+  for (unsigned char state = 0; state < 12; ++state) {
+    block.setPmaxBz(static_cast<unsigned short>(100 + state), state);
+    block.setUiqBz(200.5F + static_cast<float>(state), state);
+    block.setLconReserveBz(static_cast<unsigned short>(300 + state), state);
+    block.setDetReserveBz(static_cast<unsigned short>(400 + state), state);
+  }
+  for (unsigned char state = 0; state < 12; ++state) {
+    EXPECT_EQ(block.getPmaxBz(state), 100 + state);
+    EXPECT_EQ(block.getUiqBz(state), 200.5F + static_cast<float>(state));
+    EXPECT_EQ(block.getLconReserveBz(state), 300 + state);
+    EXPECT_EQ(block.getDetReserveBz(state), 400 + state);
+    float pmax = 0;
+    unsigned short reserves[2];
+    std::memcpy(&pmax, block.getData() + 24 + 4 * state, sizeof pmax);
+    std::memcpy(&reserves[0], block.getData() + 120 + 2 * state, 2);
+    std::memcpy(&reserves[1], block.getData() + 144 + 2 * state, 2);
+    EXPECT_EQ(pmax, 100.F + static_cast<float>(state));
+    EXPECT_EQ(reserves[0], 300 + state);
+    EXPECT_EQ(reserves[1], 400 + state);
+  }
+}
+
 TEST(ModuleCalibration, AccessorsOfMiscV20ReachTheirOwnFields) {
   using Block = HwDatablockIqOp3RfmCalibDataMiscV20;
-  Block block;
-  int offset = 8;
-  const auto check = [&](auto getter, auto setter) {
-    using Value = decltype((block.*getter)());
-    const auto value = static_cast<Value>(offset * 3);
-    QByteArray expected = block.getByteArrayData();
-    std::memcpy(expected.data() + offset, &value, sizeof value);
-    (block.*setter)(value);
-    EXPECT_EQ(block.getByteArrayData().mid(8).toHex(), expected.mid(8).toHex()) << "offset " << offset;
-    EXPECT_EQ((block.*getter)(), value) << "offset " << offset;
-    EXPECT_TRUE(block.verifyChecksum());
-    offset += static_cast<int>(sizeof value);
-  };
+  AccessorCheck<Block> check;
   check(&Block::getLmaxLow, &Block::setLmaxLow);
   check(&Block::getLmaxMed, &Block::setLmaxMed);
   check(&Block::getLmaxHigh, &Block::setLmaxHigh);
@@ -198,7 +279,7 @@ TEST(ModuleCalibration, AccessorsOfMiscV20ReachTheirOwnFields) {
   check(&Block::getDetattMed, &Block::setDetattMed);
   check(&Block::getDetattHigh, &Block::setDetattHigh);
   check(&Block::getDetattOvr, &Block::setDetattOvr);
-  EXPECT_EQ(offset, block.getBlockSize());
+  EXPECT_EQ(check.offset(), Block().getBlockSize());
 }
 
 TEST(ModuleCalibration, IndexesOutsideTheCapacityReadAsZeroAndStoreNothing) {
@@ -214,6 +295,15 @@ TEST(ModuleCalibration, IndexesOutsideTheCapacityReadAsZeroAndStoreNothing) {
     EXPECT_EQ(attenuation.getAttenuationValue(row, column), 0);
     unchanged(attenuation, [&, r = row, c = column] { attenuation.setAttenuationValue(5, r, c); });
   }
+  // Rows follow one another, 150 columns each.
+  HwDatablockAttCalData2Edition steps(0, true);
+  steps.setAttenuationValue(0x1234, 2, 3);
+  EXPECT_EQ(steps.getAttenuationValue(2, 3), 0x1234);
+  EXPECT_EQ(steps.getByteArrayData().mid(12 + 2 * (2 * 150 + 3), 2).toHex(), "3412");
+  HwDatablockSAtt3CalibDataTemp gradients;
+  gradients.setTempGradient(0x56, 2, 3);
+  EXPECT_EQ(gradients.getTempGradient(2, 3), 0x56);
+  EXPECT_EQ(gradients.getByteArrayData().mid(10 + 2 * 150 + 3, 1).toHex(), "56");
   HwDatablockAduGainOffsetCalData offsets;
   offsets.setCalibDatablock({1, 2, 3}, 7);
   EXPECT_EQ(offsets.getAduCalibDataBlock(7), (HwSAduGainOffsetCalData{1, 2, 3}));
@@ -296,6 +386,12 @@ TEST(ModuleCalibration, RecordsThatWereNeverWrittenAreAccepted) {
   EXPECT_TRUE(accepts(HwDatablockIqOp3RfmCalibData(), iq));
   iq.header.blockSize = sizeof iq;
   EXPECT_FALSE(accepts(HwDatablockIqOp3RfmCalibData(), iq));
+
+  HwSDatablockIqOp3RfmCalibDataV20 v20{};
+  v20.header.id = 10316;
+  EXPECT_TRUE(accepts(HwDatablockIqOp3RfmCalibDataV20(), v20));
+  v20.header.id = 10303;
+  EXPECT_FALSE(accepts(HwDatablockIqOp3RfmCalibDataV20(), v20));
 
   SingleValueRecord single{{10000, 16, 0, 0}, 1, 77};
   EXPECT_TRUE(accepts(HwDatablockSsynOcxoRefCalValue(), single)) << "its header is enough";

@@ -5,18 +5,12 @@
 namespace Velk {
 namespace {
 
-TEST(DeviceTable, BoardsAscendButForThreeRows) {
+TEST(DeviceTable, EveryRowIsThatOfItsBoardButForTwo) {
   const auto table = deviceTable();
   ASSERT_EQ(table.size(), 150U);
-  std::vector<unsigned> expected;
-  for (unsigned board = 0; board <= 147; ++board) {
-    expected.push_back(board);
-    if (board == 82) expected.push_back(board);
+  for (unsigned row = 0; row < table.size(); ++row) {
+    EXPECT_EQ(table[row].board, row == 83 ? 82U : row == 149 ? 102U : row);
   }
-  expected.push_back(102);
-  std::vector<unsigned> boards;
-  for (const DeviceBoardString& row : table) boards.push_back(row.board);
-  EXPECT_EQ(boards, expected);
   EXPECT_EQ((table.data() + table.size())->board, 149U) << "a terminator follows";
 }
 

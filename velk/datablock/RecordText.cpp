@@ -84,15 +84,20 @@ std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& 
   const FieldInfo& cells = traits.fields[1];
   const TextForm& form = traits.text;
   const auto steps = load<unsigned>(block, traits.fields[0].offset);
-  const auto id = load<unsigned short>(block, offsetof(HwSDatablockHeader, id));
   TextWriter text(os);
   printHeading(text, block, traits);
-  text.key(form.countKey, form.countWidth).number(steps).text(form.countJoint);
-  text.text(companionCount(traits.key(id), form.countWord)).endLine();
+  printTableCount(text, block, traits, steps);
   printColumnComments(text, form);
   printRows(text, block, cells, form, steps, cells.cols);
   text.endLine();
   return os;
+}
+
+void printTableCount(TextWriter& text, ConstBytes block, const RecordTraits& traits, unsigned steps) {
+  const TextForm& form = traits.text;
+  const auto id = load<unsigned short>(block, offsetof(HwSDatablockHeader, id));
+  text.key(form.countKey, form.countWidth).number(steps).text(form.countJoint);
+  text.text(companionCount(traits.key(id), form.countWord)).endLine();
 }
 
 void printColumnComments(TextWriter& text, const TextForm& form) { printComments(text, form.columnComments); }

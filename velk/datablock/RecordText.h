@@ -17,6 +17,9 @@ VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const Re
 /// The whole text of a record whose fields are a number of steps and a table: a line a step with all its columns.
 VELK_EXPORT std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 
+/// The COUNT line of a table: its steps, and by name the count of its companion list of frequencies.
+void printTableCount(TextWriter& text, ConstBytes block, const RecordTraits& traits, unsigned steps);
+
 /// The lines between a table's COUNT line and its rows.
 void printColumnComments(TextWriter& text, const TextForm& form);
 

@@ -38,7 +38,7 @@ std::ostream& HwDatablockCwopDetLinCorrData::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
   text.line("# number of steps");
-  text.key("COUNT:").number(getNumberOfDetLinCorrSteps()).text(" * ").number(getNumberOfValidFreqs()).endLine();
+  detail::printTableCount(text, bytes(), traits, getNumberOfDetLinCorrSteps());
   text.line("# level values and corresponding correction values");
   for (int frequency = 0; frequency < getNumberOfValidFreqs() && text.ok(); ++frequency) {
     text.number(frequency + 1).text(":");

@@ -237,7 +237,7 @@ class VELK_EXPORT HwDatablockCwopDetLinCorrData
       .refusal = "HwSDatablockCwopDetLinCorrData",
       .keys = {"CWOP_DETLINCORR_A_DATA", "CWOP_DETLINCORR_B_DATA"},
       .fields = detLinCorrFields,
-      .text = {.comments = {"# max number of steps 10"}},
+      .text = {.comments = {"# max number of steps 10"}, .countWord = "DATA"},
   };
 
   HwDatablockCwopDetLinCorrData(int index, bool stopConversionOnError)

@@ -8,9 +8,9 @@ std::ostream& HwDatablockIqOp6CalibData::printToStream(std::ostream& os) {
   constexpr unsigned char frequencies = std::extent_v<States, 1>;
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  // The frequencies themselves are in their own block; a row's number is their index there.
+  // The frequencies are in their own block, where a row's number is the index of its frequency; the column stays.
   for (unsigned char frequency = 0; frequency < frequencies; ++frequency) {
-    text.number(frequency + 1).text(": \t\t").number(getLevAtt_20(frequency));
+    text.number(frequency + 1).text(": \t\t- ").number(getLevAtt_20(frequency));
     text.text(" ").number(getLevAtt_40(frequency));
     for (unsigned char state = 0; state < states; ++state) text.text(" ").number(getDaValueBz(state, frequency));
     text.endLine();

@@ -9,6 +9,7 @@ namespace {
 
 constexpr unsigned rowCount = 150;
 constexpr std::size_t tagLength = 13;
+constexpr unsigned filter13Row = 83;
 
 struct KnownBoard {
   unsigned row;  ///< its place in the table
@@ -16,8 +17,8 @@ struct KnownBoard {
   std::string_view tag;
 };
 
-// Board 82 has two rows, so that the rows behind it lie one behind their board's number; the last row repeats board
-// 102.
+// A row is that of the board of its number, but for two: FILTER13 goes by the number of FILTER6, and the row behind the
+// last board repeats board 102.
 constexpr KnownBoard knownBoards[] = {
     {0, "DACIF", "DACIF        "},
     {1, "DACB", ""},
@@ -30,20 +31,20 @@ constexpr KnownBoard knownBoards[] = {
     {64, "BABO", ""},
     {71, "BABO", ""},
     {82, "FILTER6", ""},
-    {83, "FILTER13", ""},
+    {filter13Row, "FILTER13", ""},
+    {102, "BBB", "BBB          "},
     {103, "BBB", "BBB          "},
     {104, "BBB", "BBB          "},
-    {105, "BBB", "BBB          "},
+    {105, "BBW", ""},
     {106, "BBW", ""},
     {107, "BBW", ""},
-    {108, "BBW", ""},
-    {121, "IQUPCON20", "IQUPCON20"},
+    {120, "IQUPCON20", "IQUPCON20"},
     {149, "BTC_CODER", "BBB"},
 };
 
 constexpr unsigned boardOfRow(unsigned row) {
-  if (row + 1 == rowCount) return _DeviceBoard_BTC_CODER_;
-  return row <= _DeviceBoard_FILTER13_ ? row : row - 1;
+  if (row == filter13Row) return _DeviceBoard_FILTER13_;
+  return row <= _DeviceBoard_Last_ ? row : _DeviceBoard_BTC_CODER_;
 }
 
 /// The rows and the terminator.
