@@ -6,6 +6,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -44,16 +45,17 @@ class Part final : public Session {
   void write(std::string_view text) override {
     constexpr std::size_t worthAsking = 64 * 1024;
     constexpr std::size_t most = 1024 * 1024;
+    constexpr std::size_t perComplaint = 256;
     said_ += text;
-    if (said_.size() < worthAsking || (said_.size() < most && !turns_.isTurnOf(number_))) return;
+    const std::size_t size = said_.size() + perComplaint * complaints_.size();
+    if (size < worthAsking || (size < most && !turns_.isTurnOf(number_))) return;
     turns_.await(number_);
     speak();
   }
 
   void complain(std::string_view file, std::string_view what) override {
-    turns_.await(number_);
-    speak();
-    whole_.complain(file, what);
+    complaints_.push_back({said_.size(), std::string(file), std::string(what)});
+    write({});
   }
 
   void worsen(Exit exit) override { exit_ = std::max(exit_, exit); }
@@ -62,16 +64,31 @@ class Part final : public Session {
 
   /// Only in its turn.
   void speak() {
-    whole_.write(said_);
+    std::string_view rest = said_;
+    for (const Complaint& complaint : complaints_) {
+      const std::size_t before = complaint.place - (said_.size() - rest.size());
+      whole_.write(rest.substr(0, before));
+      whole_.complain(complaint.file, complaint.what);
+      rest.remove_prefix(before);
+    }
+    whole_.write(rest);
     whole_.worsen(exit_);
     said_.clear();
+    complaints_.clear();
   }
 
  private:
+  struct Complaint {
+    std::size_t place;  ///< in what is said
+    std::string file;
+    std::string what;
+  };
+
   Session& whole_;
   Turns& turns_;
   std::size_t number_;
   std::string said_;
+  std::vector<Complaint> complaints_;
   Exit exit_ = Exit::Good;
 };
 
@@ -125,7 +142,11 @@ void inTurn(Session& whole, std::size_t count, const std::function<void(Session&
     }
   };
   std::vector<std::jthread> others;
-  for (std::size_t i = 1; i < threads; ++i) others.emplace_back(work);
+  try {
+    for (std::size_t i = 1; i < threads; ++i) others.emplace_back(work);
+  } catch (const std::system_error&) {
+    // The system gives no more threads: those that are there do all the work.
+  }
   work();
 }
 

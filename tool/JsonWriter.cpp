@@ -8,9 +8,6 @@
 namespace VelkTool {
 namespace {
 
-/// DEL and the control characters behind ASCII are escaped as well: the document may be shown on a terminal.
-bool isControl(char32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
-
 void appendEscaped(std::string& to, Character character, std::string_view bytes) {
   constexpr std::string_view digits = Velk::detail::lowerHexDigits;
   if (character.code == '"' || character.code == '\\') {
@@ -20,7 +17,7 @@ void appendEscaped(std::string& to, Character character, std::string_view bytes)
     to += "\\n";
   } else if (character.code == '\t') {
     to += "\\t";
-  } else if (isControl(character.code)) {
+  } else if (isControl(character.code)) {  // those above ASCII as well: the document may be shown on a terminal
     to += "\\u00";
     to += digits[character.code >> 4U];
     to += digits[character.code & 0xFU];

@@ -4,18 +4,31 @@
 #include "velk/data/BlockEdit.h"
 
 namespace VelkTool {
+namespace {
 
-void tellLeft(Session& session, const std::string& file, const Redaction& redaction) {
-  if (redaction.isKnown) return;
-  session.complain(file, placeText(redaction.block) + ": left as it is, nobody knows what its bytes tell");
+void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
+  const Velk::RedactionReach reach = redactionReach(block);
+  if (reach == Velk::RedactionReach::All) return;
+  const char* const what = reach == Velk::RedactionReach::Nothing
+                               ? ": left as it is, nobody knows what its bytes tell"
+                               : ": bytes that belong to no field are left, nobody knows what they tell";
+  session.complain(name, placeText(block) + what);
+  session.worsen(Exit::Findings);
 }
 
-void redactImage(QByteArray& image, std::uint64_t start, std::uint64_t sectorSize,
+}  // namespace
+
+void redactImage(Session& session, const Inputs& inputs, const std::string& name, QByteArray& image,
                  const std::function<void(const Redaction& redaction)>& tell) {
-  const Velk::MemoryImage original(image, start, sectorSize);
+  const Velk::MemoryImage original(image, inputs.offset, inputs.sectorSize);
+  if (inputs.offset != 0 && !image.isEmpty()) {
+    session.complain(name, "what stands before offset " + offsetText(inputs.offset) + " is left as it is");
+    session.worsen(Exit::Findings);
+  }
   auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
   for (const Velk::BlockView& block : original) {
-    tell({block, Velk::isRedactable(block), Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
+    tell({block, Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
+    tellLeft(session, name, block);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "Utf8.h"
 #include "velk/datablock/HexText.h"
 
 namespace VelkTool {
@@ -14,28 +15,22 @@ namespace {
 
 constexpr std::size_t pieceSize = 64 * 1024;
 
-bool isControl(unsigned char byte) { return (byte < 0x20 && byte != '\n' && byte != '\t') || byte == 0x7F; }
-
-/// The control characters U+0080 to U+009F, in UTF-8.
-bool isControlPair(unsigned char first, unsigned char second) {
-  return first == 0xC2 && second >= 0x80 && second < 0xA0;
+void appendEscapes(std::string& to, std::string_view bytes) {
+  constexpr std::string_view digits = Velk::detail::lowerHexDigits;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    (to += "\\x") += {digits[byte >> 4U], digits[byte & 0xFU]};
+  }
 }
 
-void appendEscaped(std::string& to, std::string_view text) {
-  constexpr std::string_view digits = Velk::detail::lowerHexDigits;
-  const auto escape = [&](unsigned char byte) { (to += "\\x") += {digits[byte >> 4U], digits[byte & 0xFU]}; };
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : 0);
-    if (isControl(byte)) {
-      escape(byte);
-    } else if (isControlPair(byte, next)) {
-      escape(byte);
-      escape(next);
-      ++i;
-    } else {
-      to += text[i];
-    }
+/// Control characters are told by their bytes, but for tabs and `kept`. What is no UTF-8 counts byte for byte.
+void appendEscaped(std::string& to, std::string_view text, std::string_view kept) {
+  while (!text.empty()) {
+    const Character character = takeUtf8(text).value_or(Character{1, static_cast<unsigned char>(text.front())});
+    const std::string_view bytes = text.substr(0, character.length);
+    const bool escapes = isControl(character.code) && bytes != "\t" && bytes != kept;
+    escapes ? appendEscapes(to, bytes) : void(to += bytes);
+    text.remove_prefix(character.length);
   }
 }
 
@@ -45,7 +40,7 @@ WholeSession::WholeSession() : terminal_(isatty(STDOUT_FILENO) != 0) {}
 
 void WholeSession::write(std::string_view text) {
   if (terminal_) {
-    appendEscaped(pending_, text);
+    appendEscaped(pending_, text, "\n");
   } else if (text.size() >= pieceSize) {
     flush();
     return put(text);
@@ -72,9 +67,9 @@ void WholeSession::put(std::string_view text) {
 void WholeSession::complain(std::string_view file, std::string_view what) {
   flush();
   std::string line = "velk: ";
-  appendEscaped(line, file);
+  appendEscaped(line, file, {});
   line += ": ";
-  appendEscaped(line, what);
+  appendEscaped(line, what, {});
   line += '\n';
   std::fwrite(line.data(), 1, line.size(), stderr);
 }

@@ -155,9 +155,15 @@ void runDiff(Session& session, const Inputs& inputs, bool asJson) {
   const Input first = openInput(session, inputs, inputs.files[0]);
   const Input second = openInput(session, inputs, inputs.files[1]);
   if (!first.file.error.empty() || !second.file.error.empty()) return;
-  std::unique_ptr<DiffWriter> writer = std::make_unique<DiffText>(session);
-  if (asJson) writer = std::make_unique<DiffJson>(session, inputs);
-  if (compare(blocksOf(session, first), blocksOf(session, second), *writer)) session.worsen(Exit::Findings);
+  const std::vector<BlockView> firstBlocks = blocksOf(session, first);
+  const std::vector<BlockView> secondBlocks = blocksOf(session, second);
+  std::unique_ptr<DiffWriter> writer;
+  if (asJson) {
+    writer = std::make_unique<DiffJson>(session, inputs);
+  } else {
+    writer = std::make_unique<DiffText>(session);
+  }
+  if (compare(firstBlocks, secondBlocks, *writer)) session.worsen(Exit::Findings);
   writer->finish();
 }
 

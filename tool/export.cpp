@@ -60,8 +60,12 @@ class CsvExporter {
       if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
     });
     if (tables == 1 && inputs.files.size() == 1) return true;
-    session_.complain(input.name, "gives " + std::to_string(tables) +
-                                      " tables; -o names a folder for them, --id and --nth choose a block");
+    const std::string what = inputs.files.size() > 1
+                                 ? "is one of several files, whose tables need a folder; -o names it"
+                                 : "gives " + std::to_string(tables) +
+                                       " tables; -o names a folder for them, --id and --nth choose "
+                                       "a block";
+    session_.complain(input.name, what);
     session_.worsen(Exit::Usage);
     return false;
   }

@@ -13,9 +13,7 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
   Input input = openInput(session, inputs, name);
   if (!input.file.error.empty()) return;
   std::string taken;
-  redactImage(input.file.bytes, inputs.offset, inputs.sectorSize, [&](const Redaction& redaction) {
-    tellLeft(session, name, redaction);
-    if (!redaction.isKnown) session.worsen(Exit::Findings);
+  redactImage(session, inputs, name, input.file.bytes, [&](const Redaction& redaction) {
     for (const std::string& field : redaction.taken) {
       taken +=
           Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';
@@ -39,8 +37,11 @@ void addRedact(CLI::App& app, Session& session) {
   const auto output = addOutput(*command);
   command->footer(
       "They become zeros, checksums follow, and what was taken is listed. A block that was damaged stays so. Blocks\n"
-      "whose fields velk does not know, as second-edition blocks, are left as they are, told on standard error, and\n"
-      "make the exit code 1: look into them before you pass the image on.\n\n"
+      "whose fields velk does not know, as second-edition blocks, are left as they are, and so are bytes of others "
+      "that\n"
+      "belong to no field. They are told on standard error and make the exit code 1: look into them before you pass "
+      "the\n"
+      "image on.\n\n"
       "Example:\n  velk redact module.bin -o public.bin");
   command->callback([&session, inputs, output] { run(session, *inputs, *output); });
 }

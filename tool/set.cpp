@@ -51,6 +51,9 @@ class Editor {
       return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + id + "; --nth says which");
     }
     const BlockView& block = blocks.front();
+    if (block.has(Velk::Finding::UnbelievableSize)) {
+      return refuse(input.name, placeText(block) + ": " + Velk::describe(block, Velk::Finding::UnbelievableSize));
+    }
     if (!block.isSound() && !edit_.force) {
       return refuse(input.name, placeText(block) + ": " + Velk::verdictName(block) +
                                     ", which --force would let pass and replace by a right one");

@@ -1,4 +1,4 @@
-// Every truncation and every flipped bit of the example images is reported, but for what nothing in a memory protects:
+// Truncations and flipped bits of the example images are reported, but for what nothing in a memory protects:
 //   - an image that is cut between two blocks, or behind the id of its end block: the end of the memory ends it as well
 //   - the data word of the end block
 //   - the odd last byte of a block without a CRC-32, which no 16-bit word covers

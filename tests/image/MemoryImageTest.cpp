@@ -59,6 +59,14 @@ TEST(MemoryImage, SizesThatCannotBeBelievedAreSkippedToTheNextSoundBlock) {
   }
 }
 
+TEST(MemoryImage, BlocksWithACrcAreFoundBehindDamageAsWell) {
+  QByteArray image = VelkTest::exampleImage("detector.bin");
+  image[0x2F] = '\x40';
+  EXPECT_NE(walked(image).find("44 ID_1040 196 damaged size, 240 ID_1041 330 sound, 570 ID_1042 20 sound"),
+            std::string::npos)
+      << walked(image);
+}
+
 TEST(MemoryImage, DamageBeforeTheEndBlockIsSkippedToIt) {
   QByteArray image = twoIdents();
   image[46] = 3;
@@ -186,6 +194,10 @@ TEST(MemoryImage, LongDamagedImagesAreWalkedInProportionToTheirLength) {
   image.reserve(size);
   while (image.size() < size) image += fromHex("02 00 FF FF");
   EXPECT_EQ(walked(image), "0 IDENT_2 8388602 damaged size, 8388602 END 4 sound");
+  // The same with right checksums, of each of which the CRC-32 could be asked.
+  image = fromHex("02 00 00 00");
+  while (image.size() < size) image += fromHex("00 40");
+  EXPECT_TRUE(walked(image).starts_with("0 IDENT_2 8388608 damaged size"));
 }
 
 }  // namespace

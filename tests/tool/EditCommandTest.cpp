@@ -160,6 +160,15 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
   records.details.header = "RF-BOARD 100234";
   EXPECT_EQ(run({"redact", file("board.s19", Velk::encodeImage(records)), "-o", out("public.s19")}).exitCode, 1);
   EXPECT_EQ(Velk::readImageFile(out("public.s19").toStdString()).details.header, "");
+  EXPECT_EQ(run({"export", "--redact", "rf_board.bin"}).exitCode, 1);
+  EXPECT_EQ(run({"redact", "--offset", "44", "mainboard.bin", "-o", out()}).exitCode, 1) << "some bytes were not seen";
+  // A damaged size makes one block of two, whose fields are those of the first.
+  QByteArray swallowing = VelkTest::exampleImage("rf_board.bin").left(88);
+  swallowing[3] = '\xF0';
+  swallowing[64] = '\x01';
+  const Outcome swallowed = run({"redact", file("swallowed.bin", swallowing), "-o", out()});
+  EXPECT_EQ(swallowed.exitCode, 1);
+  EXPECT_NE(swallowed.errors.find("bytes that belong to no field are left"), swallowed.errors.npos) << swallowed.errors;
   const Outcome mainboard = run({"redact", "mainboard.bin", "-o", out()});
   EXPECT_EQ(mainboard.exitCode, 0);
   for (const char* const taken : {"SERIAL_NUMBER", "MBRD_MAC at offset 0x00000060: mac\n"}) {

@@ -112,12 +112,13 @@ std::string describeRefusal(FieldResult result, const FieldElement& element, std
   return {};
 }
 
-/// Why a count of this name cannot be so high; empty where it can, or the name is no count.
-std::string tooMany(const DataNode& root, std::string_view name, std::int64_t count) {
+/// Why a count of this name cannot be that; empty where it can, or the name is no count.
+std::string noSuchCount(const DataNode& root, std::string_view name, std::int64_t count) {
   for (std::size_t i = 0; root.kind() == DataNode::Kind::Record && i < root.size(); ++i) {
     const FieldInfo* const field = root[i].field();
     if (field == nullptr) continue;
     const unsigned capacity = name == field->usedRows ? field->rows : name == field->usedCols ? field->cols : 0;
+    if (capacity != 0 && count < 0) return std::to_string(count) + " is no count";
     if (capacity != 0 && count > capacity) {
       return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + field->name +
              " has room for";
@@ -163,7 +164,7 @@ std::string setValue(MutableBytes block, const BlockView& view, std::string_view
   const std::vector<unsigned char> before(block.begin(), block.end());
   const FieldResult result = setFieldText(block, element, text, form);
   std::string refusal = describeRefusal(result, element, text, form);
-  if (refusal.empty()) refusal = tooMany(data.root(), path, integerValue(block, element));
+  if (refusal.empty()) refusal = noSuchCount(data.root(), path, integerValue(block, element));
   if (refusal.empty()) return {};
   std::ranges::copy(before, block.begin());
   return std::string(path) + ": " + refusal;
@@ -175,11 +176,26 @@ void sealBlock(MutableBytes block, BlockKind kind) {
   detail::store(block, checksumOffset, detail::checksumOf(block));
 }
 
-bool isRedactable(const BlockView& block) { return block.row != nullptr; }
+RedactionReach redactionReach(const BlockView& block) {
+  if (block.row == nullptr) return RedactionReach::Nothing;
+  std::vector<bool> isKnown(block.bytes.size());
+  const auto know = [&](std::size_t offset, std::size_t size) {
+    for (std::size_t i = offset; i < std::min(offset + size, isKnown.size()); ++i) isKnown[i] = true;
+  };
+  know(0, sizeof(HwSDatablockHeader));
+  const BlockData data(block, Extent::Capacity);
+  const auto knowValue = [&](const DataPath&, const FieldElement& element) { know(element.offset, element.size); };
+  forEachValue(data.root(), {}, knowValue);
+  constexpr unsigned char erased = 0xFF;
+  for (std::size_t i = 0; i < isKnown.size(); ++i) {
+    if (!isKnown[i] && block.bytes[i] != 0 && block.bytes[i] != erased) return RedactionReach::Fields;
+  }
+  return RedactionReach::All;
+}
 
 std::vector<std::string> redactBlock(MutableBytes block, const BlockView& view) {
   std::vector<std::string> taken;
-  if (!isRedactable(view)) return taken;
+  if (view.row == nullptr) return taken;
   const unsigned short before = restOfSum(block);
   const BlockData data(view, Extent::Capacity);
   const auto erase = [&](const DataPath& path, const FieldElement& element) {

@@ -28,7 +28,11 @@ VELK_EXPORT void sealBlock(detail::MutableBytes block, BlockKind kind);
 /// Returns the names of the fields that held something. `block` are the bytes that `view` describes.
 VELK_EXPORT std::vector<std::string> redactBlock(detail::MutableBytes block, const BlockView& view);
 
-/// Whether redaction knows the fields of a block.
-VELK_EXPORT bool isRedactable(const BlockView& block);
+/// How far redaction reaches: what all bytes of a block tell may be known, of those that its fields cover only, or of
+/// none. Erased memory and zeros tell nothing.
+enum class RedactionReach : unsigned char { All, Fields, Nothing };
+
+/// How far redaction reaches in a block.
+VELK_EXPORT RedactionReach redactionReach(const BlockView& block);
 
 }  // namespace Velk

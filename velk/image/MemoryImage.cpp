@@ -21,13 +21,18 @@ unsigned short sizeOf(ConstBytes block) {
   return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
+/// What a block says of itself by a right CRC-32 or an event counter's identifier.
+std::optional<BlockKind> declaredKind(ConstBytes block) {
+  const auto stored = detail::load<std::uint32_t>(block, detail::crcOffset);
+  if (block.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block)) return BlockKind::SecondEdition;
+  if (stored == detail::eventCounterMagic(sizeOf(block))) return BlockKind::EventCounter;
+  return std::nullopt;
+}
+
 /// Says what a block is if its size is right.
 void classify(BlockView& block) {
-  const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
-  if (block.bytes.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block.bytes)) {
-    block.kind = BlockKind::SecondEdition;
-  } else if (stored == detail::eventCounterMagic(sizeOf(block.bytes))) {
-    block.kind = BlockKind::EventCounter;
+  if (const auto kind = declaredKind(block.bytes)) {
+    block.kind = *kind;
   } else if (block.row != nullptr) {
     block.kind = BlockKind::OldStyle;
   } else if (isFilledByTables(block.bytes)) {
@@ -225,19 +230,23 @@ bool BlockWalk::endBlockAt(std::uint64_t offset) const {
   return offset >= erasedFrom_ || (offset + endSize == erasedFrom_ && idOf(image_.subspan(offset)) == erasedBlockId);
 }
 
-bool BlockWalk::soundBlockAt(std::uint64_t offset) const {
+bool BlockWalk::soundBlockAt(std::uint64_t offset) {
   const ConstBytes block = image_.subspan(offset);
   const std::size_t size = sizeOf(block);
-  if (size < headerSize || size > block.size()) return false;
+  if (size < headerSize || size > block.size() || sums_[(offset + size) / 2] != sums_[offset / 2]) return false;
   const CatalogueRow* const row = findCatalogueRow(idOf(block), static_cast<unsigned short>(size));
-  return row != nullptr && row->acceptsSize(static_cast<unsigned short>(size)) &&
-         sums_[(offset + size) / 2] == sums_[offset / 2];
+  if (row != nullptr && row->acceptsSize(static_cast<unsigned short>(size))) return true;
+  if (size > checkable_) return false;
+  checkable_ -= size;
+  return declaredKind(block.first(size)).has_value();
 }
 
 void BlockWalk::surveyImage() {
   if (!sums_.empty()) return;
   const auto lastUsed = std::find_if(image_.rbegin(), image_.rend(), [](unsigned char byte) { return byte != erased; });
   erasedFrom_ = static_cast<std::uint64_t>(image_.rend() - lastUsed);
+  constexpr std::uint64_t looksAtEachByte = 16;
+  checkable_ = looksAtEachByte * image_.size();
   sums_.resize(image_.size() / 2 + 1);
   for (std::size_t word = 0; word + 1 < sums_.size(); ++word) {
     sums_[word + 1] = static_cast<unsigned short>(sums_[word] + detail::load<unsigned short>(image_, 2 * word));

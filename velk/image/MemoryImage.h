@@ -66,8 +66,9 @@ VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 /// last byte.
 ///
 /// Nothing is lost: every byte is in some view, but for the erased memory behind the end block. Where a block's size
-/// cannot be believed, its view reaches to the next even offset at which a block with a known id, its own size and a
-/// right checksum begins, or else the end of the memory is due. The image owns its bytes; views and iterators are valid
+/// cannot be believed, its view reaches to the next even offset at which a sound block begins, or else the end of the
+/// memory is due: one with a right checksum, and a known id and its own size, a right CRC-32 or an event counter's
+/// identifier. The image owns its bytes; views and iterators are valid
 /// while it lives. Walking takes time in proportion to the bytes, whatever they are.
 ///
 /// A flash memory has such a sequence in each of its sectors; offsets count from the image's first byte there too.
@@ -108,7 +109,7 @@ class VELK_EXPORT BlockWalk {
   void takeEnd();
   void takeBlock();
   std::uint64_t resumeBehind(std::uint64_t offset);
-  bool soundBlockAt(std::uint64_t offset) const;
+  bool soundBlockAt(std::uint64_t offset);
   bool endBlockAt(std::uint64_t offset) const;
   void surveyImage();
 
@@ -123,6 +124,8 @@ class VELK_EXPORT BlockWalk {
   /// offset, and where the erased memory at its end begins.
   std::vector<unsigned short> sums_;
   std::uint64_t erasedFrom_ = 0;
+  std::uint64_t checkable_ =
+      0;  ///< bytes of which a CRC-32 may still be made, so that damage takes no more than its time
 };
 
 class VELK_EXPORT MemoryImage::Iterator {
