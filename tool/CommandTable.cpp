@@ -9,7 +9,8 @@ OptionRow rowOf(const CLI::Option& option) {
   OptionRow row{.description = option.get_description()};
   row.isArgument = option.get_positional();
   row.isRequired = option.get_required();
-  row.repeats = option.get_expected_max() > 1;
+  row.atMost = option.get_expected_max();
+  row.repeats = row.atMost > 1;
   if (row.isArgument) row.names.push_back(option.get_name());
   for (const std::string& name : option.get_snames()) row.names.push_back("-" + name);
   for (const std::string& name : option.get_lnames()) row.names.push_back("--" + name);

@@ -14,6 +14,7 @@ struct OptionRow {
   bool isArgument = false;
   bool isRequired = false;
   bool repeats = false;
+  int atMost = 1;  ///< how often it may be given
 
   /// The values that are possible, where the option says so.
   std::vector<std::string> choices() const;

@@ -82,11 +82,14 @@ void CsvTable::addTable(const DataNode& table) {
   const DataNode rowIds = *table.find("rowIds");
   if (rowIds.size() != 0) add(rowIds, "rowId");
   const DataNode ids = *table.find("columnIds");
+  const DataNode cells = *table.find("cells");
   std::size_t column = 0;
-  add(*table.find("cells"), "cells", [&](const DataPath& path) {
+  add(cells, "cells", [&](const DataPath& path) {
     const std::size_t id = column++;
     return id < ids.size() ? fieldText(data_.bytes(), ids[id].element(), ValueForm::Presented) : path.text();
   });
+  // Rows whose cells a damaged block does not have would be nothing but separators, and there may be very many.
+  if (cells.sample().size() != 0) rows_ = cells.size();
 }
 
 void CsvTable::add(const DataNode& node, const char* name, const std::function<std::string(const DataPath&)>& nameOf) {

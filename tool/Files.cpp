@@ -22,7 +22,7 @@ std::optional<std::string> readText(Session& session, const std::string& path) {
   return std::nullopt;
 }
 
-bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes, const std::string& like) {
   if (path == standardOutput) {
     session.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     return true;
@@ -33,7 +33,8 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
   const std::unique_ptr<QFileDevice> file =
       replaces ? std::unique_ptr<QFileDevice>(std::make_unique<QSaveFile>(name)) : std::make_unique<QFile>(name);
   auto* const saved = qobject_cast<QSaveFile*>(file.get());
-  if (file->open(QIODevice::WriteOnly) && file->write(bytes) == bytes.size() &&
+  const auto takePermissions = [&] { return like.empty() || file->setPermissions(infoOf(like).permissions()); };
+  if (file->open(QIODevice::WriteOnly) && takePermissions() && file->write(bytes) == bytes.size() &&
       (saved != nullptr ? saved->commit() : file->flush())) {
     return true;
   }
@@ -44,10 +45,8 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
 
 bool copyFile(Session& session, const std::string& from, const std::string& to) {
   const std::optional<std::string> contents = readText(session, from);
-  if (!contents || !writeFile(session, to, QByteArray::fromStdString(*contents))) return false;
   // What the owner kept from others stays so.
-  QFile::setPermissions(QFile::decodeName(to.c_str()), infoOf(from).permissions());
-  return true;
+  return contents && writeFile(session, to, QByteArray::fromStdString(*contents), from);
 }
 
 bool isPipe(const std::string& path) {

@@ -18,7 +18,8 @@ inline constexpr std::string_view standardOutput = "-";
 /// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to,
 /// and so is standard output.
 /// Whether it could be done; a failure is told and counted.
-bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
+/// A new file has the permissions of `like`, where one is named.
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes, const std::string& like = {});
 
 /// Copies a file over another, with the same guarantee. Whether it could be done.
 bool copyFile(Session& session, const std::string& from, const std::string& to);

@@ -104,6 +104,7 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
     session.worsen(Exit::NoAccess);
     return input;
   }
+  if (input.file.bytes.isEmpty() && input.file.warning.empty()) input.file.warning = "is empty";
   if (!input.file.warning.empty()) {
     session.complain(name, input.file.warning);
     session.worsen(Exit::Findings);

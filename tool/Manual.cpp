@@ -27,12 +27,18 @@ std::string italic(std::string_view text) { return "\\fI" + roff(text) + "\\fR";
 std::string commandLine(const CommandRow& command) {
   std::string line = bold("velk " + command.name);
   if (command.hasSubcommands) return line + ' ' + italic("COMMAND");
+  std::string required;
   std::string arguments;
   for (const OptionRow& option : command.options) {
+    const std::string name = ' ' + italic(option.names.front());
+    if (!option.isArgument && option.isRequired)
+      required += ' ' + bold(option.names.back()) + ' ' + italic(option.value);
     if (!option.isArgument) continue;
-    arguments += ' ' + italic(option.names.front()) + (option.repeats ? "..." : "");
+    constexpr int fewEnough = 2;
+    if (option.atMost > fewEnough) arguments += name + "...";
+    for (int i = 0; i < option.atMost && option.atMost <= fewEnough; ++i) arguments += name;
   }
-  return line + " [" + italic("OPTIONS") + "]" + arguments;
+  return line + required + " [" + italic("OPTIONS") + "]" + arguments;
 }
 
 std::string optionsText(const CommandRow& command) {

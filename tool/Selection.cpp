@@ -15,7 +15,7 @@ std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescri
       ->take_all()
       ->allow_extra_args(false);
   command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
-      ->check(CLI::PositiveNumber.description(""))
+      ->check(CLI::Range(1, 65536).description(""))
       ->type_name("K");
   return selection;
 }
@@ -41,8 +41,19 @@ void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
         selection.ids.empty() || (!isStray && std::ranges::find(selection.ids, block.id) != selection.ids.end());
     if (!hasId) continue;
     if (selection.occurrence != 0 && (isStray || ++seen[block.id] != selection.occurrence)) continue;
+    selection.found = true;
     act(block);
   }
+}
+
+void tellIfNothingFound(Session& session, const Inputs& inputs, const Selection& selection) {
+  if (selection.found || (selection.ids.empty() && selection.occurrence == 0)) return;
+  if (inputs.files.size() == 1) {
+    session.complain(inputs.files.front(), "has no such block");
+  } else {
+    session.complain("--id", "none of the files has such a block");
+  }
+  session.worsen(Exit::Findings);
 }
 
 }  // namespace VelkTool

@@ -3,21 +3,14 @@
 #include <optional>
 #include <string>
 
-#include "Session.h"
+#include "Selection.h"
 
 namespace VelkTool {
 
-struct TableExport {
-  std::string file;
-  int id = 0;
-  std::string out;  ///< empty: standard output
-};
-
-/// Writes a table of a memory image as text.
-void exportTable(Session& session, const TableExport& options);
+/// Writes the first selected block of an image as text to the file `out`, or to standard output where that is empty.
+void exportTable(Session& session, const Inputs& inputs, const Selection& selection, const std::string& out);
 
 struct TableImport {
-  std::string file;
   std::string text;
   std::optional<int> id;  ///< whose class reads the text; without it every table that the text names is read
   std::string out;
@@ -26,6 +19,6 @@ struct TableImport {
 };
 
 /// Puts the tables of a text into a memory image.
-void importTable(Session& session, const TableImport& options);
+void importTable(Session& session, const Inputs& inputs, const TableImport& options);
 
 }  // namespace VelkTool

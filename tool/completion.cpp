@@ -15,7 +15,7 @@ void addCompletion(CLI::App& app, Session& session) {
       ->check(CLI::IsMember(scripts).description(""))
       ->type_name("bash|zsh|fish");
   command->footer(
-      "Installed packages bring these scripts along.\n\nExample:\n  velk completion bash > "
+      "`cmake --install` puts these scripts where the shells look for them.\n\nExample:\n  velk completion bash > "
       "~/.local/share/bash-completion/completions/velk");
   command->callback([&app, &session, shell] { session.write(scripts.at(*shell)(commandTable(app))); });
 }

@@ -135,7 +135,7 @@ void addExport(CLI::App& app, Session& session) {
   command
       ->add_option("-o,--output", options->folder,
                    "The folder for CSV files; one table alone may go to standard output")
-      ->check(CLI::ExistingDirectory)
+      ->check(CLI::Validator(CLI::ExistingDirectory).description(""))
       ->type_name("DIR");
   command->footer(
       "Lists and tables end with the elements in use. Damaged blocks are exported too, and told on standard error.\n\n"
@@ -145,8 +145,12 @@ void addExport(CLI::App& app, Session& session) {
     if (!options->folder.empty() && options->format != Format::Csv) {
       throw CLI::ValidationError("--output", "is for CSV; JSON goes to standard output");
     }
-    if (options->format != Format::Csv) return writeJson(session, *inputs, *selection, *options);
-    CsvExporter(session, *selection, *options).exportAll(*inputs);
+    if (options->format != Format::Csv) {
+      writeJson(session, *inputs, *selection, *options);
+    } else {
+      CsvExporter(session, *selection, *options).exportAll(*inputs);
+    }
+    tellIfNothingFound(session, *inputs, *selection);
   });
 }
 

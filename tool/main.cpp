@@ -1,3 +1,5 @@
+#include <iostream>
+
 #include "Commands.h"
 #include "velk/platform/Console.h"
 
@@ -45,7 +47,8 @@ int main(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? static_cast<int>(Exit::Good) : static_cast<int>(Exit::Usage);
+    session.worsen(app.exit(error) == 0 ? Exit::Good : Exit::Usage);
+    if (!std::cout.flush()) session.worsen(Exit::NoAccess);
   }
   session.flush();
   return session.exitCode();

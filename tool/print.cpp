@@ -106,6 +106,7 @@ void addPrint(CLI::App& app, Session& session) {
     forEachInput(session, *inputs, [&](const Input& input) {
       forEachBlock(input.image, *selection, [&](const BlockView& block) { printer.print(input.name, block); });
     });
+    tellIfNothingFound(session, *inputs, *selection);
   });
 }
 

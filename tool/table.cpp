@@ -6,32 +6,34 @@
 namespace VelkTool {
 namespace {
 
-const CLI::Range anyId(0, 65535);
-
 void addTableExport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("export", "Writes a table of a memory image as text");
-  const auto options = std::make_shared<TableExport>();
-  command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
-  command->add_option("--id", options->id, "The table's id")->check(anyId)->type_name("N")->required();
-  command->add_option("-o", options->out, "Where to write the text, instead of to standard output")->type_name("TEXT");
+  const auto inputs = addInputs(*command, 1);
+  const auto selection = addBlockSelection(*command);
+  const auto out = std::make_shared<std::string>();
+  command->add_option("-o,--output", *out, "Where to write the text, instead of to standard output")->type_name("TEXT");
   command->footer("Example:\n  velk table export rf_board.bin --id 15799 -o registers.txt");
-  command->callback([&session, options] { exportTable(session, *options); });
+  command->callback([&session, inputs, selection, out] { exportTable(session, *inputs, *selection, *out); });
 }
 
 void addTableImport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("import", "Puts the tables of a text into a memory image");
   const auto options = std::make_shared<TableImport>();
-  command->add_option("FILE", options->file, "Memory image; - is standard input")->required();
+  const auto inputs = addInputs(*command, 1);
   command->add_option("TEXT", options->text, "Text of one or more tables; - is standard input")->required();
-  command->add_option("--id", options->id, "Read the text as the table of this id only")->check(anyId)->type_name("N");
-  command->add_option("-o", options->out, "Where to write the image")->type_name("OUT")->required();
+  command->add_option("--id", options->id, "Read the text as the table of this id only")
+      ->check(CLI::Range(0, 65535).description(""))
+      ->type_name("N");
+  command->add_option("-o,--output", options->out, "Where to write the image; - is standard output")
+      ->type_name("OUT")
+      ->required();
   command->add_flag("--force", options->force, "Write what could be read of a faulty text");
   command->add_flag("--append", options->append, "Add a table that the image lacks behind its last block");
   command->footer(
       "A table replaces the first block of its id. All other bytes stay. Where anything is wrong with the text, it is\n"
       "told and nothing is written.\n\n"
       "Example:\n  velk table import rf_board.bin registers.txt -o changed.bin");
-  command->callback([&session, options] { importTable(session, *options); });
+  command->callback([&session, inputs, options] { importTable(session, *inputs, *options); });
 }
 
 }  // namespace

@@ -6,8 +6,6 @@
 #include "Images.h"
 #include "TableCommands.h"
 #include "TableSections.h"
-#include "velk/image/ImageFile.h"
-#include "velk/image/MemoryImage.h"
 #include "velk/platform/Console.h"
 
 namespace VelkTool {
@@ -36,19 +34,21 @@ std::string readInto(HwTableBlock& table, const std::string& text) {
 /// An image in which blocks are put; each call says why that cannot be, or nothing.
 class Placement {
  public:
-  explicit Placement(QByteArray image) : image_(std::move(image)) {}
+  Placement(QByteArray image, const Inputs& inputs) : image_(std::move(image)), inputs_(inputs) {}
 
   const QByteArray& image() const { return image_; }
 
   /// In place of the first block of the id.
   std::string place(const QByteArray& block, unsigned short id, bool append) {
-    for (const BlockView& view : Velk::MemoryImage(image_)) {
+    for (const BlockView& view : walk()) {
       if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, block);
     }
     return append ? add(block) : "has no block of id " + std::to_string(id) + "; --append would add it";
   }
 
  private:
+  Velk::MemoryImage walk() const { return Velk::MemoryImage(image_, inputs_.offset, inputs_.sectorSize); }
+
   std::string replace(const BlockView& view, const QByteArray& block) {
     const auto length = static_cast<qsizetype>(view.bytes.size());
     if (length != block.size()) {
@@ -60,10 +60,13 @@ class Placement {
 
   /// Behind the last block; an end block moves on into the erased memory behind it, so that the memory keeps its size.
   std::string add(const QByteArray& block) {
+    if (inputs_.sectorSize != 0) return "has sectors; a table can only replace another there";
     std::optional<BlockView> last;
-    const Velk::MemoryImage walked(image_);
-    for (const BlockView& view : walked) last = view;
-    if (last && last->kind == Velk::BlockKind::Stray) return "ends with bytes of no block; nothing can be added";
+    const Velk::MemoryImage walked = walk();
+    for (const BlockView& view : walked) {
+      if (!view.isSound()) return placeText(view) + ": " + Velk::verdictName(view) + "; nothing can be added";
+      last = view;
+    }
     if (!last || last->kind != Velk::BlockKind::End) {
       image_ += block;
       return {};
@@ -76,22 +79,24 @@ class Placement {
   }
 
   QByteArray image_;
+  const Inputs& inputs_;
 };
 
 class Importer {
  public:
-  Importer(Session& session, const TableImport& options) : session_(session), options_(options) {}
+  Importer(Session& session, const Inputs& inputs, const TableImport& options)
+      : session_(session), inputs_(inputs), file_(inputs.files.front()), options_(options) {}
 
   void run() {
     if (!accepts()) return;
-    Velk::ImageFile file = Velk::readImageFile(options_.file);
-    if (!file.error.empty()) return refuse(options_.file, file.error, Exit::NoAccess);
+    Velk::ImageFile file = openInput(session_, inputs_, file_).file;
+    if (!file.error.empty()) return;
     const auto text = readText(session_, options_.text);
     if (!text) return;
-    const std::vector<TableSection> sections = wantedSections(*text);
-    if (sections.empty()) return refuse(options_.text, "names no table that has a text form", Exit::Findings);
-    Placement placement(file.bytes);
     bool complete = true;
+    const std::vector<TableSection> sections = wantedSections(*text, complete);
+    if (sections.empty()) return refuse(options_.text, "names no table that has a text form", Exit::Findings);
+    Placement placement(file.bytes, inputs_);
     for (const TableSection& section : sections) complete = import(section, placement) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
     file.bytes = placement.image();
@@ -106,11 +111,10 @@ class Importer {
 
   bool accepts() {
     if (options_.id && makeExchangeTable(*options_.id) == nullptr) {
-      refuse(options_.file, "blocks of id " + std::to_string(*options_.id) + " have no text to be read back",
-             Exit::Usage);
-    } else if (isSameFile(options_.file, options_.out) || isSameFile(options_.text, options_.out)) {
+      refuse(file_, "blocks of id " + std::to_string(*options_.id) + " have no text to be read back", Exit::Usage);
+    } else if (isSameFile(file_, options_.out) || isSameFile(options_.text, options_.out)) {
       refuse(options_.out, "would write over its input", Exit::Usage);
-    } else if (options_.file == "-" && options_.text == "-") {
+    } else if (file_ == "-" && options_.text == "-") {
       refuse(options_.text, "standard input cannot be both image and text", Exit::Usage);
     } else {
       return true;
@@ -119,11 +123,19 @@ class Importer {
   }
 
   /// The first section of each table; with an id its own, or else the whole text for its class to make what it can of.
-  std::vector<TableSection> wantedSections(const std::string& text) const {
+  /// A second section of a table is told, and all is `complete` without it only if that is forced.
+  std::vector<TableSection> wantedSections(const std::string& text, bool& complete) {
     std::vector<TableSection> wanted;
     for (TableSection& section : tableSections(text)) {
       const bool known = std::ranges::any_of(wanted, [&](const TableSection& other) { return other.id == section.id; });
-      if (!known && (!options_.id || section.id == *options_.id)) wanted.push_back(std::move(section));
+      if (options_.id && section.id != *options_.id) continue;
+      if (known) {
+        session_.complain(options_.text, "names the table of id " + std::to_string(section.id) +
+                                             " a second time; its first lines count");
+        complete = options_.force;
+      } else {
+        wanted.push_back(std::move(section));
+      }
     }
     if (wanted.empty() && options_.id) wanted.push_back({static_cast<unsigned short>(*options_.id), text});
     return wanted;
@@ -138,16 +150,20 @@ class Importer {
       session_.complain(options_.text, message);
     }
     const std::string refusal = placement.place(table->getByteArrayData(), section.id, options_.append);
-    if (!refusal.empty()) session_.complain(options_.file, refusal);
+    if (!refusal.empty()) session_.complain(file_, refusal);
     return refusal.empty() && (sound || options_.force);
   }
 
   Session& session_;
+  const Inputs& inputs_;
+  const std::string& file_;
   const TableImport& options_;
 };
 
 }  // namespace
 
-void importTable(Session& session, const TableImport& options) { Importer(session, options).run(); }
+void importTable(Session& session, const Inputs& inputs, const TableImport& options) {
+  Importer(session, inputs, options).run();
+}
 
 }  // namespace VelkTool

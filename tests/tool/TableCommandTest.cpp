@@ -1,6 +1,7 @@
 #include <QFileInfo>
 
 #include "CommandSupport.h"
+#include "velk/image/ImageFile.h"
 
 namespace {
 
@@ -107,7 +108,30 @@ TEST_F(TableCommand, ImportAddsATableOnlyWhenTold) {
   ASSERT_EQ(run(cut).exitCode, 0);
   EXPECT_EQ(written().size(), 0x6E + 816) << "without an end block the memory ends with its last block";
   cut[2] = file("stray.bin", image.left(0x6E) + "abc");
-  EXPECT_EQ(run(cut).errors, "velk: " + cut[2].toStdString() + ": ends with bytes of no block; nothing can be added\n");
+  EXPECT_EQ(run(cut).errors,
+            "velk: " + cut[2].toStdString() + ": offset 0x0000006E: too short for a block; nothing can be added\n");
+}
+
+TEST_F(TableCommand, TakesImagesAsTheOtherCommandsDo) {
+  // Two sectors of a flash, the table in the second; an image in the form and with the doubts of its file.
+  QByteArray flash = VelkTest::exampleImage("detector.bin");
+  flash += QByteArray(0x4000 - flash.size(), '\xFF') + boardImage();
+  const QString image = file("flash.bin", flash);
+  EXPECT_EQ(run({"table", "export", image, "--id", "15799"}).exitCode, 1);
+  const QStringList sectors{"--sector-size", "0x4000"};
+  const Outcome found = run(QStringList{"table", "export", image, "--id", "15799"} + sectors);
+  EXPECT_EQ(found.output, run({"table", "export", "rf_board_tables.bin", "--id", "15799"}).output) << found.errors;
+  const QString text = file("text.txt", registersText() + registersText());
+  const Outcome twice = run(QStringList{"table", "import", image, text, "-o", out()} + sectors);
+  EXPECT_EQ(twice.exitCode, 1);
+  EXPECT_NE(twice.errors.find("names the table of id 15799 a second time"), twice.errors.npos) << twice.errors;
+  EXPECT_EQ(run(QStringList{"table", "import", image, text, "-o", out(), "--force"} + sectors).exitCode, 0);
+  EXPECT_EQ(written().left(0x4000), flash.left(0x4000));
+  EXPECT_EQ(run(QStringList{"table", "export", out(), "--id", "15799"} + sectors).output,
+            registersText().toStdString());
+  QByteArray hex = Velk::encodeImage({.bytes = boardImage(), .format = Velk::ImageFormat::IntelHex});
+  hex.chop(12);
+  EXPECT_EQ(run({"table", "import", file("cut.hex", hex), file("one.txt", registersText()), "-o", out()}).exitCode, 1);
 }
 
 TEST_F(TableCommand, NeverWritesOverItsInputs) {

@@ -146,14 +146,23 @@ const TextFormat* guessFormat(const QByteArray& contents) {
   return found != std::end(textFormats) ? found : nullptr;
 }
 
+/// Whether the first line could be one of a text container for all that its characters say.
+bool beginsWithText(std::string_view text) {
+  constexpr std::size_t shortestRecord = 10;
+  constexpr std::size_t longestRecord = 600;
+  const std::string_view line = text.substr(0, text.find('\n'));
+  return line.size() >= shortestRecord && line.size() <= longestRecord &&
+         std::ranges::all_of(line, [](char c) { return (c >= ' ' && c < '\x7F') || c == '\t' || c == '\r'; });
+}
+
 ImageFile decodeUnknown(QByteArray contents) {
   const TextFormat* const guess = guessFormat(contents);
   if (guess == nullptr) return {.bytes = std::move(contents)};
   const SparseImage sparse = guess->read(textOf(contents));
   if (sparse.error.empty()) return flatten(sparse, guess->format);
   ImageFile raw{.bytes = std::move(contents)};
-  // One character proves nothing, a right record before the wrong one does.
-  if (sparse.errorLine > 1) {
+  // One character proves nothing, a right record before the wrong one or a line of text does.
+  if (sparse.errorLine > 1 || beginsWithText(textOf(raw.bytes))) {
     raw.warning = std::string("would be ") + guess->name + " but for " + errorOf(sparse) + "; taken as a raw dump";
   }
   return raw;
