@@ -31,3 +31,16 @@ install(FILES ${documents}/velk DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-comple
 install(FILES ${documents}/_velk DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 install(FILES ${documents}/velk.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES ${documents}/velk.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+
+# One Debian package of all of it: ./dev package.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME velk)
+set(CPACK_PACKAGE_CONTACT "The velk developers")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR}/velk)
+include(CPack)

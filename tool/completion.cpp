@@ -15,7 +15,7 @@ void addCompletion(CLI::App& app, Session& session) {
       ->check(CLI::IsMember(scripts).description(""))
       ->type_name("bash|zsh|fish");
   command->footer(
-      "`cmake --install` puts these scripts where the shells look for them.\n\nExample:\n  velk completion bash > "
+      "Installed with velk, these scripts are where the shells look for them.\n\nExample:\n  velk completion bash > "
       "~/.local/share/bash-completion/completions/velk");
   command->callback([&app, &session, shell] { session.write(scripts.at(*shell)(commandTable(app))); });
 }
