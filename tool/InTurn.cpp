@@ -120,8 +120,8 @@ void Turns::finish(std::unique_ptr<Part> part) {
     next.mapped()->speak();
     lock.lock();
     ++speaking_;
+    moved_.notify_all();
   }
-  moved_.notify_all();
 }
 
 }  // namespace

@@ -60,11 +60,8 @@ class CsvExporter {
       if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
     });
     if (tables == 1 && inputs.files.size() == 1) return true;
-    const std::string what = inputs.files.size() > 1
-                                 ? "is one of several files, whose tables need a folder; -o names it"
-                                 : "gives " + std::to_string(tables) +
-                                       " tables; -o names a folder for them, --id and --nth choose "
-                                       "a block";
+    std::string what = "gives " + std::to_string(tables) + " tables; -o names a folder for them, ";
+    what += inputs.files.size() > 1 ? "as for those of several files" : "--id and --nth choose a block";
     session_.complain(input.name, what);
     session_.worsen(Exit::Usage);
     return false;
