@@ -119,6 +119,7 @@ void redact(const BlockView& block) {
   QByteArray bytes = copyOf(block);
   BlockView view = block;
   view.bytes = writable(bytes);
+  FUZZ_EXPECT((redactionReach(view) == RedactionReach::Nothing) == (view.row == nullptr));
   redactBlock(writable(bytes), view);
   // With the zeros, the CRC-32 that a damaged block of the first edition happens to carry can come to match.
   const BlockView after = walked(bytes);

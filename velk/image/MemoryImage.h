@@ -124,8 +124,8 @@ class VELK_EXPORT BlockWalk {
   /// offset, and where the erased memory at its end begins.
   std::vector<unsigned short> sums_;
   std::uint64_t erasedFrom_ = 0;
-  std::uint64_t checkable_ =
-      0;  ///< bytes of which a CRC-32 may still be made, so that damage takes no more than its time
+  /// Of how many bytes a CRC-32 may still be made in that search, whose time would else depend on what they are.
+  std::uint64_t checkable_ = 0;
 };
 
 class VELK_EXPORT MemoryImage::Iterator {
