@@ -15,10 +15,9 @@ std::optional<std::string> readText(Session& session, const std::string& path);
 /// What stands for standard output in place of a file's name.
 inline constexpr std::string_view standardOutput = "-";
 
-/// Writes a file whole or leaves it as it was: a temporary beside it takes its name. Devices and pipes are written to,
-/// and so is standard output.
-/// Whether it could be done; a failure is told and counted.
-/// A new file has the permissions of `like`, where one is named.
+/// Writes a file whole or leaves it as it was: a temporary beside it takes its name, with the permissions of `like`
+/// where one is named. Devices, pipes and standard output are written to. Whether it could be done; a failure is told
+/// and counted.
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes, const std::string& like = {});
 
 /// Copies a file over another, with the same guarantee. Whether it could be done.

@@ -4,13 +4,18 @@
 
 namespace VelkTool {
 
-bool Output::accepts(Session& session, const std::string& input) const {
+bool Output::accepts(Session& session, const std::string& input, const std::string& text) const {
   std::string refusal;
   if (inPlace_ && input == "-") refusal = "standard input cannot be changed in place; -o names a file";
   if (inPlace_ && isPipe(input)) refusal = "a pipe cannot be changed in place; -o names a file";
   if (!inPlace_ && isSameFile(input, file_)) refusal = "would be written over; --in-place does that";
-  if (refusal.empty()) return true;
-  session.complain(input, refusal);
+  if (!refusal.empty()) {
+    session.complain(input, refusal);
+  } else if (isSameFile(text, inPlace_ ? input : file_)) {
+    session.complain(text, "would be written over");
+  } else {
+    return true;
+  }
   session.worsen(Exit::Usage);
   return false;
 }

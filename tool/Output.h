@@ -12,8 +12,9 @@ namespace VelkTool {
 /// Where a changed image goes: to another file, or over the one that was read, which may be kept beside it.
 class Output {
  public:
-  /// Whether this can be done with an image that was read from `input`; it is told and counted where it cannot.
-  bool accepts(Session& session, const std::string& input) const;
+  /// Whether this can be done with an image that is read from `input`, and a text from `text`; it is told and counted
+  /// where it cannot.
+  bool accepts(Session& session, const std::string& input, const std::string& text = {}) const;
 
   /// Writes the image in the container that it was read from, whole or not at all; then `report`, which says in lines
   /// what has changed: on standard error where the image takes standard output. A failure is told and counted.

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "Output.h"
 #include "Selection.h"
 
 namespace VelkTool {
@@ -11,14 +12,13 @@ namespace VelkTool {
 void exportTable(Session& session, const Inputs& inputs, const Selection& selection, const std::string& out);
 
 struct TableImport {
-  std::string text;
-  std::optional<int> id;  ///< whose class reads the text; without it every table that the text names is read
-  std::string out;
-  bool force = false;   ///< writes what could be read of a faulty text
-  bool append = false;  ///< adds tables that the image lacks
+  std::string text{};
+  std::optional<int> id{};  ///< whose class reads the text; without it every table that the text names is read
+  bool force = false;       ///< writes what could be read of a faulty text
+  bool append = false;      ///< adds tables that the image lacks
 };
 
 /// Puts the tables of a text into a memory image.
-void importTable(Session& session, const Inputs& inputs, const TableImport& options);
+void importTable(Session& session, const Inputs& inputs, const TableImport& options, const Output& output);
 
 }  // namespace VelkTool

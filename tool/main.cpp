@@ -14,6 +14,17 @@ std::string exitCodes() {
   return text + '.';
 }
 
+/// The arguments as the parser takes them, the last first. A file "[name]" gets its folder, or would count as a list.
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+  std::vector<std::string> arguments;
+  for (int i = argc - 1; i > 0; --i) {
+    const std::string_view argument = argv[i];
+    const bool isBracketed = argument.starts_with('[') && argument.ends_with(']');
+    arguments.emplace_back(isBracketed ? "./" : "").append(argument);
+  }
+  return arguments;
+}
+
 }  // namespace
 
 // What escapes from here is memory running out, which ends the run.
@@ -45,7 +56,7 @@ int main(int argc, char** argv) {
   addCompletion(app, session);
   addManual(app, session);
   try {
-    app.parse(argc, argv);
+    app.parse(argumentsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
     session.worsen(app.exit(error) == 0 ? Exit::Good : Exit::Usage);
     if (!std::cout.flush()) session.worsen(Exit::NoAccess);

@@ -24,16 +24,15 @@ void addTableImport(CLI::App& app, Session& session) {
   command->add_option("--id", options->id, "Read the text as the table of this id only")
       ->check(CLI::Range(0, 65535).description(""))
       ->type_name("N");
-  command->add_option("-o,--output", options->out, "Where to write the image; - is standard output")
-      ->type_name("OUT")
-      ->required();
   command->add_flag("--force", options->force, "Write what could be read of a faulty text");
   command->add_flag("--append", options->append, "Add a table that the image lacks behind its last block");
+  const auto output = addOutput(*command);
   command->footer(
       "A table replaces the first block of its id. All other bytes stay. Where anything is wrong with the text, it is\n"
       "told and nothing is written.\n\n"
-      "Example:\n  velk table import rf_board.bin registers.txt -o changed.bin");
-  command->callback([&session, inputs, options] { importTable(session, *inputs, *options); });
+      "Examples:\n  velk table import rf_board.bin registers.txt -o changed.bin\n"
+      "  velk table import rf_board.bin registers.txt --in-place --backup");
+  command->callback([&session, inputs, options, output] { importTable(session, *inputs, *options, *output); });
 }
 
 }  // namespace

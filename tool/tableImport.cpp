@@ -84,8 +84,8 @@ class Placement {
 
 class Importer {
  public:
-  Importer(Session& session, const Inputs& inputs, const TableImport& options)
-      : session_(session), inputs_(inputs), file_(inputs.files.front()), options_(options) {}
+  Importer(Session& session, const Inputs& inputs, const TableImport& options, const Output& output)
+      : session_(session), inputs_(inputs), file_(inputs.files.front()), options_(options), output_(output) {}
 
   void run() {
     if (!accepts()) return;
@@ -100,7 +100,7 @@ class Importer {
     for (const TableSection& section : sections) complete = import(section, placement) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
     file.bytes = placement.image();
-    writeFile(session_, options_.out, Velk::encodeImage(file));
+    output_.write(session_, file_, file, {});
   }
 
  private:
@@ -112,12 +112,10 @@ class Importer {
   bool accepts() {
     if (options_.id && makeExchangeTable(*options_.id) == nullptr) {
       refuse(file_, "blocks of id " + std::to_string(*options_.id) + " have no text to be read back", Exit::Usage);
-    } else if (isSameFile(file_, options_.out) || isSameFile(options_.text, options_.out)) {
-      refuse(options_.out, "would write over its input", Exit::Usage);
     } else if (file_ == "-" && options_.text == "-") {
       refuse(options_.text, "standard input cannot be both image and text", Exit::Usage);
     } else {
-      return true;
+      return output_.accepts(session_, file_, options_.text);
     }
     return false;
   }
@@ -158,12 +156,13 @@ class Importer {
   const Inputs& inputs_;
   const std::string& file_;
   const TableImport& options_;
+  const Output& output_;
 };
 
 }  // namespace
 
-void importTable(Session& session, const Inputs& inputs, const TableImport& options) {
-  Importer(session, inputs, options).run();
+void importTable(Session& session, const Inputs& inputs, const TableImport& options, const Output& output) {
+  Importer(session, inputs, options, output).run();
 }
 
 }  // namespace VelkTool

@@ -70,7 +70,7 @@ inline std::vector<OwnedBlock> everyKindOfBlock() {
     if (row.others.longer) block->resizeData(row.size + 40U);
     if (row.others.longer) block->setBlockSize(static_cast<unsigned short>(row.size + 40U));
     if (row.firstId != Velk::erasedBlockId) block->setChecksum(block->computeChecksum());
-    add(row.className, block->getByteArrayData());
+    add(std::string(row.className), block->getByteArrayData());
   }
   const QByteArray image = exampleImage("detector.bin");
   const Velk::MemoryImage detector(image);

@@ -14,11 +14,11 @@ using VelkTest::fromHex;
 TEST(BlockCatalogue, RowsTellTheTruthAboutTheirClasses) {
   for (const CatalogueRow& row : VelkTest::allRows()) {
     for (int id = row.firstId; id <= row.lastId; ++id) {
-      SCOPED_TRACE(row.className + std::string(", id ") + std::to_string(id));
+      SCOPED_TRACE(std::string(row.className) + ", id " + std::to_string(id));
       const auto blockId = static_cast<unsigned short>(id);
       const CatalogueRow* const found = findCatalogueRow(id, row.size);
       ASSERT_NE(found, nullptr);
-      EXPECT_STREQ(found->className, row.className);
+      EXPECT_EQ(found->className, row.className);
       const std::unique_ptr<HwDatablock> block = row.make(blockId);
       EXPECT_EQ(block->getBlockSize(), row.size);
       EXPECT_EQ(block->getByteArrayData().size(), row.size);

@@ -55,7 +55,7 @@ template <class Visit>
 void forEachId(Visit visit) {
   for (const CatalogueRow& row : VelkTest::allRows()) {
     for (int id = row.firstId; id <= row.lastId; ++id) {
-      SCOPED_TRACE(row.className + std::string(", id ") + std::to_string(id));
+      SCOPED_TRACE(std::string(row.className) + ", id " + std::to_string(id));
       visit(row, static_cast<unsigned short>(id));
     }
   }
@@ -108,7 +108,7 @@ TEST(EveryId, PrintsLikeItsClassWhateverIsMissingOrTooMuch) {
   for (const CatalogueRow& row : dictionaryRows()) {
     constexpr unsigned short withoutText = 12004;  // prints its bytes, as many as there are
     for (int id = row.firstId; id <= row.lastId; ++id) {
-      SCOPED_TRACE(row.className + std::string(", id ") + std::to_string(id));
+      SCOPED_TRACE(std::string(row.className) + ", id " + std::to_string(id));
       const std::unique_ptr<HwDatablock> block = row.make(static_cast<unsigned short>(id));
       VelkTest::fillFields(*block, row.fields);
       block->setBlockId(static_cast<unsigned short>(id));
@@ -143,7 +143,7 @@ TEST(EveryId, IsPrintedByTheClassOfTheDictionary) {
   EXPECT_EQ(firstKeyLine(10000, 16), "ID:            SSYN_OCXO_REF_CAL_VALUE");
   EXPECT_EQ(firstKeyLine(10000, 56), "ID:            SSYN_OCXO_REF_CAL_VALUE") << "though another class has this size";
   EXPECT_EQ(firstKeyLine(12306, 40016), "ID:  LOOPGAIN_P_VALUE_BASE_PK_LIST");
-  EXPECT_STREQ(findDictionaryRow(14801)->className, "HwDatablockDacbIqImbalanceRearPh");
+  EXPECT_EQ(findDictionaryRow(14801)->className, "HwDatablockDacbIqImbalanceRearPh");
   EXPECT_EQ(firstKeyLine(14801, 112), firstKeyLine(14800, 112));
 }
 

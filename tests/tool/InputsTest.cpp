@@ -58,6 +58,12 @@ TEST_F(Inputs, StandardInputIsReadOnce) {
   EXPECT_EQ(run({"list", "-", "rf_board.bin", "-"}, exampleImage("rf_board.bin")).exitCode, 2);
 }
 
+TEST_F(Inputs, NamesInBracketsAreNamesOfFiles) {
+  file("[board]", exampleImage("rf_board.bin"));
+  const Outcome result = run({"-C", directory_.path(), VELK_COMMAND, "list", "[board]"}, {}, "env");
+  EXPECT_EQ(result.output, run({"list", "rf_board.bin"}).output) << result.errors;
+}
+
 TEST_F(Inputs, TheFormIsToldByTheContentsOrByHand) {
   const QByteArray image = exampleImage("rf_board.bin");
   const QString path = file("image.txt", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));

@@ -134,9 +134,22 @@ TEST_F(TableCommand, TakesImagesAsTheOtherCommandsDo) {
   EXPECT_EQ(run({"table", "import", file("cut.hex", hex), file("one.txt", registersText()), "-o", out()}).exitCode, 1);
 }
 
+TEST_F(TableCommand, ChangesAnImageInPlace) {
+  const QString image = file("image.bin", boardImage());
+  QByteArray changed = registersText();
+  changed.replace("0x8000001F", "0x8000001E");
+  const QStringList arguments{"table", "import", image, "-", "--in-place", "--backup"};
+  EXPECT_EQ(run(arguments, changed.chopped(20)).exitCode, 1);
+  EXPECT_EQ(VelkTest::readFile(image.toStdString()), boardImage().toStdString()) << "a faulty text changes nothing";
+  EXPECT_EQ(run(arguments, changed).exitCode, 0);
+  EXPECT_EQ(run({"table", "export", image, "--id", "15799"}).output, changed.toStdString());
+  EXPECT_EQ(VelkTest::readFile((image + ".bak").toStdString()), boardImage().toStdString());
+}
+
 TEST_F(TableCommand, NeverWritesOverItsInputs) {
   const QString image = file("image.bin", boardImage());
   const QString text = file("text.txt", registersText());
+  EXPECT_EQ(run({"table", "import", image, text}).exitCode, 2) << "nowhere to write to";
   EXPECT_EQ(run({"table", "import", image, text, "-o", image}).exitCode, 2);
   EXPECT_EQ(run({"table", "import", image, text, "-o", directory_.filePath("./text.txt")}).exitCode, 2);
   EXPECT_EQ(run({"table", "export", image, "--id", "15799", "-o", image}).exitCode, 2);

@@ -1,31 +1,11 @@
 #pragma once
 
-#include <charconv>
 #include <cmath>
 
 #include "velk/datablock/PackedDate.h"
 #include "velk/datablock/ScalarDispatch.h"
 
-namespace Velk {
-
-/// A date as text: 2017-03-15.
-class DateText {
- public:
-  explicit DateText(PackedDate date) {
-    char* at = std::to_chars(digits_, digits_ + 4, date.year).ptr;
-    for (const unsigned part : {date.month, date.day}) {
-      *at++ = '-';
-      *at++ = static_cast<char>('0' + part / 10);
-      *at++ = static_cast<char>('0' + part % 10);
-    }
-  }
-  std::string_view view() const { return {digits_, sizeof digits_}; }
-
- private:
-  char digits_[10];
-};
-
-namespace detail {
+namespace Velk::detail {
 
 /// The bits of an integer that a field occupies.
 template <class T>
@@ -93,5 +73,4 @@ void withValues(ConstBytes block, FieldElement first, std::size_t count, ValueFo
   for (std::size_t i = 0; i < count; ++i, first.offset += field.stride) withValue(block, first, form, act);
 }
 
-}  // namespace detail
-}  // namespace Velk
+}  // namespace Velk::detail

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "velk/datablock/RecordText.h"
 
 namespace Velk {
@@ -50,6 +52,10 @@ class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
 
   Count count() const { return this->get(&Record::count); }
   void setListCount(Count count) { this->set(&Record::count, count); }
+  /// Ignores a count of more values than the list has room for.
+  void setCountThatFits(Count count) {
+    if (std::cmp_less_equal(count, std::extent_v<decltype(Record::values)>)) setListCount(count);
+  }
   Value value(std::int64_t index) const { return this->get(&Record::values, index); }
   void setValue(Value value, std::int64_t index) { this->set(&Record::values, value, index); }
   /// Without a fresh checksum where the caller stores one after a series of values.
@@ -60,6 +66,19 @@ class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
   double presented(std::int64_t index) const {
     return detail::presentedValue(this->bytes(), this->recordTraits().fields[1], this->recordTraits().text, index);
   }
+};
+
+/// The accessors of a list of frequencies whose text presents two equal neighbours a step apart.
+template <class List>
+class VELK_EXPORT HwSpreadFrequencyList : public List {
+ public:
+  unsigned int getNumberOfFrequency() const { return this->count(); }
+  void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
+  /// The presented value; 0 past the capacity.
+  double getFrequencyValue(unsigned int index) const { return this->presented(index); }
+
+ protected:
+  using List::List;
 };
 
 }  // namespace Velk

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <charconv>
+#include <string_view>
+
 namespace Velk {
 
 /// A date as records store it in 16 bits: day in bits 0 to 4, month in bits 5 to 8, year minus 1980 in bits 9 to 15.
@@ -19,6 +22,23 @@ struct PackedDate {
   constexpr unsigned short packed() const noexcept {
     return static_cast<unsigned short>((year - firstYear) << 9U | (month & 0xFU) << 5U | (day & 0x1FU));
   }
+};
+
+/// A stored date as text: 2017-03-15.
+class DateText {
+ public:
+  explicit DateText(PackedDate date) {
+    char* at = std::to_chars(digits_, digits_ + 4, date.year).ptr;
+    for (const unsigned part : {date.month, date.day}) {
+      *at++ = '-';
+      *at++ = static_cast<char>('0' + part / 10);
+      *at++ = static_cast<char>('0' + part % 10);
+    }
+  }
+  std::string_view view() const { return {digits_, sizeof digits_}; }
+
+ private:
+  char digits_[10];
 };
 
 }  // namespace Velk

@@ -48,10 +48,6 @@ TextWriter& TextWriter::field(std::string_view value, std::size_t width) {
   return *this;
 }
 
-TextWriter& TextWriter::date(PackedDate date) {
-  return number(date.year).text("-").padded(date.month, 2).text("-").padded(date.day, 2);
-}
-
 void TextWriter::endLine() {
   line_ += '\n';
   handOn();

@@ -51,8 +51,7 @@ class VELK_EXPORT TextWriter {
   TextWriter& general(long double value);
   /// Text with blanks behind it up to `width` characters.
   TextWriter& field(std::string_view value, std::size_t width);
-  /// Year, month and day with hyphens.
-  TextWriter& date(PackedDate date);
+  TextWriter& date(PackedDate date) { return text(DateText(date).view()); }
 
   void endLine();
   void line(std::string_view whole) { text(whole).endLine(); }

@@ -9,17 +9,13 @@ namespace Velk {
 /// The frequency grid of a path's external level calibration. A stored value is a tenth of the presented one; two equal
 /// neighbours are presented 0.01 apart.
 template <class Record>
-class VELK_EXPORT HwPathFrequencyList : public HwInstance<HwCountedBlock<Record>> {
+class VELK_EXPORT HwPathFrequencyList : public HwSpreadFrequencyList<HwInstance<HwCountedBlock<Record>>> {
  public:
-  unsigned int getNumberOfFrequency() const { return this->count(); }
-  void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
-  /// The presented value; 0 past the capacity.
-  double getFrequencyValue(unsigned int index) const { return this->presented(index); }
   /// Takes the value as it is stored.
   void setFrequencyValue(unsigned int value, unsigned int index) { this->setValue(value, index); }
 
  protected:
-  using HwInstance<HwCountedBlock<Record>>::HwInstance;
+  using HwSpreadFrequencyList<HwInstance<HwCountedBlock<Record>>>::HwSpreadFrequencyList;
 
   static constexpr RecordTraits frequencyTraits(RecordTraits traits) {
     traits.text = {.comments = {"# Das sind die Frequenzst�tzstellen"}, .decimals = 2, .twinStep = 0.01};

@@ -1,7 +1,7 @@
 #include "velk/oldstyle/BlockCatalogue.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
 
 #include "velk/datablock/HwDatablockEnd.h"
 #include "velk/mainboard/ExternalLevelCalibration.h"
@@ -35,6 +35,18 @@
 namespace Velk {
 namespace {
 
+/// The name of a class as its source has it, taken from what the compilers say of this function:
+/// "... [with Block = Velk::HwDatablockEnd; ...]", "... [Block = Velk::HwDatablockEnd]".
+template <class Block>
+consteval std::string_view className() {
+  std::string_view name = __PRETTY_FUNCTION__;
+  name.remove_prefix(name.find("Block = ") + std::string_view("Block = ").size());
+  name = name.substr(0, name.find_first_of("<;]"));
+  return name.substr(name.rfind(':') + 1);
+}
+static_assert(className<HwDatablockEnd>() == "HwDatablockEnd");
+static_assert(className<MiscDataKinds::LoopgainPk::Block>() == "HwDatablockTemplate");
+
 template <class Block, auto... arguments>
 std::unique_ptr<HwDatablock> make(unsigned short /*id*/) {
   return std::make_unique<Block>(arguments...);
@@ -65,29 +77,30 @@ constexpr std::span<const char* const> keysFrom(const RecordTraits& traits, unsi
 
 /// The row of a record class.
 template <class Block>
-constexpr CatalogueRow record(const char* className, unsigned short firstId, unsigned short lastId, Maker* maker,
+constexpr CatalogueRow record(unsigned short firstId, unsigned short lastId, Maker* maker,
                               Conversion conversion = Conversion::None, OtherSizes others = {}) {
   const RecordTraits& traits = Block::traits;
-  return {firstId, lastId,     className, keysFrom(traits, firstId, lastId), traits.size, others, traits.fields,
-          maker,   conversion, &traits};
+  return {firstId,     lastId, className<Block>(), keysFrom(traits, firstId, lastId),
+          traits.size, others, traits.fields,      maker,
+          conversion,  &traits};
 }
 
 template <class Block>
-constexpr CatalogueRow record(const char* className, Conversion conversion = Conversion::None) {
-  return record<Block>(className, Block::traits.id, Block::traits.id, make<Block>, conversion);
+constexpr CatalogueRow record(Conversion conversion = Conversion::None) {
+  return record<Block>(Block::traits.id, Block::traits.id, make<Block>, conversion);
 }
 
 /// The row of a class that is told whether its conversion stops at an error.
 template <class Block>
-constexpr CatalogueRow flagged(const char* className) {
-  return record<Block>(className, Block::traits.id, Block::traits.id, make<Block, true>);
+constexpr CatalogueRow flagged() {
+  return record<Block>(Block::traits.id, Block::traits.id, make<Block, true>);
 }
 
 /// The row of a class with `count` paths or copies.
 template <class Block>
-constexpr CatalogueRow paths(const char* className, int count) {
+constexpr CatalogueRow paths(int count) {
   const unsigned short first = Block::traits.id;
-  return record<Block>(className, first, static_cast<unsigned short>(first + count - 1), makeInstance<Block, true>);
+  return record<Block>(first, static_cast<unsigned short>(first + count - 1), makeInstance<Block, true>);
 }
 
 template <class Kind>
@@ -104,26 +117,27 @@ std::unique_ptr<HwDatablock> makeNumbered(unsigned short id) {
 template <class Table>
 constexpr auto tableFields = Table::TableImage::fields(Table::traits.scale);
 
-/// The rows of table classes: with one id, and with one for each of several names.
-template <class Table>
-constexpr CatalogueRow tables(const char* className, std::span<const char* const> keys, Maker* maker,
-                              Conversion conversion) {
+/// The rows of table classes: with one id, and with one for each of several names. `Block` is the class itself, where
+/// `Table` only describes it.
+template <class Table, class Block = Table>
+constexpr CatalogueRow tables(std::span<const char* const> keys, Maker* maker, Conversion conversion) {
   constexpr unsigned short firstId = Table::traits.id;
   const auto lastId = static_cast<unsigned short>(firstId + keys.size() - 1);
-  return {firstId, lastId,     className, keys, sizeof(typename Table::TableImage), {}, tableFields<Table>,
-          maker,   conversion, nullptr};
+  return {
+      firstId,    lastId, className<Block>(), keys, sizeof(typename Table::TableImage), {}, tableFields<Table>, maker,
+      conversion, nullptr};
 }
 template <class Table>
-constexpr CatalogueRow table(const char* className, Conversion conversion = Conversion::None) {
-  return tables<Table>(className, {&Table::traits.key, 1}, make<Table, false>, conversion);
+constexpr CatalogueRow table(Conversion conversion = Conversion::None) {
+  return tables<Table>({&Table::traits.key, 1}, make<Table, false>, conversion);
 }
 template <class Table>
-constexpr CatalogueRow flaggedTable(const char* className) {
-  return tables<Table>(className, {&Table::traits.key, 1}, make<Table, true>, Conversion::None);
+constexpr CatalogueRow flaggedTable() {
+  return tables<Table>({&Table::traits.key, 1}, make<Table, true>, Conversion::None);
 }
 template <class Kind>
-constexpr CatalogueRow miscData(const char* className) {
-  return tables<Kind>(className, {&Kind::traits.key, 1}, makeMiscData<Kind>, Conversion::None);
+constexpr CatalogueRow miscData() {
+  return tables<Kind, typename Kind::Block>({&Kind::traits.key, 1}, makeMiscData<Kind>, Conversion::None);
 }
 
 constexpr const char* endKeys[] = {"END"};
@@ -140,203 +154,203 @@ constexpr auto makeService = makeWithId<HwDatablockServiceData, HwEVariantEeprom
 // Wide on purpose: one row a class, in the order of the ids.
 // clang-format off
 constexpr CatalogueRow dictionary[] = {
-    record<HwDatablockIdent>("HwDatablockIdent", 2, 10, make<HwDatablockIdent>, Conversion::Record),
-    record<HwDatablockModification>("HwDatablockModification", Conversion::Record),
-    record<HwDatablockModification110>("HwDatablockModification110", Conversion::Record),
-    record<HwDatablockModification120>("HwDatablockModification120", 120, 120, make<HwDatablockModification120>, Conversion::Values, {.longer = true}),
-    record<HwDatablockServiceData>("HwDatablockServiceData", 200, 209, makeService, Conversion::Record),
-    record<HwDatablockServiceData>("HwDatablockServiceData", 299, 299, makeService),
-    record<HwDatablockStatistic>("HwDatablockStatistic", Conversion::Record),
-    record<HwDatablockSsynOcxoRefCalValue>("HwDatablockSsynOcxoRefCalValue"),
-    record<HwDatablockSsynOpuDblCoefficient>("HwDatablockSsynOpuDblCoefficient"),
-    record<HwDatablockSsynOpuLevelFreq>("HwDatablockSsynOpuLevelFreq"),
-    record<HwDatablockSsynOpuLevel>("HwDatablockSsynOpuLevel"),
-    record<HwDatablockIqOp3RfmHarmonic>("HwDatablockIqOp3RfmHarmonic"),
-    record<HwDatablockIqOp3RfmCalibDataMisc>("HwDatablockIqOp3RfmCalibDataMisc"),
-    record<HwDatablockIqOp3RfmCalibDataFreq>("HwDatablockIqOp3RfmCalibDataFreq"),
-    record<HwDatablockIqOp3RfmCalibData>("HwDatablockIqOp3RfmCalibData", 10303, 10314, make<HwDatablockIqOp3RfmCalibData>),
-    record<HwDatablockIqOp3RfmCalibDataMiscV20>("HwDatablockIqOp3RfmCalibDataMiscV20"),
-    record<HwDatablockIqOp3RfmCalibDataV20>("HwDatablockIqOp3RfmCalibDataV20"),
-    record<HwDatablockCwOp3AmGainFreq>("HwDatablockCwOp3AmGainFreq"),
-    record<HwDatablockCwOp3AmGainData>("HwDatablockCwOp3AmGainData"),
-    record<HwDatablockCwop6VcoIdent>("HwDatablockCwop6VcoIdent"),
-    record<HwDatablockMiscIdent>("HwDatablockMiscIdent", 10503, 10504, makeWithId<HwDatablockMiscIdent, HwEVariantEepromDatablock>),
-    record<HwDatablockSAtt3CalibDataFreq>("HwDatablockSAtt3CalibDataFreq"),
-    record<HwDatablockSAtt3CalibDataAtt>("HwDatablockSAtt3CalibDataAtt"),
-    record<HwDatablockSAtt3CalibDataTemp>("HwDatablockSAtt3CalibDataTemp"),
-    record<HwDatablockSAtt3OWLDCounter>("HwDatablockSAtt3OWLDCounter", 10604, 10605, makeInstance<HwDatablockSAtt3OWLDCounter>),
-    record<HwDatablockIqOp6PmaxBz>("HwDatablockIqOp6PmaxBz"),
-    record<HwDatablockIqOp6CalibDataFreq>("HwDatablockIqOp6CalibDataFreq"),
-    record<HwDatablockIqOp6CalibData>("HwDatablockIqOp6CalibData"),
-    record<HwDatablockSAtt6CalibDataAtt>("HwDatablockSAtt6CalibDataAtt"),
-    record<HwDatablockSAtt6CalibDataFreq>("HwDatablockSAtt6CalibDataFreq"),
-    record<HwDatablockSAtt6CalibDataTemp>("HwDatablockSAtt6CalibDataTemp"),
-    record<HwDatablockSAtt6OWLDCounter>("HwDatablockSAtt6OWLDCounter", 11203, 11204, makeInstance<HwDatablockSAtt6OWLDCounter>),
-    record<HwDatablockSAttCCounter>("HwDatablockSAttCCounter", 11300, 11303, makeWithId<HwDatablockSAttCCounter, int>),
-    miscData<MiscDataKinds::PimMwifSattCounter>("HwDatablockTemplateWithoutChecksum"),
-    flaggedTable<HwDatablockSAttCTempFreq>("HwDatablockSAttCTempFreq"),
-    flaggedTable<HwDatablockSAttCTempGradient>("HwDatablockSAttCTempGradient"),
-    flaggedTable<HwDatablockSAttCTempOffset>("HwDatablockSAttCTempOffset"),
-    record<HwDatablockCommonStatisticData>("HwDatablockCommonStatisticData", 11310, 11313, makeWithId<HwDatablockCommonStatisticData, int>, Conversion::ClearAlignment),
-    record<HwDatablockMbrdSerialNumber>("HwDatablockMbrdSerialNumber", Conversion::Record),
-    record<HwDatablockMbrdModel>("HwDatablockMbrdModel", Conversion::Record),
-    record<HwDatablockMbrdMac>("HwDatablockMbrdMac"),
-    flagged<HwDatablockPimMwIfExtLevCalDataFreq>("HwDatablockPimMwIfExtLevCalDataFreq"),
-    flagged<HwDatablockPimMwIfExtLevCalData>("HwDatablockPimMwIfExtLevCalData"),
-    flagged<HwDatablockPimMwIfExtLevCalDataAbsCorr>("HwDatablockPimMwIfExtLevCalDataAbsCorr"),
-    flagged<HwDatablockPimMwIfExtLevCalDataRelCorr>("HwDatablockPimMwIfExtLevCalDataRelCorr"),
-    flagged<HwDatablockPimAttCalDatFreq>("HwDatablockPimAttCalDatFreq"),
-    flagged<HwDatablockPimAttCalDat>("HwDatablockPimAttCalDat"),
-    flagged<HwDatablockPimAttCalDatFreqSe>("HwDatablockPimAttCalDatFreqSe"),
-    flagged<HwDatablockPimAttCalDatSe>("HwDatablockPimAttCalDatSe"),
-    paths<HwDatablockMbrdExtLevCalDataFreq>("HwDatablockMbrdExtLevCalDataFreq", 4),
-    paths<HwDatablockMbrdExtLevCalData>("HwDatablockMbrdExtLevCalData", 4),
-    paths<HwDatablockMbrdExtLevCalDataFreq_Enh>("HwDatablockMbrdExtLevCalDataFreq_Enh", 2),
-    paths<HwDatablockMbrdExtLevCalData_Enh>("HwDatablockMbrdExtLevCalData_Enh", 2),
-    paths<HwDatablockMbrdExtLevCalDataFreq2Edition_Enh>("HwDatablockMbrdExtLevCalDataFreq2Edition_Enh", 2),
-    record<HwDatablockMbrdExtLevCalData2Edition_Enh>("HwDatablockMbrdExtLevCalData2Edition_Enh", 12095, 12096, makeInstance<HwDatablockMbrdExtLevCalData2Edition_Enh, true, 13012>, Conversion::None, {.also = HwDatablockMbrdExtLevCalData2Edition_Enh::smallSize}),
-    paths<HwDatablockMbrdIqImbalanceRfFreq>("HwDatablockMbrdIqImbalanceRfFreq", 4),
-    paths<HwDatablockMbrdIqImbalanceRfEvenAmp>("HwDatablockMbrdIqImbalanceRfEvenAmp", 4),
-    paths<HwDatablockMbrdIqImbalanceRfEvenPh>("HwDatablockMbrdIqImbalanceRfEvenPh", 4),
-    paths<HwDatablockMbrdIqImbalanceRfOddAmp>("HwDatablockMbrdIqImbalanceRfOddAmp", 4),
-    paths<HwDatablockMbrdIqImbalanceRfOddPh>("HwDatablockMbrdIqImbalanceRfOddPh", 4),
-    paths<HwDatablockMbrdExtLevCalDataFreq2Edition>("HwDatablockMbrdExtLevCalDataFreq2Edition", 4),
-    paths<HwDatablockMbrdExtLevCalData2Edition>("HwDatablockMbrdExtLevCalData2Edition", 4),
-    paths<HwDatablockAttCalDataFreq2Edition>("HwDatablockAttCalDataFreq2Edition", 4),
-    paths<HwDatablockAttCalData2Edition>("HwDatablockAttCalData2Edition", 4),
-    paths<HwDatablockCwop3DetTuneFreq>("HwDatablockCwop3DetTuneFreq", 4),
-    paths<HwDatablockCwop3DetTuneDac>("HwDatablockCwop3DetTuneDac", 4),
-    paths<HwDatablockMbrdRfResponseLpFreq>("HwDatablockMbrdRfResponseLpFreq", 4),
-    paths<HwDatablockMbrdRfResponseIoPepInfo>("HwDatablockMbrdRfResponseIoPepInfo", 4),
-    paths<HwDatablockMbrdRfResponseLpAmp>("HwDatablockMbrdRfResponseLpAmp", 4),
-    paths<HwDatablockMbrdRfResponseLpPh>("HwDatablockMbrdRfResponseLpPh", 4),
-    paths<HwDatablockMbrdRfResponseBbFreq>("HwDatablockMbrdRfResponseBbFreq", 4),
-    paths<HwDatablockMbrdRfResponseAttFreq>("HwDatablockMbrdRfResponseAttFreq", 4),
-    paths<HwDatablockMbrdRfResponseAttAmpl>("HwDatablockMbrdRfResponseAttAmpl", 4),
-    record<HwDatablockSittMbrdPllDacCalibValue>("HwDatablockSittMbrdPllDacCalibValue"),
-    paths<HwDatablockCwopDetLinCorrFreq>("HwDatablockCwopDetLinCorrFreq", 2),
-    paths<HwDatablockCwopDetLinCorrData>("HwDatablockCwopDetLinCorrData", 2),
-    miscData<MiscDataKinds::LoopgainFreq>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainPk>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainPValueBasePk>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainIValueBasePk>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainIValueOffsetPk>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainPkList>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainPValueBasePkList>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainIValueBasePkList>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LoopgainIValueOffsetPkList>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::PimDconVtrimValue>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::PimDconLevelpre2>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::KivFreqcntrTcxoRefCalValue>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LimiterFrequencyNodeGhz>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LimiterMaxVoltage>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::LimiterMaxVoltagePumOn>("HwDatablockTemplate"),
-    record<HwDatablockDacIfFullScale>("HwDatablockDacIfFullScale"),
-    flagged<HwDatablockBbinsCompFilterTabsI>("HwDatablockBbinsCompFilterTabsI"),
-    flagged<HwDatablockBbinsCompFilterTabsQ>("HwDatablockBbinsCompFilterTabsQ"),
-    flagged<HwDatablockBbinsUncalibratedFirAmplitudeI>("HwDatablockBbinsUncalibratedFirAmplitudeI"),
-    flagged<HwDatablockBbinsUncalibratedFirPhiI>("HwDatablockBbinsUncalibratedFirPhiI"),
-    flagged<HwDatablockBbinsUncalibratedFirAmplitudeQ>("HwDatablockBbinsUncalibratedFirAmplitudeQ"),
-    flagged<HwDatablockBbinsUncalibratedFirPhiQ>("HwDatablockBbinsUncalibratedFirPhiQ"),
-    flagged<HwDatablockDacbFrequencyCompFreq>("HwDatablockDacbFrequencyCompFreq"),
-    flagged<HwDatablockDacbFrequencyCompAmp>("HwDatablockDacbFrequencyCompAmp"),
-    flagged<HwDatablockDacbFrequencyCompPh>("HwDatablockDacbFrequencyCompPh"),
-    flagged<HwDatablockDacbFrequencyCompDt>("HwDatablockDacbFrequencyCompDt"),
-    flagged<HwDatablockDacbIqImbalanceFreq>("HwDatablockDacbIqImbalanceFreq"),
-    flagged<HwDatablockDacbIqImbalanceAmp>("HwDatablockDacbIqImbalanceAmp"),
-    flagged<HwDatablockDacbIqImbalancePh>("HwDatablockDacbIqImbalancePh"),
-    flagged<HwDatablockDacbIqImbalanceSwapAmp>("HwDatablockDacbIqImbalanceSwapAmp"),
-    flagged<HwDatablockDacbIqImbalanceSwapPh>("HwDatablockDacbIqImbalanceSwapPh"),
-    flagged<HwDatablockDacbFrequencyCompAmpRear>("HwDatablockDacbFrequencyCompAmpRear"),
-    flagged<HwDatablockDacbFrequencyCompPhRear>("HwDatablockDacbFrequencyCompPhRear"),
-    flagged<HwDatablockDacbFrequencyCompDtRear>("HwDatablockDacbFrequencyCompDtRear"),
-    flagged<HwDatablockDacbIqImbalanceRearAmp>("HwDatablockDacbIqImbalanceRearAmp"),
-    flagged<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh"),
-    record<HwDatablockDacbIqImbalanceRearPh>("HwDatablockDacbIqImbalanceRearPh", 14801, 14801, make<HwDatablockDacbIqImbalanceRearPh, false>),
-    table<HwDatablockMbrdIqInputB>("HwDatablockMbrdIqInputB"),
-    table<HwDatablockMbrdExtCalUserFreqA>("HwDatablockMbrdExtCalUserFreqA"),
-    table<HwDatablockMbrdExtCalUserFreqB>("HwDatablockMbrdExtCalUserFreqB"),
-    table<HwDatablockMbrdExtCalUserDataA>("HwDatablockMbrdExtCalUserDataA"),
-    table<HwDatablockMbrdExtCalUserDataB>("HwDatablockMbrdExtCalUserDataB"),
-    record<HwDatablockSynexOcxoRefCalValue>("HwDatablockSynexOcxoRefCalValue"),
-    record<HwDatablockFsynTcxoRefCalValue>("HwDatablockFsynTcxoRefCalValue"),
-    record<HwDatablockPimOcxoRefCalValue>("HwDatablockPimOcxoRefCalValue"),
-    record<HwDatablockDetLimiterMaxVoltFreq>("HwDatablockDetLimiterMaxVoltFreq"),
-    record<HwDatablockDetLimiterMaxVoltData>("HwDatablockDetLimiterMaxVoltData"),
-    miscData<MiscDataKinds::PimTemperature>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::PimTempcorrLevel>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::DetDiffTemperature>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::DetTempcorrLowFreq>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::DetTempcorrHighFreq>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::DetTempcorrMinFreqValues>("HwDatablockTemplate"),
-    miscData<MiscDataKinds::DetTempcorrMaxFreqValues>("HwDatablockTemplate"),
-    record<HwDatablockAduLevCoarseCalibData>("HwDatablockAduLevCoarseCalibData"),
-    record<HwDatablockAduGainOffsetCalData>("HwDatablockAduGainOffsetCalData"),
-    table<HwDatablockStereocoderCo>("HwDatablockStereocoderCo", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtInGain>("HwDatablockQelRfboExtInGain", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtInOffset>("HwDatablockQelRfboExtInOffset", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboDetTuneFreq>("HwDatablockQelRfboDetTuneFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboDetTuneData>("HwDatablockQelRfboDetTuneData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboTcxoCal>("HwDatablockQelRfboTcxoCal", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboRfLevelMaxFreq>("HwDatablockQelRfboRfLevelMaxFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboRfLevelMaxData>("HwDatablockQelRfboRfLevelMaxData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboAttCalFreq>("HwDatablockQelRfboAttCalFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboAttCalData>("HwDatablockQelRfboAttCalData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtCalFreq>("HwDatablockQelRfboExtCalFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtCalData>("HwDatablockQelRfboExtCalData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboAlcFreq>("HwDatablockQelRfboAlcFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboAlcData>("HwDatablockQelRfboAlcData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboTempFreq>("HwDatablockQelRfboTempFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboTempGradient>("HwDatablockQelRfboTempGradient", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboTempOffset>("HwDatablockQelRfboTempOffset", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboAttRegData>("HwDatablockQelRfboAttRegData", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboSHFreq>("HwDatablockQelRfboSHFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboSHData>("HwDatablockQelRfboSHData", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboAttCalFreq>("HwDatablockLornRfboAttCalFreq", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboAttCalData>("HwDatablockLornRfboAttCalData", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboTempCompFreq>("HwDatablockLornRfboTempCompFreq", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboTempCompData>("HwDatablockLornRfboTempCompData", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboAttRegAttenuation>("HwDatablockLornRfboAttRegAttenuation", Conversion::ClearAlignment),
-    table<HwDatablockLornRfboAttRegData>("HwDatablockLornRfboAttRegData", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorRfLevelMaxFreq>("HwDatablockVaskVectorRfLevelMaxFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorRfLevelMaxData>("HwDatablockVaskVectorRfLevelMaxData", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcFreq>("HwDatablockVaskVectorAlcFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcData>("HwDatablockVaskVectorAlcData", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcIqNormFreq>("HwDatablockVaskVectorAlcIqNormFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcIqNormData>("HwDatablockVaskVectorAlcIqNormData", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcIqWideFreq>("HwDatablockVaskVectorAlcIqWideFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorAlcIqWideData>("HwDatablockVaskVectorAlcIqWideData", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfBoExtCalVecFreq>("HwDatablockVaskRfBoExtCalVecFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfBoExtCalVecData>("HwDatablockVaskRfBoExtCalVecData", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboAttCalVecFreq>("HwDatablockVaskRfboAttCalVecFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboAttCalVecData>("HwDatablockVaskRfboAttCalVecData", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboRfLevelMaxVecFreq>("HwDatablockVaskRfboRfLevelMaxVecFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboRfLevelMaxVecData>("HwDatablockVaskRfboRfLevelMaxVecData", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorLevconTemp>("HwDatablockVaskVectorLevconTemp", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorLevconTempFreq>("HwDatablockVaskVectorLevconTempFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskVectorLevconTempLevcon>("HwDatablockVaskVectorLevconTempLevcon", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtCalUserFreq>("HwDatablockQelRfboExtCalUserFreq", Conversion::ClearAlignment),
-    table<HwDatablockQelRfboExtCalUserData>("HwDatablockQelRfboExtCalUserData", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboExtCalVecUserFreq>("HwDatablockVaskRfboExtCalVecUserFreq", Conversion::ClearAlignment),
-    table<HwDatablockVaskRfboExtCalVecUserData>("HwDatablockVaskRfboExtCalVecUserData", Conversion::ClearAlignment),
-    {65535, 65535, "HwDatablockEnd", endKeys, sizeof(HwSDatablockEnd), {}, endFields, make<HwDatablockEnd>, Conversion::None, nullptr},
+    record<HwDatablockIdent>(2, 10, make<HwDatablockIdent>, Conversion::Record),
+    record<HwDatablockModification>(Conversion::Record),
+    record<HwDatablockModification110>(Conversion::Record),
+    record<HwDatablockModification120>(120, 120, make<HwDatablockModification120>, Conversion::Values, {.longer = true}),
+    record<HwDatablockServiceData>(200, 209, makeService, Conversion::Record),
+    record<HwDatablockServiceData>(299, 299, makeService),
+    record<HwDatablockStatistic>(Conversion::Record),
+    record<HwDatablockSsynOcxoRefCalValue>(),
+    record<HwDatablockSsynOpuDblCoefficient>(),
+    record<HwDatablockSsynOpuLevelFreq>(),
+    record<HwDatablockSsynOpuLevel>(),
+    record<HwDatablockIqOp3RfmHarmonic>(),
+    record<HwDatablockIqOp3RfmCalibDataMisc>(),
+    record<HwDatablockIqOp3RfmCalibDataFreq>(),
+    record<HwDatablockIqOp3RfmCalibData>(10303, 10314, make<HwDatablockIqOp3RfmCalibData>),
+    record<HwDatablockIqOp3RfmCalibDataMiscV20>(),
+    record<HwDatablockIqOp3RfmCalibDataV20>(),
+    record<HwDatablockCwOp3AmGainFreq>(),
+    record<HwDatablockCwOp3AmGainData>(),
+    record<HwDatablockCwop6VcoIdent>(),
+    record<HwDatablockMiscIdent>(10503, 10504, makeWithId<HwDatablockMiscIdent, HwEVariantEepromDatablock>),
+    record<HwDatablockSAtt3CalibDataFreq>(),
+    record<HwDatablockSAtt3CalibDataAtt>(),
+    record<HwDatablockSAtt3CalibDataTemp>(),
+    record<HwDatablockSAtt3OWLDCounter>(10604, 10605, makeInstance<HwDatablockSAtt3OWLDCounter>),
+    record<HwDatablockIqOp6PmaxBz>(),
+    record<HwDatablockIqOp6CalibDataFreq>(),
+    record<HwDatablockIqOp6CalibData>(),
+    record<HwDatablockSAtt6CalibDataAtt>(),
+    record<HwDatablockSAtt6CalibDataFreq>(),
+    record<HwDatablockSAtt6CalibDataTemp>(),
+    record<HwDatablockSAtt6OWLDCounter>(11203, 11204, makeInstance<HwDatablockSAtt6OWLDCounter>),
+    record<HwDatablockSAttCCounter>(11300, 11303, makeWithId<HwDatablockSAttCCounter, int>),
+    miscData<MiscDataKinds::PimMwifSattCounter>(),
+    flaggedTable<HwDatablockSAttCTempFreq>(),
+    flaggedTable<HwDatablockSAttCTempGradient>(),
+    flaggedTable<HwDatablockSAttCTempOffset>(),
+    record<HwDatablockCommonStatisticData>(11310, 11313, makeWithId<HwDatablockCommonStatisticData, int>, Conversion::ClearAlignment),
+    record<HwDatablockMbrdSerialNumber>(Conversion::Record),
+    record<HwDatablockMbrdModel>(Conversion::Record),
+    record<HwDatablockMbrdMac>(),
+    flagged<HwDatablockPimMwIfExtLevCalDataFreq>(),
+    flagged<HwDatablockPimMwIfExtLevCalData>(),
+    flagged<HwDatablockPimMwIfExtLevCalDataAbsCorr>(),
+    flagged<HwDatablockPimMwIfExtLevCalDataRelCorr>(),
+    flagged<HwDatablockPimAttCalDatFreq>(),
+    flagged<HwDatablockPimAttCalDat>(),
+    flagged<HwDatablockPimAttCalDatFreqSe>(),
+    flagged<HwDatablockPimAttCalDatSe>(),
+    paths<HwDatablockMbrdExtLevCalDataFreq>(4),
+    paths<HwDatablockMbrdExtLevCalData>(4),
+    paths<HwDatablockMbrdExtLevCalDataFreq_Enh>(2),
+    paths<HwDatablockMbrdExtLevCalData_Enh>(2),
+    paths<HwDatablockMbrdExtLevCalDataFreq2Edition_Enh>(2),
+    record<HwDatablockMbrdExtLevCalData2Edition_Enh>(12095, 12096, makeInstance<HwDatablockMbrdExtLevCalData2Edition_Enh, true, 13012>, Conversion::None, {.also = HwDatablockMbrdExtLevCalData2Edition_Enh::smallSize}),
+    paths<HwDatablockMbrdIqImbalanceRfFreq>(4),
+    paths<HwDatablockMbrdIqImbalanceRfEvenAmp>(4),
+    paths<HwDatablockMbrdIqImbalanceRfEvenPh>(4),
+    paths<HwDatablockMbrdIqImbalanceRfOddAmp>(4),
+    paths<HwDatablockMbrdIqImbalanceRfOddPh>(4),
+    paths<HwDatablockMbrdExtLevCalDataFreq2Edition>(4),
+    paths<HwDatablockMbrdExtLevCalData2Edition>(4),
+    paths<HwDatablockAttCalDataFreq2Edition>(4),
+    paths<HwDatablockAttCalData2Edition>(4),
+    paths<HwDatablockCwop3DetTuneFreq>(4),
+    paths<HwDatablockCwop3DetTuneDac>(4),
+    paths<HwDatablockMbrdRfResponseLpFreq>(4),
+    paths<HwDatablockMbrdRfResponseIoPepInfo>(4),
+    paths<HwDatablockMbrdRfResponseLpAmp>(4),
+    paths<HwDatablockMbrdRfResponseLpPh>(4),
+    paths<HwDatablockMbrdRfResponseBbFreq>(4),
+    paths<HwDatablockMbrdRfResponseAttFreq>(4),
+    paths<HwDatablockMbrdRfResponseAttAmpl>(4),
+    record<HwDatablockSittMbrdPllDacCalibValue>(),
+    paths<HwDatablockCwopDetLinCorrFreq>(2),
+    paths<HwDatablockCwopDetLinCorrData>(2),
+    miscData<MiscDataKinds::LoopgainFreq>(),
+    miscData<MiscDataKinds::LoopgainPk>(),
+    miscData<MiscDataKinds::LoopgainPValueBasePk>(),
+    miscData<MiscDataKinds::LoopgainIValueBasePk>(),
+    miscData<MiscDataKinds::LoopgainIValueOffsetPk>(),
+    miscData<MiscDataKinds::LoopgainPkList>(),
+    miscData<MiscDataKinds::LoopgainPValueBasePkList>(),
+    miscData<MiscDataKinds::LoopgainIValueBasePkList>(),
+    miscData<MiscDataKinds::LoopgainIValueOffsetPkList>(),
+    miscData<MiscDataKinds::PimDconVtrimValue>(),
+    miscData<MiscDataKinds::PimDconLevelpre2>(),
+    miscData<MiscDataKinds::KivFreqcntrTcxoRefCalValue>(),
+    miscData<MiscDataKinds::LimiterFrequencyNodeGhz>(),
+    miscData<MiscDataKinds::LimiterMaxVoltage>(),
+    miscData<MiscDataKinds::LimiterMaxVoltagePumOn>(),
+    record<HwDatablockDacIfFullScale>(),
+    flagged<HwDatablockBbinsCompFilterTabsI>(),
+    flagged<HwDatablockBbinsCompFilterTabsQ>(),
+    flagged<HwDatablockBbinsUncalibratedFirAmplitudeI>(),
+    flagged<HwDatablockBbinsUncalibratedFirPhiI>(),
+    flagged<HwDatablockBbinsUncalibratedFirAmplitudeQ>(),
+    flagged<HwDatablockBbinsUncalibratedFirPhiQ>(),
+    flagged<HwDatablockDacbFrequencyCompFreq>(),
+    flagged<HwDatablockDacbFrequencyCompAmp>(),
+    flagged<HwDatablockDacbFrequencyCompPh>(),
+    flagged<HwDatablockDacbFrequencyCompDt>(),
+    flagged<HwDatablockDacbIqImbalanceFreq>(),
+    flagged<HwDatablockDacbIqImbalanceAmp>(),
+    flagged<HwDatablockDacbIqImbalancePh>(),
+    flagged<HwDatablockDacbIqImbalanceSwapAmp>(),
+    flagged<HwDatablockDacbIqImbalanceSwapPh>(),
+    flagged<HwDatablockDacbFrequencyCompAmpRear>(),
+    flagged<HwDatablockDacbFrequencyCompPhRear>(),
+    flagged<HwDatablockDacbFrequencyCompDtRear>(),
+    flagged<HwDatablockDacbIqImbalanceRearAmp>(),
+    flagged<HwDatablockDacbIqImbalanceRearPh>(),
+    record<HwDatablockDacbIqImbalanceRearPh>(14801, 14801, make<HwDatablockDacbIqImbalanceRearPh, false>),
+    table<HwDatablockMbrdIqInputB>(),
+    table<HwDatablockMbrdExtCalUserFreqA>(),
+    table<HwDatablockMbrdExtCalUserFreqB>(),
+    table<HwDatablockMbrdExtCalUserDataA>(),
+    table<HwDatablockMbrdExtCalUserDataB>(),
+    record<HwDatablockSynexOcxoRefCalValue>(),
+    record<HwDatablockFsynTcxoRefCalValue>(),
+    record<HwDatablockPimOcxoRefCalValue>(),
+    record<HwDatablockDetLimiterMaxVoltFreq>(),
+    record<HwDatablockDetLimiterMaxVoltData>(),
+    miscData<MiscDataKinds::PimTemperature>(),
+    miscData<MiscDataKinds::PimTempcorrLevel>(),
+    miscData<MiscDataKinds::DetDiffTemperature>(),
+    miscData<MiscDataKinds::DetTempcorrLowFreq>(),
+    miscData<MiscDataKinds::DetTempcorrHighFreq>(),
+    miscData<MiscDataKinds::DetTempcorrMinFreqValues>(),
+    miscData<MiscDataKinds::DetTempcorrMaxFreqValues>(),
+    record<HwDatablockAduLevCoarseCalibData>(),
+    record<HwDatablockAduGainOffsetCalData>(),
+    table<HwDatablockStereocoderCo>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtInGain>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtInOffset>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboDetTuneFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboDetTuneData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTcxoCal>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboRfLevelMaxFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboRfLevelMaxData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttCalFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttCalData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAlcFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAlcData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempGradient>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboTempOffset>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboAttRegData>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboSHFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboSHData>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttCalFreq>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttCalData>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboTempCompFreq>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboTempCompData>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttRegAttenuation>(Conversion::ClearAlignment),
+    table<HwDatablockLornRfboAttRegData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorRfLevelMaxFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorRfLevelMaxData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqNormFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqNormData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqWideFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorAlcIqWideData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfBoExtCalVecFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfBoExtCalVecData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboAttCalVecFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboAttCalVecData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboRfLevelMaxVecFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboRfLevelMaxVecData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTemp>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTempFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskVectorLevconTempLevcon>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalUserFreq>(Conversion::ClearAlignment),
+    table<HwDatablockQelRfboExtCalUserData>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboExtCalVecUserFreq>(Conversion::ClearAlignment),
+    table<HwDatablockVaskRfboExtCalVecUserData>(Conversion::ClearAlignment),
+    {65535, 65535, className<HwDatablockEnd>(), endKeys, sizeof(HwSDatablockEnd), {}, endFields, make<HwDatablockEnd>, Conversion::None, nullptr},
 };
 
 constexpr CatalogueRow others[] = {
-    record<HwDatablockIpcUser10000>("HwDatablockIpcUser10000"),
-    record<HwDatablockIpcUser10040>("HwDatablockIpcUser10040"),
-    record<HwObelDatablockAnalogOutputCalibration>("HwObelDatablockAnalogOutputCalibration", 15500, 15501, makeInstance<HwObelDatablockAnalogOutputCalibration, false>),
-    record<HwDatablockOBELDelay>("HwDatablockOBELDelay"),
-    flagged<HwDatablockObelAnalogImbalanceFreq>("HwDatablockObelAnalogImbalanceFreq"),
-    flagged<HwDatablockObelAnalogImbalanceGainI>("HwDatablockObelAnalogImbalanceGainI"),
-    flagged<HwDatablockObelAnalogImbalanceGainQ>("HwDatablockObelAnalogImbalanceGainQ"),
-    flagged<HwDatablockObelAnalogImbalancePhI>("HwDatablockObelAnalogImbalancePhI"),
-    flagged<HwDatablockObelAnalogImbalancePhQ>("HwDatablockObelAnalogImbalancePhQ"),
-    record<HwDatablockObelBaseboardCalibValue>("HwDatablockObelBaseboardCalibValue"),
-    tables<HwDatablockObelWiqRfImbalanceData>("HwDatablockObelWiqRfImbalanceData", wiqImbalanceKeys, makeNumbered<HwDatablockObelWiqRfImbalanceData>, Conversion::None),
-    record<HwDatablockObelWiqSensorData>("HwDatablockObelWiqSensorData"),
-    record<HwDatablockObelWIQQuadDac>("HwDatablockObelWIQQuadDac"),
-    tables<HwDatablockVaskVectorLevconTempData>("HwDatablockVaskVectorLevconTempData", levconTempKeys, makeNumbered<HwDatablockVaskVectorLevconTempData>, Conversion::ClearAlignment),
+    record<HwDatablockIpcUser10000>(),
+    record<HwDatablockIpcUser10040>(),
+    record<HwObelDatablockAnalogOutputCalibration>(15500, 15501, makeInstance<HwObelDatablockAnalogOutputCalibration, false>),
+    record<HwDatablockOBELDelay>(),
+    flagged<HwDatablockObelAnalogImbalanceFreq>(),
+    flagged<HwDatablockObelAnalogImbalanceGainI>(),
+    flagged<HwDatablockObelAnalogImbalanceGainQ>(),
+    flagged<HwDatablockObelAnalogImbalancePhI>(),
+    flagged<HwDatablockObelAnalogImbalancePhQ>(),
+    record<HwDatablockObelBaseboardCalibValue>(),
+    tables<HwDatablockObelWiqRfImbalanceData>(wiqImbalanceKeys, makeNumbered<HwDatablockObelWiqRfImbalanceData>, Conversion::None),
+    record<HwDatablockObelWiqSensorData>(),
+    record<HwDatablockObelWIQQuadDac>(),
+    tables<HwDatablockVaskVectorLevconTempData>(levconTempKeys, makeNumbered<HwDatablockVaskVectorLevconTempData>, Conversion::ClearAlignment),
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <span>
+#include <string_view>
 
 #include "velk/datablock/HwDatablock.h"
 #include "velk/datablock/HwRecordBlock.h"
@@ -27,7 +28,7 @@ struct OtherSizes {
 struct CatalogueRow {
   unsigned short firstId;
   unsigned short lastId;
-  const char* className;
+  std::string_view className;
   std::span<const char* const> keys;  ///< the blocks' names, from firstId on; a single one serves all
   unsigned short size;                ///< bytes of a block
   OtherSizes others;

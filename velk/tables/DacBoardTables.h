@@ -107,9 +107,7 @@ class VELK_EXPORT HwDatablockDacbIqImbalanceFreq : public HwCountedBlock<HwSData
 
   int getNumberOfIqImbalanceFreq() const { return count(); }
   /// 27 and more are ignored.
-  void setNumberOfIqImbalanceFreq(int n) {
-    if (n < 27) setListCount(n);
-  }
+  void setNumberOfIqImbalanceFreq(int n) { setCountThatFits(n); }
   int getIqImbalanceFreq(int index) const { return value(index); }
   void setIqImbalanceFreq(int value, int index) { setValue(value, index); }
 };
@@ -218,9 +216,7 @@ class VELK_EXPORT HwDatablockDacbFrequencyCompAmpRear : public HwCountedBlock<Hw
 
   int getNumberOfCompAmpRear() const { return count(); }
   /// 27 and more are ignored.
-  void setNumberOfcompAmpRear(int n) {
-    if (n < 27) setListCount(n);
-  }
+  void setNumberOfcompAmpRear(int n) { setCountThatFits(n); }
   short getCompAmpRear(int index) const { return value(index); }
   void setCompAmpRear(short value, int index) { setValue(value, index); }
 };
@@ -243,9 +239,7 @@ class VELK_EXPORT HwDatablockDacbFrequencyCompPhRear : public HwCountedBlock<HwS
 
   int getNumberOfCompPhRear() const { return count(); }
   /// 27 and more are ignored.
-  void setNumberOfCompPhRear(int n) {
-    if (n < 27) setListCount(n);
-  }
+  void setNumberOfCompPhRear(int n) { setCountThatFits(n); }
   short getCompPhRear(int index) const { return value(index); }
   void setCompPhRear(short value, int index) { setValue(value, index); }
 };
@@ -290,9 +284,7 @@ class VELK_EXPORT HwDatablockDacbIqImbalanceRearAmp : public HwCountedBlock<HwSD
 
   int getNumberOfIqImbalanceRearAmp() const { return count(); }
   /// 27 and more are ignored.
-  void setNumberOfIqImbalanceRearAmp(int n) {
-    if (n < 27) setListCount(n);
-  }
+  void setNumberOfIqImbalanceRearAmp(int n) { setCountThatFits(n); }
   short getIqImbalanceRearAmp(int index) const { return value(index); }
   void setIqImbalanceRearAmp(short value, int index) { setValue(value, index); }
 };

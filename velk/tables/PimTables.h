@@ -25,19 +25,15 @@ class VELK_EXPORT HwDatablockPimOcxoRefCalValue : public HwReferenceOscillatorBl
 
 /// A list of frequencies in 100 Hz, presented in Hz. Two equal neighbours are presented 0.001 apart.
 template <class Record>
-class VELK_EXPORT HwPimFrequencyList : public HwCountedBlock<Record> {
+class VELK_EXPORT HwPimFrequencyList : public HwSpreadFrequencyList<HwCountedBlock<Record>> {
  public:
-  unsigned int getNumberOfFrequency() const { return this->count(); }
-  void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
-  /// In Hz; 0 past the capacity.
-  double getFrequencyValue(unsigned int index) const { return this->presented(index); }
   /// In 100 Hz. Stores a fresh checksum unless the caller does so after a series of values.
   void setFrequencyValue(unsigned int value, unsigned int index, bool withChecksum) {
     this->setValue(value, index, withChecksum);
   }
 
  protected:
-  using HwCountedBlock<Record>::HwCountedBlock;
+  using HwSpreadFrequencyList<HwCountedBlock<Record>>::HwSpreadFrequencyList;
 
   static constexpr RecordTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
     return listTraits<Record, "Hz", 100>({
