@@ -64,9 +64,10 @@ TEST(OldStyleInterpreter, PrintsDamagedAndShortBlocksWithZerosForWhatIsMissing) 
   for (int times = 0; times < 2; ++times) {
     std::ostringstream os;
     EXPECT_TRUE(interpreter.printHwDatablockOldStyleInfo(&block, os));
-    EXPECT_EQ(os.str().substr(0, 118),
+    EXPECT_EQ(os.str().substr(0, 137),
               "# Das sind die Kopfdaten\nID:              IDENT_3\nALIGNMENT:       5\nEEPROMSIZE:      4096\n"
-              "PARTNUMBER:      0.0000.00\n");
+              "PARTNUMBER:      0.7736.00\nHWCODE:          0\n")
+        << "half of the part number is there: 0x1E38";
   }
   EXPECT_EQ(VelkTest::hexOf(block), "03 00 2C 00 11 11 05 00 00 10 00 00 38 1E");
 }

@@ -6,6 +6,8 @@
 #include "FieldSupport.h"
 #include "RecordSupport.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/tables/QelRfboTables.h"
 
 namespace Velk {
 namespace {
@@ -83,16 +85,18 @@ TEST(EveryId, IsPrintedIfItIsInTheDictionary) {
   EXPECT_EQ(printed, 283);
 }
 
-/// Lengths at which a block of the row ends before its first value, in the middle, and before its last.
+/// Lengths at which a block of the row ends before and inside its first value, one in the middle and its last.
 std::vector<qsizetype> shorterLengths(const CatalogueRow& row) {
   std::vector<qsizetype> lengths;
   VelkTest::forEachField(row.fields, row.size, [&](const std::string& /*path*/, const FieldElement& element) {
     lengths.push_back(static_cast<qsizetype>(element.offset));
+    lengths.push_back(static_cast<qsizetype>(element.offset + element.size / 2));
   });
   std::erase_if(lengths, [](qsizetype length) { return length < qsizetype{sizeof(HwSDatablockHeader)}; });
   if (lengths.empty()) return lengths;
   std::ranges::sort(lengths);
-  return {lengths.front(), lengths[lengths.size() / 2], lengths.back()};
+  const std::size_t middle = lengths.size() / 2;
+  return {lengths[0], lengths[1], lengths[middle - 1], lengths[middle], lengths[lengths.size() - 2], lengths.back()};
 }
 
 TEST(EveryId, PrintsLikeItsClassWhateverIsMissingOrTooMuch) {
@@ -102,7 +106,11 @@ TEST(EveryId, PrintsLikeItsClassWhateverIsMissingOrTooMuch) {
     HwDatablock block = blockOf(bytes);
     std::ostringstream os;
     EXPECT_TRUE(interpreter.printHwDatablockOldStyleInfo(&block, os));
-    EXPECT_EQ(block.getByteArrayData(), bytes);
+    block.setDataFormatTyp(PPC_Conform);
+    std::ostringstream ofOtherFormat;
+    EXPECT_TRUE(interpreter.printHwDatablockOldStyleInfo(&block, ofOtherFormat));
+    EXPECT_EQ(ofOtherFormat.str(), os.str());
+    EXPECT_EQ(block.getByteArrayData(), bytes) << "printing leaves the block alone";
     return os.str();
   };
   for (const CatalogueRow& row : dictionaryRows()) {
@@ -229,6 +237,31 @@ TEST(EveryId, ConversionChangesWhatItsRuleSaysAndNoOtherByte) {
       EXPECT_EQ(block.getDataFormatTyp(), PPC_Conform);
     }
   });
+}
+
+TEST(EveryId, TheChecksumIsThatOfTheStoredLayout) {
+  ConsoleCapture console;
+  const auto verifies = [](HwDatablock& block, HwEDataFormatTyp format) {
+    block.setDataFormatTyp(format);
+    const bool right = block.verifyChecksum();
+    EXPECT_EQ(block.getDataFormatTyp(), format);
+    return right;
+  };
+  HwDatablockStereocoderCo table(false);
+  table.setStoredValue(1200, 0, 0);
+  table.setAlignment(5);
+  const QByteArray before = table.getByteArrayData();
+  EXPECT_TRUE(verifies(table, INTEL_Conform));
+  EXPECT_EQ(table.getByteArrayData(), before);
+  EXPECT_FALSE(verifies(table, PPC_Conform)) << "the conversion clears the alignment and keeps the checksum";
+  EXPECT_EQ(table.getByteArrayData(), QByteArray(before).replace(6, 1, QByteArray(1, '\0')));
+
+  HwDatablockIdent ident;
+  ident.setName("BOARD");
+  ident.setAlignment(5);
+  const QByteArray kept = ident.getByteArrayData();
+  EXPECT_TRUE(verifies(ident, PPC_Conform)) << "its conversion keeps the alignment";
+  EXPECT_EQ(ident.getByteArrayData(), kept);
 }
 
 TEST(EveryId, ConversionTakesTheLayoutOfTheGivenIdAndKeepsTheHeaders) {

@@ -19,19 +19,35 @@ constexpr bool fits(std::size_t size, std::size_t offset, std::size_t count) noe
   return count <= size && offset <= size - count;
 }
 
-/// The stored value at `offset`, or 0 where it is not wholly inside the bytes. A sub-record has what is there of it,
-/// and zeros behind that.
+/// The stored value at `offset`, or 0 where it is not wholly inside the bytes.
 template <class T>
 T load(ConstBytes bytes, std::size_t offset) noexcept {
   T value{};
   if (fits(bytes.size(), offset, sizeof(T))) {
     std::memcpy(&value, bytes.data() + offset, sizeof(T));
     swapStoredAndHost(value);
-  } else if constexpr (std::is_class_v<T>) {
-    if (offset < bytes.size()) std::memcpy(&value, bytes.data() + offset, std::min(sizeof(T), bytes.size() - offset));
-    swapStoredAndHost(value);
   }
   return value;
+}
+
+/// The first N bytes; zeros follow where there are fewer.
+template <std::size_t N>
+std::array<unsigned char, N> firstBytes(ConstBytes bytes) noexcept {
+  std::array<unsigned char, N> first{};
+  std::copy_n(bytes.begin(), std::min(N, bytes.size()), first.begin());
+  return first;
+}
+
+/// The value at `offset` of which bytes are missing. Seldom called, and better kept out of the code of all who load.
+template <class T>
+[[gnu::noinline, gnu::cold]] T loadCut(ConstBytes bytes, std::size_t offset) noexcept {
+  return load<T>(firstBytes<sizeof(T)>(bytes.subspan(std::min(offset, bytes.size()))), 0);
+}
+
+/// The stored value at `offset` of a record that may be cut: bytes that are missing count as 0.
+template <class T>
+T loadPadded(ConstBytes bytes, std::size_t offset) noexcept {
+  return fits(bytes.size(), offset, sizeof(T)) ? load<T>(bytes, offset) : loadCut<T>(bytes, offset);
 }
 
 /// Stores `value` at `offset`; does nothing and returns false where it is not wholly inside the bytes.
@@ -49,14 +65,6 @@ inline std::string_view textAt(ConstBytes bytes, std::size_t offset, std::size_t
   const ConstBytes text = bytes.subspan(begin, std::min(length, bytes.size() - begin));
   const auto end = std::find(text.begin(), text.end(), 0);
   return {reinterpret_cast<const char*>(text.data()), static_cast<std::size_t>(end - text.begin())};
-}
-
-/// The first N bytes; zeros follow where there are fewer.
-template <std::size_t N>
-std::array<unsigned char, N> firstBytes(ConstBytes bytes) noexcept {
-  std::array<unsigned char, N> first{};
-  std::copy_n(bytes.begin(), std::min(N, bytes.size()), first.begin());
-  return first;
 }
 
 }  // namespace Velk::detail

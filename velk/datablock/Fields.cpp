@@ -194,7 +194,7 @@ std::int64_t integerValue(ConstBytes block, FieldElement element) {
   std::int64_t value = 0;
   detail::withScalarType(element.field->type, [&]<class T>(T) {
     if constexpr (std::is_integral_v<T>) {
-      const T word = detail::load<T>(block, element.offset);
+      const T word = detail::loadPadded<T>(block, element.offset);
       const Bits bits = element.field->bits;
       value = bits.width == 0 ? static_cast<std::int64_t>(word) : detail::partOf(word, bits);
     }

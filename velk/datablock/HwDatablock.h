@@ -142,11 +142,17 @@ class VELK_EXPORT HwDatablock : public HwObject {
   /// The buffer, detached.
   detail::MutableBytes mutableBytes();
 
-  /// The one gate to a field: 0, and no store, where the field is not wholly inside the buffer.
+  /// A word of the header; 0 where it is not wholly inside the buffer.
   template <class T>
   T load(std::size_t offset) const {
     return detail::load<T>(bytes(), offset);
   }
+  /// A field of a record; bytes that are missing count as 0.
+  template <class T>
+  T loadPadded(std::size_t offset) const {
+    return detail::loadPadded<T>(bytes(), offset);
+  }
+  /// False, and nothing stored, where the value would not lie wholly inside the buffer.
   template <class T>
   bool store(std::size_t offset, T value) {
     return detail::fits(bytes().size(), offset, sizeof(T)) && detail::store(mutableBytes(), offset, value);

@@ -180,15 +180,15 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
 
   template <class T>
   T get(T Record::*field) const {
-    return load<T>(detail::offsetOf(field));
+    return loadPadded<T>(detail::offsetOf(field));
   }
   template <class T, std::size_t N>
   T get(T (Record::*field)[N], std::int64_t index) const {
-    return isInside<N>(index) ? load<T>(place<T>(field, index)) : T{};
+    return isInside<N>(index) ? loadPadded<T>(place<T>(field, index)) : T{};
   }
   template <class T, std::size_t R, std::size_t C>
   T get(T (Record::*field)[R][C], std::int64_t row, std::int64_t column) const {
-    return isInside<R>(row) && isInside<C>(column) ? load<T>(place<T>(field, row * std::int64_t{C} + column)) : T{};
+    return isInside<R>(row) && isInside<C>(column) ? loadPadded<T>(place<T>(field, row * std::int64_t{C} + column)) : T{};
   }
 
   template <class T>

@@ -11,7 +11,7 @@ namespace {
 template <class T>
 T element(ConstBytes block, const FieldInfo& field, std::int64_t index) {
   const std::int64_t capacity = std::int64_t{field.rows} * field.cols;
-  return index < capacity ? load<T>(block, field.offset + static_cast<std::size_t>(index) * sizeof(T)) : T{};
+  return index < capacity ? loadPadded<T>(block, field.offset + static_cast<std::size_t>(index) * sizeof(T)) : T{};
 }
 
 template <class T>
@@ -83,7 +83,7 @@ std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& 
 std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits) {
   const FieldInfo& cells = traits.fields[1];
   const TextForm& form = traits.text;
-  const auto steps = load<unsigned>(block, traits.fields[0].offset);
+  const auto steps = loadPadded<unsigned>(block, traits.fields[0].offset);
   TextWriter text(os);
   printHeading(text, block, traits);
   printTableCount(text, block, traits, steps);

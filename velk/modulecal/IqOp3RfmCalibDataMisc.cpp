@@ -145,9 +145,9 @@ std::ostream& HwDatablockIqOp3RfmCalibDataMiscV20::printToStream(std::ostream& o
     const FieldInfo& field = iqOp3MiscV20Fields[i];
     text.key(v20Labels[i], labelWidth);
     if (field.type == ScalarType::F32) {
-      text.general(load<float>(field.offset));
+      text.general(loadPadded<float>(field.offset));
     } else {
-      text.number(load<short>(field.offset));
+      text.number(loadPadded<short>(field.offset));
     }
     text.endLine();
   }

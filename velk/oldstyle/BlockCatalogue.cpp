@@ -339,6 +339,7 @@ constexpr CatalogueRow dictionary[] = {
 constexpr CatalogueRow others[] = {
     record<HwDatablockIpcUser10000>(),
     record<HwDatablockIpcUser10040>(),
+    table<HwDatablockMbrdIqInputA>(),
     record<HwObelDatablockAnalogOutputCalibration>(15500, 15501, makeInstance<HwObelDatablockAnalogOutputCalibration, false>),
     record<HwDatablockOBELDelay>(),
     flagged<HwDatablockObelAnalogImbalanceFreq>(),

@@ -48,7 +48,10 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
   if (block == nullptr) return false;
   HwDatablock* const prototype = dictionary_[block->getId()];
   if (prototype == nullptr) return false;
-  prototype->setData(block);
+  // Taking a block over verifies it, which converts one that is in another format: the copy may change, not the block.
+  HwDatablock copy(block->getStopConversionOnError());
+  copy.setDataWithoutChecksumCheck(block);
+  prototype->setData(&copy);
   prototype->printToStream(os);
   return true;
 }

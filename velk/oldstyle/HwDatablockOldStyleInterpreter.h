@@ -27,8 +27,8 @@ class VELK_EXPORT HwDatablockOldStyleInterpreter {
   HwDatablockOldStyleInterpreter& operator=(const HwDatablockOldStyleInterpreter&) = delete;
   virtual ~HwDatablockOldStyleInterpreter();
 
-  /// Writes the block in the text form of the class registered for its id, whatever its checksum. False, and nothing
-  /// written, for null and for an unknown id.
+  /// Writes the block in the text form of the class registered for its id, whatever its checksum; the block stays as it
+  /// is. False, and nothing written, for null and for an unknown id.
   bool printHwDatablockOldStyleInfo(HwDatablock* block, std::ostream& os);
 
   /// Brings a block, laid out as block id `id` says, into the byte order `format`. False, and the block untouched, for

@@ -3,8 +3,8 @@
 namespace Velk {
 
 std::ostream& detail::printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits) {
-  const auto steps = load<unsigned>(block, traits.fields[0].offset);
-  const auto columns = load<unsigned>(block, traits.fields[1].offset);
+  const auto steps = loadPadded<unsigned>(block, traits.fields[0].offset);
+  const auto columns = loadPadded<unsigned>(block, traits.fields[1].offset);
   TextWriter text(os);
   printHeading(text, block, traits);
   text.key("COUNT:").number(steps).text("*").number(columns).endLine();

@@ -104,7 +104,7 @@ struct TableLayout {
 /// presented = stored * scale, taken to the value type: whole for an integer type.
 template <class StorageType, class ValueType>
 double present(ConstBytes block, std::size_t cell, double scale) {
-  const long double value = static_cast<long double>(load<StorageType>(block, cell)) * scale;
+  const long double value = static_cast<long double>(loadPadded<StorageType>(block, cell)) * scale;
   if constexpr (std::is_integral_v<ValueType>) {
     return toInteger<ValueType>(value);
   } else {
@@ -145,14 +145,14 @@ class TableView {
       : layout_(layout), scale_(scale), block_(block) {}
 
   const TableLayout& layout() const { return layout_; }
-  unsigned rows() const { return load<unsigned>(block_, layout_.rowsOffset); }
-  unsigned cols() const { return load<unsigned>(block_, layout_.colsOffset); }
+  unsigned rows() const { return loadPadded<unsigned>(block_, layout_.rowsOffset); }
+  unsigned cols() const { return loadPadded<unsigned>(block_, layout_.colsOffset); }
   /// The presented value; 0 outside the capacity.
   double value(std::uint64_t row, std::uint64_t col) const {
     return layout_.present(block_, layout_.cell(row, col), scale_);
   }
   /// A row's entry of the index column; 0 outside the capacity.
-  int index(std::uint64_t row) const { return load<int>(block_, layout_.index(row)); }
+  int index(std::uint64_t row) const { return loadPadded<int>(block_, layout_.index(row)); }
   /// A descriptor up to its first zero byte, as far as the block holds it.
   std::string_view descriptor(unsigned number) const {
     return textAt(block_, layout_.descriptor(number), descriptorSize);

@@ -25,7 +25,7 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   /// Takes the image over without a check, with the size that it claims; alignment becomes 0.
   void swapBlock(const Image* image) { swapImage(image); }
 
-  StorageType getStoredValue(std::int64_t row, std::int64_t col) const { return load<StorageType>(cell(row, col)); }
+  StorageType getStoredValue(std::int64_t row, std::int64_t col) const { return loadPadded<StorageType>(cell(row, col)); }
   void setStoredValue(StorageType value, std::int64_t row, std::int64_t col) { storeField(cell(row, col), value); }
   /// The stored value times the scale; an integer type cuts what is behind the point.
   Value getValue(std::int64_t row, std::int64_t col) const {
@@ -70,7 +70,7 @@ class VELK_EXPORT HwDatablockBaseTemplateIndex
  public:
   using Base::Base;
 
-  int getIndex(std::int64_t row) const { return this->template load<int>(place(row)); }
+  int getIndex(std::int64_t row) const { return this->template loadPadded<int>(place(row)); }
   void setIndex(int label, std::int64_t row) { this->storeField(place(row), label); }
 
  private:
