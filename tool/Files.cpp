@@ -27,8 +27,7 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
     session.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     return true;
   }
-  // Devices and pipes are written to, never replaced.
-  const bool replaces = !infoOf(path).exists() || infoOf(path).isFile();
+  const bool replaces = !isStream(path);
   const QString name = QFile::decodeName(path.c_str());
   const std::unique_ptr<QFileDevice> file =
       replaces ? std::unique_ptr<QFileDevice>(std::make_unique<QSaveFile>(name)) : std::make_unique<QFile>(name);
@@ -47,6 +46,10 @@ bool copyFile(Session& session, const std::string& from, const std::string& to) 
   const std::optional<std::string> contents = readText(session, from);
   // What the owner kept from others stays so.
   return contents && writeFile(session, to, QByteArray::fromStdString(*contents), from);
+}
+
+bool isStream(const std::string& path) {
+  return path == standardOutput || (infoOf(path).exists() && !infoOf(path).isFile());
 }
 
 bool isPipe(const std::string& path) {

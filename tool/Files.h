@@ -23,6 +23,9 @@ bool writeFile(Session& session, const std::string& path, const QByteArray& byte
 /// Copies a file over another, with the same guarantee. Whether it could be done.
 bool copyFile(Session& session, const std::string& from, const std::string& to);
 
+/// Whether what is written to a path goes on to somebody and stays in no file: standard output, a device or a pipe.
+bool isStream(const std::string& path);
+
 /// Whether what is read from a path is gone then.
 bool isPipe(const std::string& path);
 

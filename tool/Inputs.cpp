@@ -1,34 +1,16 @@
 #include "Inputs.h"
 
-#include <charconv>
 #include <map>
 #include <utility>
 
 #include "Images.h"
 #include "InTurn.h"
+#include "Numbers.h"
 #include "Redaction.h"
+#include "velk/data/BlockDoubts.h"
 
 namespace VelkTool {
 namespace {
-
-/// Decimal, or hexadecimal behind 0x.
-std::optional<std::uint64_t> parseSize(std::string_view text) {
-  const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
-  if (hexadecimal) text.remove_prefix(2);
-  std::uint64_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, hexadecimal ? 16 : 10);
-  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
-
-void addSize(CLI::App& command, const std::string& name, std::uint64_t& value, const std::string& description) {
-  const auto take = [&value](const CLI::results_t& texts) {
-    const std::optional<std::uint64_t> size = parseSize(texts.front());
-    value = size.value_or(0);
-    return size.has_value();
-  };
-  command.add_option(name, take, description)->type_name("N");
-}
 
 void tellGaps(Session& session, const Input& input) {
   constexpr std::size_t most = 4;
@@ -76,9 +58,14 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
           "What the files are: raw dumps, Intel HEX or S-records; told by their contents unless given")
       ->check(CLI::IsMember(formats).description(""))
       ->type_name("raw|hex|srec");
-  addSize(command, "--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same");
-  addSize(command, "--sector-size", inputs->sectorSize,
-          "The image is a flash memory: each N bytes are a sequence of blocks of their own");
+  command.add_option("--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same")
+      ->transform(plainNumber())
+      ->type_name("N");
+  command
+      .add_option("--sector-size", inputs->sectorSize,
+                  "The image is a flash memory: each N bytes are a sequence of blocks of their own")
+      ->transform(plainNumber())
+      ->type_name("N");
   return inputs;
 }
 
@@ -88,7 +75,8 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return m
 
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
   const auto inputs = makeInputs(command, 0);
-  command.add_flag("--redact", inputs->redacted, "Without serial numbers, names, departments and network addresses");
+  command.add_flag("--redact", inputs->redacted,
+                   "Without what tells the module and its users from others, as velk redact does");
   return inputs;
 }
 
@@ -112,6 +100,12 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
   tellGaps(session, input);
   if (!reachesOffset(session, input, inputs.offset)) session.worsen(Exit::Usage);
   return input;
+}
+
+void tellOf(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block) {
+  for (const std::string& doubt : Velk::doubtsAbout(block)) session.complain(file, placeText(block) + ": " + doubt);
+  complainOf(session, file, block);
+  if (inputs.redacted) tellLeft(session, file, block);
 }
 
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act) {

@@ -42,6 +42,10 @@ using BlockVisitor = std::function<void(Session& session, const Input& input, co
 /// Reads one file. Why it cannot be read, doubts about it and its gaps are told on standard error; all but gaps count.
 Input openInput(Session& session, const Inputs& inputs, const std::string& name);
 
+/// What there is to say of a block that is shown, on standard error: its findings, which count where it is not sound,
+/// doubts about its data, and of a redacted one what had to be left, which counts.
+void tellOf(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block);
+
 /// Hands on every input that can be read, in order.
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act);
 

@@ -1,6 +1,7 @@
 #include "JsonReport.h"
 
 #include "Images.h"
+#include "velk/data/BlockDoubts.h"
 
 namespace VelkTool {
 namespace {
@@ -14,6 +15,9 @@ void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
     json.member("text", Velk::describe(block, finding));
     json.endObject();
   });
+  for (const std::string& doubt : Velk::doubtsAbout(block)) {
+    json.beginObject().member("finding", "doubtful data").member("remark", true).member("text", doubt).endObject();
+  }
   json.endArray();
 }
 

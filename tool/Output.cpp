@@ -25,7 +25,7 @@ void Output::write(Session& session, const std::string& input, const Velk::Image
   const QByteArray contents = Velk::encodeImage(image);
   if (backup_ && !copyFile(session, input, input + ".bak")) return;
   if (!writeFile(session, inPlace_ ? input : file_, contents)) return;
-  if (file_ != standardOutput) return session.write(report);
+  if (inPlace_ || !isStream(file_)) return session.write(report);
   while (!report.empty()) {
     const std::string_view line = report.substr(0, report.find('\n'));
     session.complain(input, line);

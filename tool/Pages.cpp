@@ -109,7 +109,11 @@ void writeHexPage(const BlockView& block, std::ostream& stream) {
 }
 
 std::vector<std::string> notOnPage(Page page, const BlockView& block) {
-  if (!hasTables(block)) return {};
+  const bool showsData = page != Page::Heading && page != Page::Hex;
+  if (!hasTables(block) || !showsData) return {};
+  if (block.kind == Velk::BlockKind::EventCounter) {
+    return {"an event counter, which this page takes for tables; export and --page hex show its bytes"};
+  }
   switch (page) {
     case Page::Usual:
     case Page::Complete:

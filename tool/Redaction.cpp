@@ -4,7 +4,6 @@
 #include "velk/data/BlockEdit.h"
 
 namespace VelkTool {
-namespace {
 
 void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
   const Velk::RedactionReach reach = redactionReach(block);
@@ -16,8 +15,6 @@ void tellLeft(Session& session, const std::string& name, const Velk::BlockView& 
   session.worsen(Exit::Findings);
 }
 
-}  // namespace
-
 void redactImage(Session& session, const Inputs& inputs, const std::string& name, QByteArray& image,
                  const std::function<void(const Redaction& redaction)>& tell) {
   const Velk::MemoryImage original(image, inputs.offset, inputs.sectorSize);
@@ -28,7 +25,6 @@ void redactImage(Session& session, const Inputs& inputs, const std::string& name
   auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
   for (const Velk::BlockView& block : original) {
     tell({block, Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
-    tellLeft(session, name, block);
   }
 }
 

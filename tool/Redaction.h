@@ -15,9 +15,12 @@ struct Redaction {
   std::vector<std::string> taken;  ///< the fields that held something
 };
 
-/// Redacts every block of an image in place; `tell` sees each block. Bytes that are left because nobody knows what they
-/// tell are told on standard error and count.
+/// Redacts every block of an image in place; `tell` sees each block, as it was. That bytes before the first block are
+/// left is told on standard error and counts.
 void redactImage(Session& session, const Inputs& inputs, const std::string& name, QByteArray& image,
                  const std::function<void(const Redaction& redaction)>& tell);
+
+/// Tells which bytes of a block redaction leaves because nobody knows what they tell, and counts it.
+void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block);
 
 }  // namespace VelkTool

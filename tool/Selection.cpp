@@ -3,24 +3,44 @@
 #include <algorithm>
 #include <map>
 
-namespace VelkTool {
+#include "Numbers.h"
 
+namespace VelkTool {
 namespace {
 
 std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescription) {
   auto selection = std::make_shared<Selection>();
   command.add_option("--id", selection->ids, idDescription)
+      ->transform(plainNumber())
       ->check(CLI::Range(0, 65535).description(""))
       ->type_name("N")
       ->take_all()
       ->allow_extra_args(false);
   command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
+      ->transform(plainNumber())
       ->check(CLI::Range(1, 65536).description(""))
       ->type_name("K");
   return selection;
 }
 
 }  // namespace
+
+void Selection::noteFound(int id) const {
+  const std::lock_guard lock(mutex_);
+  found_.insert(id);
+}
+
+std::vector<int> Selection::missing() const {
+  const std::lock_guard lock(mutex_);
+  std::vector<int> missing;
+  std::ranges::copy_if(ids, std::back_inserter(missing), [this](int id) { return !found_.contains(id); });
+  return missing;
+}
+
+bool Selection::hasFound() const {
+  const std::lock_guard lock(mutex_);
+  return !found_.empty();
+}
 
 std::shared_ptr<const Selection> addSelection(CLI::App& command) {
   return makeSelection(command, "Only blocks of this id; may be given again");
@@ -41,19 +61,26 @@ void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
         selection.ids.empty() || (!isStray && std::ranges::find(selection.ids, block.id) != selection.ids.end());
     if (!hasId) continue;
     if (selection.occurrence != 0 && (isStray || ++seen[block.id] != selection.occurrence)) continue;
-    selection.found = true;
+    if (!selection.isEverything()) selection.noteFound(block.id);
     act(block);
   }
 }
 
-void tellIfNothingFound(Session& session, const Inputs& inputs, const Selection& selection) {
-  if (selection.found || (selection.ids.empty() && selection.occurrence == 0)) return;
-  if (inputs.files.size() == 1) {
-    session.complain(inputs.files.front(), "has no such block");
-  } else {
-    session.complain("--id", "none of the files has such a block");
+std::string noSuchBlock(int id, unsigned occurrence) {
+  const std::string number = occurrence == 0 ? "" : "no. " + std::to_string(occurrence) + ' ';
+  return "has no block " + number + "of id " + std::to_string(id);
+}
+
+void tellMissing(Session& session, const Inputs& inputs, const Selection& selection) {
+  const auto tell = [&](const std::string& what) {
+    const bool single = inputs.files.size() == 1;
+    session.complain(single ? inputs.files.front() : "none of the files", what);
+    session.worsen(Exit::Findings);
+  };
+  for (const int id : selection.missing()) tell(noSuchBlock(id, selection.occurrence));
+  if (selection.ids.empty() && !selection.isEverything() && !selection.hasFound()) {
+    tell("has no id with " + std::to_string(selection.occurrence) + " blocks");
   }
-  session.worsen(Exit::Findings);
 }
 
 }  // namespace VelkTool

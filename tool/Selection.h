@@ -1,16 +1,27 @@
 #pragma once
 
-#include <atomic>
+#include <mutex>
+#include <set>
 
 #include "Inputs.h"
 
 namespace VelkTool {
 
-/// Which blocks of each image a run is about: all, unless ids are given.
+/// Which blocks of each image a run is about: all, unless ids are given. Threads may share it.
 struct Selection {
   std::vector<int> ids{};
-  unsigned occurrence = 0;                 ///< counted from 1 among the blocks of an id; 0: each
-  mutable std::atomic<bool> found{false};  ///< some image has such a block
+  unsigned occurrence = 0;  ///< counted from 1 among the blocks of an id; 0: each
+
+  bool isEverything() const { return ids.empty() && occurrence == 0; }
+  /// Remembers that some image has a block of this id that is selected.
+  void noteFound(int id) const;
+  /// The ids that were asked for and not found.
+  std::vector<int> missing() const;
+  bool hasFound() const;
+
+ private:
+  mutable std::mutex mutex_;
+  mutable std::set<int> found_;
 };
 
 /// Adds --id and --nth to a subcommand; the values are there when its callback runs.
@@ -23,7 +34,10 @@ std::shared_ptr<const Selection> addBlockSelection(CLI::App& command);
 void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
                   const std::function<void(const Velk::BlockView& block)>& act);
 
-/// Tells where blocks were asked for that no image has, and counts it.
-void tellIfNothingFound(Session& session, const Inputs& inputs, const Selection& selection);
+/// "has no block of id 77", and with an occurrence "has no block no. 2 of id 77".
+std::string noSuchBlock(int id, unsigned occurrence = 0);
+
+/// Tells which blocks were asked for that no image has, and counts it.
+void tellMissing(Session& session, const Inputs& inputs, const Selection& selection);
 
 }  // namespace VelkTool

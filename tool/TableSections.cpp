@@ -1,8 +1,12 @@
 #include "TableSections.h"
 
+#include <algorithm>
 #include <optional>
+#include <sstream>
 
+#include "velk/data/BlockEdit.h"
 #include "velk/oldstyle/BlockCatalogue.h"
+#include "velk/platform/Console.h"
 
 namespace VelkTool {
 namespace {
@@ -37,6 +41,36 @@ std::unique_ptr<Velk::HwTableBlock> makeExchangeTable(int id) {
   if (table == nullptr || !table->hasExchangeText()) return nullptr;
   static_cast<void>(block.release());  // owned as a table from here on
   return std::unique_ptr<Velk::HwTableBlock>(table);
+}
+
+std::string readInto(Velk::HwTableBlock& table, const std::string& text) {
+  std::string messages;
+  const auto former = Velk::Console::redirect([&](Velk::Console::Stream stream, std::string_view message) {
+    if (stream == Velk::Console::Stream::Output) messages += message;
+  });
+  std::istringstream lines(text);
+  std::vector<std::string> doubts;
+  table.readExchangeText(lines, &doubts);
+  Velk::Console::redirect(former);
+  for (const std::string& doubt : doubts) messages += doubt + '\n';
+  const auto counts = [](unsigned rows, unsigned cols) { return std::to_string(rows) + " * " + std::to_string(cols); };
+  if (table.getRowCount() > table.getRowCapacity() || table.getColCount() > table.getColCapacity()) {
+    messages += "COUNT " + counts(table.getRowCount(), table.getColCount()) + " is more than the table's " +
+                counts(table.getRowCapacity(), table.getColCapacity()) + '\n';
+  }
+  return messages;
+}
+
+QByteArray replacementOf(const Velk::BlockView& block, Velk::HwTableBlock& table) {
+  QByteArray bytes = table.getByteArrayData();
+  const Velk::detail::MutableBytes taken(reinterpret_cast<unsigned char*>(bytes.data()),
+                                         static_cast<std::size_t>(bytes.size()));
+  const auto labels = std::ranges::find(block.row->fields, std::string_view("indexColumn"), &Velk::FieldInfo::name);
+  if (labels == block.row->fields.end() || block.bytes.size() != taken.size()) return bytes;
+  const std::size_t size = std::size_t{labels->rows} * labels->stride;
+  std::ranges::copy(block.bytes.subspan(labels->offset, size), taken.begin() + labels->offset);
+  Velk::sealBlock(taken, Velk::BlockKind::OldStyle);
+  return bytes;
 }
 
 std::vector<TableSection> tableSections(std::string_view text) {

@@ -29,19 +29,19 @@ void writeJson(Session& session, const Inputs& inputs, const Selection& selectio
     json.key("fields");
     writeData(json, data, Velk::ValueForm::Presented);
     writeDataNotes(json, data, options.stored);
-    complainOf(part, input.name, block);
+    tellOf(part, inputs, input.name, block);
   });
 }
 
 /// Writes each block's tables to files of their own, or the only table there is to standard output.
 class CsvExporter {
  public:
-  CsvExporter(Session& session, const Selection& selection, const Export& options)
-      : session_(session), selection_(selection), options_(options) {}
+  CsvExporter(Session& session, const Inputs& inputs, const Selection& selection, const Export& options)
+      : session_(session), inputs_(inputs), selection_(selection), options_(options) {}
 
-  void exportAll(const Inputs& inputs) {
-    forEachInput(session_, inputs, [&](const Input& input) {
-      if (options_.folder.empty() && !hasOneTable(input, inputs)) return;
+  void exportAll() {
+    forEachInput(session_, inputs_, [&](const Input& input) {
+      if (options_.folder.empty() && !hasOneTable(input)) return;
       std::map<std::string, unsigned> seen;
       forEachBlock(input.image, selection_, [&](const BlockView& block) {
         const unsigned occurrence = ++seen[Velk::blockName(block)];
@@ -54,14 +54,14 @@ class CsvExporter {
   /// The end block is a table only for whoever asks for it.
   bool isWanted(const BlockView& block) const { return block.kind != Velk::BlockKind::End || !selection_.ids.empty(); }
 
-  bool hasOneTable(const Input& input, const Inputs& inputs) {
+  bool hasOneTable(const Input& input) {
     std::size_t tables = 0;
     forEachBlock(input.image, selection_, [&](const BlockView& block) {
       if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
     });
-    if (tables == 1 && inputs.files.size() == 1) return true;
+    if (tables == 1 && inputs_.files.size() == 1) return true;
     std::string what = "gives " + std::to_string(tables) + " tables; -o names a folder for them, ";
-    what += inputs.files.size() > 1 ? "as for those of several files" : "--id and --nth choose a block";
+    what += inputs_.files.size() > 1 ? "as for those of several files" : "--id and --nth choose a block";
     session_.complain(input.name, what);
     session_.worsen(Exit::Usage);
     return false;
@@ -83,7 +83,7 @@ class CsvExporter {
         writeFile(session_, options_.folder + '/' + unused(name) + ".csv", contents);
       }
     }
-    complainOf(session_, input.name, block);
+    tellOf(session_, inputs_, input.name, block);
   }
 
   /// A file's name without its folder and ending.
@@ -109,6 +109,7 @@ class CsvExporter {
   }
 
   Session& session_;
+  const Inputs& inputs_;
   const Selection& selection_;
   const Export& options_;
   std::set<std::string> used_;
@@ -145,9 +146,9 @@ void addExport(CLI::App& app, Session& session) {
     if (options->format != Format::Csv) {
       writeJson(session, *inputs, *selection, *options);
     } else {
-      CsvExporter(session, *selection, *options).exportAll(*inputs);
+      CsvExporter(session, *inputs, *selection, *options).exportAll();
     }
-    tellIfNothingFound(session, *inputs, *selection);
+    tellMissing(session, *inputs, *selection);
   });
 }
 

@@ -26,6 +26,9 @@ void appendRow(std::string& line, const Velk::BlockView& block) {
   line += Velk::kindName(block.kind);
   padTo(line, 79);
   line += Velk::verdictName(block);
+  forEachFinding(block, [&](Velk::Finding finding) {
+    if (Velk::isRemark(finding)) line.append(", ").append(Velk::findingName(finding));
+  });
   line += '\n';
 }
 

@@ -42,7 +42,7 @@ class LibraryOutput {
 
 class Printer {
  public:
-  Printer(Session& session, Page page) : session_(session), page_(page) {}
+  Printer(Session& session, const Inputs& inputs, Page page) : session_(session), inputs_(inputs), page_(page) {}
 
   void print(const std::string& file, const BlockView& block) {
     LimitedText text;
@@ -56,7 +56,7 @@ class Printer {
       session_.complain(file, placeText(block) + ": the text is cut after 4 MiB");
       session_.worsen(Exit::Findings);
     }
-    complainOf(session_, file, block);
+    tellOf(session_, inputs_, file, block);
   }
 
  private:
@@ -76,6 +76,7 @@ class Printer {
   }
 
   Session& session_;
+  const Inputs& inputs_;
   Page page_;
   Velk::HwDatablockOldStyleInterpreter interpreter_;
 };
@@ -102,11 +103,11 @@ void addPrint(CLI::App& app, Session& session) {
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
   command->callback([&session, inputs, selection, page] {
-    Printer printer(session, *page);
+    Printer printer(session, *inputs, *page);
     forEachInput(session, *inputs, [&](const Input& input) {
       forEachBlock(input.image, *selection, [&](const BlockView& block) { printer.print(input.name, block); });
     });
-    tellIfNothingFound(session, *inputs, *selection);
+    tellMissing(session, *inputs, *selection);
   });
 }
 

@@ -19,6 +19,7 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
           Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';
     }
     tellFindings(session, name, redaction.block);
+    tellLeft(session, name, redaction.block);
   });
   // What an S-record file says of itself is free text.
   if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
@@ -32,16 +33,15 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
 
 void addRedact(CLI::App& app, Session& session) {
   CLI::App* const command =
-      app.add_subcommand("redact", "Takes serial numbers, names, departments and network addresses out of an image");
+      app.add_subcommand("redact", "Takes what tells a module and its users from others out of an image");
   const auto inputs = addInputs(*command, 1);
   const auto output = addOutput(*command);
   command->footer(
-      "They become zeros, checksums follow, and what was taken is listed. A block that was damaged stays so. Blocks\n"
-      "whose fields velk does not know, as second-edition blocks, are left as they are, and so are bytes of others "
-      "that\n"
-      "belong to no field. They are told on standard error and make the exit code 1: look into them before you pass "
-      "the\n"
-      "image on.\n\n"
+      "Serial, lot, job and repair numbers, names, departments, descriptions, user data and network addresses\n"
+      "become zeros; checksums follow, and what was taken is listed. A block that was damaged stays so.\n\n"
+      "Blocks whose fields velk does not know, such as second-edition blocks, are left as they are, and so are bytes\n"
+      "of others that belong to no field. They are told on standard error and make the exit code 1: look into them\n"
+      "before you pass the image on.\n\n"
       "Example:\n  velk redact module.bin -o public.bin");
   command->callback([&session, inputs, output] { run(session, *inputs, *output); });
 }

@@ -45,10 +45,11 @@ class Editor {
   std::optional<BlockView> choose(const Input& input) {
     std::vector<BlockView> blocks;
     forEachBlock(input.image, selection_, [&](const BlockView& block) { blocks.push_back(block); });
-    const std::string id = std::to_string(selection_.ids.front());
-    if (blocks.empty()) return refuse(input.name, "has no such block of id " + id);
+    const int id = selection_.ids.front();
+    if (blocks.empty()) return refuse(input.name, noSuchBlock(id, selection_.occurrence));
     if (blocks.size() > 1) {
-      return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + id + "; --nth says which");
+      return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + std::to_string(id) +
+                                    "; --nth says which");
     }
     const BlockView& block = blocks.front();
     if (block.has(Velk::Finding::UnbelievableSize)) {
@@ -81,8 +82,7 @@ class Editor {
       if (!refusal.empty()) {
         return refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
       }
-      changes.append(Velk::blockName(block)).append(" ").append(path).append(": ").append(before).append(" -> ");
-      changes.append(textOf(block, path, form)).append("\n");
+      changes += changeText(Velk::blockName(block), path, before, textOf(block, path, form)) + '\n';
     }
     Velk::sealBlock(bytes, block.kind);
     return changes;

@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "Commands.h"
+#include "Numbers.h"
 #include "TableCommands.h"
 
 namespace VelkTool {
@@ -22,6 +23,7 @@ void addTableImport(CLI::App& app, Session& session) {
   const auto inputs = addInputs(*command, 1);
   command->add_option("TEXT", options->text, "Text of one or more tables; - is standard input")->required();
   command->add_option("--id", options->id, "Read the text as the table of this id only")
+      ->transform(plainNumber())
       ->check(CLI::Range(0, 65535).description(""))
       ->type_name("N");
   command->add_flag("--force", options->force, "Write what could be read of a faulty text");

@@ -5,9 +5,26 @@
 #include "LimitedText.h"
 #include "TableCommands.h"
 #include "TableSections.h"
+#include "ValueText.h"
 
 namespace VelkTool {
 namespace {
+
+/// Tells what an import of the text would change in the block.
+void tellLosses(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& text) {
+  const auto again = makeExchangeTable(block.id);
+  readInto(*again, text);
+  const QByteArray bytes = replacementOf(block, *again);
+  if (bytes.size() != static_cast<qsizetype>(block.bytes.size())) return;
+  std::string first;
+  std::size_t count = 0;
+  forEachChange(block, bytes, [&](const std::string& change) {
+    if (count++ == 0) first = change;
+  });
+  if (count == 0) return;
+  const std::string others = count == 1 ? "" : " and " + std::to_string(count - 1) + " more";
+  session.complain(file, placeText(block) + ": the text does not carry all, an import makes of " + first + others);
+}
 
 void writeTable(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& out) {
   const auto table = makeExchangeTable(block.id);
@@ -21,6 +38,7 @@ void writeTable(Session& session, const std::string& file, const Velk::BlockView
                                std::to_string(table->getColCount()) + " is too much for a text");
     session.worsen(Exit::Findings);
   } else {
+    tellLosses(session, file, block, std::string(text.text()));
     writeFile(session, out.empty() ? std::string(standardOutput) : out,
               QByteArray::fromStdString(std::string(text.text())));
   }
@@ -47,7 +65,7 @@ void exportTable(Session& session, const Inputs& inputs, const Selection& select
       isWritten = true;
     });
     if (isWritten) return;
-    session.complain(input.name, "has no block of id " + std::to_string(id));
+    session.complain(input.name, noSuchBlock(id, selection.occurrence));
     session.worsen(Exit::Findings);
   });
 }

@@ -6,7 +6,7 @@
 #include "Images.h"
 #include "TableCommands.h"
 #include "TableSections.h"
-#include "velk/platform/Console.h"
+#include "ValueText.h"
 
 namespace VelkTool {
 namespace {
@@ -14,36 +14,23 @@ namespace {
 using Velk::BlockView;
 using Velk::HwTableBlock;
 
-/// Reads a text into a table; returns what the library's reader has to say of it.
-std::string readInto(HwTableBlock& table, const std::string& text) {
-  std::string messages;
-  const auto former = Velk::Console::redirect([&](Velk::Console::Stream stream, std::string_view message) {
-    if (stream == Velk::Console::Stream::Output) messages += message;
-  });
-  std::istringstream lines(text);
-  table.readExchangeText(lines);
-  Velk::Console::redirect(former);
-  const auto counts = [](unsigned rows, unsigned cols) { return std::to_string(rows) + " * " + std::to_string(cols); };
-  if (table.getRowCount() > table.getRowCapacity() || table.getColCount() > table.getColCapacity()) {
-    messages += "COUNT " + counts(table.getRowCount(), table.getColCount()) + " is more than the table's " +
-                counts(table.getRowCapacity(), table.getColCapacity()) + '\n';
-  }
-  return messages;
-}
-
-/// An image in which blocks are put; each call says why that cannot be, or nothing.
+/// An image in which tables are put; each call says why that cannot be, or nothing.
 class Placement {
  public:
   Placement(QByteArray image, const Inputs& inputs) : image_(std::move(image)), inputs_(inputs) {}
 
   const QByteArray& image() const { return image_; }
+  /// A line for each value that has changed, and for each table that was added.
+  const std::string& changes() const { return changes_; }
 
   /// In place of the first block of the id.
-  std::string place(const QByteArray& block, unsigned short id, bool append) {
-    for (const BlockView& view : walk()) {
-      if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, block);
+  std::string place(HwTableBlock& table, unsigned short id, bool append) {
+    const Velk::MemoryImage walked = walk();
+    for (const BlockView& view : walked) {
+      if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, replacementOf(view, table));
     }
-    return append ? add(block) : "has no block of id " + std::to_string(id) + "; --append would add it";
+    if (!append) return noSuchBlock(id) + "; --append would add it";
+    return add(table.getByteArrayData(), table.getBlockString());
   }
 
  private:
@@ -54,12 +41,13 @@ class Placement {
     if (length != block.size()) {
       return placeText(view) + ": has " + std::to_string(length) + " bytes, the table " + std::to_string(block.size());
     }
+    forEachChange(view, block, [&](const std::string& change) { changes_ += change + '\n'; });
     image_.replace(static_cast<qsizetype>(view.offset), length, block);
     return {};
   }
 
   /// Behind the last block; an end block moves on into the erased memory behind it, so that the memory keeps its size.
-  std::string add(const QByteArray& block) {
+  std::string add(const QByteArray& block, const std::string& name) {
     if (inputs_.sectorSize != 0) return "has sectors; a table can only replace another there";
     std::optional<BlockView> last;
     const Velk::MemoryImage walked = walk();
@@ -67,7 +55,10 @@ class Placement {
       if (!view.isSound()) return placeText(view) + ": " + Velk::verdictName(view) + "; nothing can be added";
       last = view;
     }
-    if (!last || last->kind != Velk::BlockKind::End) {
+    const bool isEnded = last && last->kind == Velk::BlockKind::End;
+    const auto offset = isEnded ? last->offset : static_cast<std::uint64_t>(image_.size());
+    changes_ += name + ": added at offset " + offsetText(offset) + '\n';
+    if (!isEnded) {
       image_ += block;
       return {};
     }
@@ -80,6 +71,7 @@ class Placement {
 
   QByteArray image_;
   const Inputs& inputs_;
+  std::string changes_;
 };
 
 class Importer {
@@ -100,7 +92,7 @@ class Importer {
     for (const TableSection& section : sections) complete = import(section, placement) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
     file.bytes = placement.image();
-    output_.write(session_, file_, file, {});
+    output_.write(session_, file_, file, placement.changes());
   }
 
  private:
@@ -147,7 +139,7 @@ class Importer {
     for (std::string message; std::getline(messages, message); sound = false) {
       session_.complain(options_.text, message);
     }
-    const std::string refusal = placement.place(table->getByteArrayData(), section.id, options_.append);
+    const std::string refusal = placement.place(*table, section.id, options_.append);
     if (!refusal.empty()) session_.complain(file_, refusal);
     return refusal.empty() && (sound || options_.force);
   }

@@ -3,6 +3,7 @@
 // Every public header of the library.
 #include "velk/data/BlockData.h"
 #include "velk/data/BlockDiff.h"
+#include "velk/data/BlockDoubts.h"
 #include "velk/data/BlockEdit.h"
 #include "velk/datablock/FieldValue.h"
 #include "velk/datablock/Fields.h"

@@ -97,7 +97,7 @@ TEST_F(FieldsOfASample, RefuseWhatTheyCannotHold) {
 TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   HwDatablockIdent ident;
   const auto set = [&](std::string_view path, std::string_view text) {
-    return setFieldText({ident.getData(), 44}, findField(identFields, path).value(), text);
+    return setFieldText({ident.getData(), 44}, findField(identFields, path).value(), text, ValueForm::Presented);
   };
   EXPECT_EQ(set("serialNumber", "4294967295"), FieldResult::Done);
   EXPECT_EQ(set("variant", "2"), FieldResult::Done);
@@ -110,12 +110,24 @@ TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
 
   EXPECT_EQ(set("variant", "256"), FieldResult::OutOfRange);
   EXPECT_EQ(set("name", "RF board 4711xy"), FieldResult::OutOfRange);
-  for (const char* const date : {"1979-01-01", "2108-01-01", "2017-13-01", "2017-00-10", "2017-01-32"}) {
+  for (const char* const date : {"1979-01-01", "2108-01-01"}) {
     EXPECT_EQ(set("productDate", date), FieldResult::OutOfRange) << date;
   }
-  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F", "2017-02-29"}) {
+  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F", "2017-02-29",
+                                 "2017-13-01", "2017-00-10", "2017-01-32", "2017-257-01", "1980-00-32"}) {
     EXPECT_EQ(set("productDate", date), FieldResult::NotAValue) << date;
   }
+  const std::vector<unsigned char> before(ident.getData(), ident.getData() + 44);
+  const auto setStored = [&](const char* text) {
+    return setFieldText({ident.getData(), 44}, findField(identFields, "productDate").value(), text);
+  };
+  EXPECT_EQ(set("productDate", "1980-00-00"), FieldResult::Done) << "unset, as zeroed records have it";
+  EXPECT_EQ(ident.getProductDate(), 0);
+  EXPECT_EQ(setStored("65535"), FieldResult::Done) << "no calendar has it, erased records do";
+  EXPECT_EQ(ident.getProductDate(), 65535);
+  EXPECT_EQ(setStored("65536"), FieldResult::OutOfRange);
+  EXPECT_EQ(setStored("2017-03-15"), FieldResult::Done);
+  EXPECT_EQ(std::vector<unsigned char>(ident.getData(), ident.getData() + 44), before);
 
   std::string text;
   forEachField(identFields, 44, [&](const std::string& path, FieldElement element) {

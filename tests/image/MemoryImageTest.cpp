@@ -65,6 +65,18 @@ TEST(MemoryImage, BlocksWithACrcAreFoundBehindDamageAsWell) {
   EXPECT_NE(walked(image).find("44 ID_1040 196 damaged size, 240 ID_1041 330 sound, 570 ID_1042 20 sound"),
             std::string::npos)
       << walked(image);
+  image[240 + 3] = '\x40';
+  image[570 + 12] = static_cast<char>(image[570 + 12] + 1);
+  EXPECT_NE(walked(image).find("44 ID_1040 526 damaged size, 570 ID_1042 20 sound"), std::string::npos)
+      << "whose checksum did not follow the counter: " << walked(image);
+}
+
+TEST(MemoryImage, AnEndBlockIsFoundBehindDamageWhateverItsDataWord) {
+  const QByteArray damaged = VelkTest::fromHex("02 00 FF 00 00 00 00 00 01 02 03 04");
+  for (const char* const end : {"FF FF 00 00", "FF FF 00 FF", "FF FF FF FF"}) {
+    const QByteArray image = damaged + VelkTest::fromHex(end) + QByteArray(16, '\xFF');
+    EXPECT_NE(walked(image).find("0 IDENT_2 12 damaged size, 12 END 4 sound"), std::string::npos) << walked(image);
+  }
 }
 
 TEST(MemoryImage, DamageBeforeTheEndBlockIsSkippedToIt) {

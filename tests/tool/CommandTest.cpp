@@ -1,4 +1,6 @@
 #include "CommandSupport.h"
+#include "velk/edition2/HwDatablock2Edition.h"
+#include "velk/tables/DacBoardTables.h"
 
 namespace {
 
@@ -94,13 +96,37 @@ TEST_F(Command, TablesAreRecognisedWhereTheCrcIsWrong) {
   EXPECT_NE(run({"check", path}).output.find("ID_1040: wrong CRC; CRC-32 is"), std::string::npos);
 }
 
-TEST_F(Command, RemarksCountForCheckOnly) {
-  QByteArray image = VelkTest::fromHex("02 00 0A 00 F4 FF 00 00 00 00 FF FF 00 00");
-  const QString path = file("remark.bin", image);
-  EXPECT_EQ(run({"list", path}).exitCode, 0);
-  const Outcome check = run({"check", path});
-  EXPECT_EQ(check.exitCode, 1);
-  EXPECT_NE(check.output.find("IDENT_2: sound; size 10, blocks of this id have 44\n"), std::string::npos);
+TEST_F(Command, WhatIsOddAboutSoundBlocksIsTold) {
+  const auto telling = [&](const QStringList& arguments, const std::string& text) {
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE((outcome.output + outcome.errors).find(text), std::string::npos) << outcome.output << outcome.errors;
+  };
+  const QString size = file("size.bin", VelkTest::fromHex("02 00 0A 00 F4 FF 00 00 00 00 FF FF 00 00"));
+  telling({"list", size}, "old-style       sound, unexpected size\n");
+  telling({"check", size}, "IDENT_2: sound; size 10, blocks of this id have 44\n");
+
+  QByteArray counted = exampleImage("detector.bin");
+  counted[0x246] = static_cast<char>(counted[0x246] + 1);
+  const QString counter = file("counter.bin", counted);
+  telling({"check", counter}, "ID_1042: sound; checksum is");
+  telling({"print", "--id", "1042", counter}, "id 1042, an event counter, which this page takes for tables");
+
+  Velk::HwDatablockDacbFrequencyCompAmp amplitudes(false);
+  amplitudes.setNumberOfcompAmp(99);
+  const QString count = file("count.bin", amplitudes.getByteArrayData());
+  const std::string doubt = "count: 99 is more than the 26 that values has room for\n";
+  telling({"check", count}, "DACB_FREQUENCY_COMP_AMP: sound; " + doubt);
+  telling({"print", count}, "id 13600: " + doubt);
+  telling({"export", count}, "\"text\": \"count: 99 is more");
+
+  Velk::HwDatablock2Edition tables;
+  tables.setData(VelkTest::fromHex("10 04 18 00 00 00 00 00 00 00 00 00 7B 00 64 00 01 00 00 00 01 00 00 00"));
+  tables.setChecksum32(tables.computeChecksum32());
+  tables.setChecksum(tables.computeChecksum());
+  const QString cut = file("tables.bin", tables.getByteArrayData());
+  telling({"check", cut}, "sound; tables[0] is not there whole: it claims 100 rows and 1 columns\n");
+  telling({"print", cut}, "id 1040: tables[0] is not there whole");
 }
 
 TEST_F(Command, ManyFilesAndTheWorstOfThem) {

@@ -80,8 +80,8 @@ TEST_F(EditCommand, ChangesNothingWhereItRefuses) {
        "no field \"serialNumer\"; the nearest is serialNumber; nothing is changed"},
       {{image, "--id", "2", "serialNumber=4294967296"}, 2, "serialNumber: 4294967296 is out of range: 0 to 4294967295"},
       {{image, "--id", "2", "serialNumber"}, 2, "\"serialNumber\" is not of the form name=value"},
-      {{image, "--id", "3", "serialNumber=1"}, 1, "has no such block of id 3"},
-      {{image, "--id", "2", "--nth", "2", "serialNumber=1"}, 1, "has no such block of id 2"},
+      {{image, "--id", "3", "serialNumber=1"}, 1, "has no block of id 3"},
+      {{image, "--id", "2", "--nth", "2", "serialNumber=1"}, 1, "has no block no. 2 of id 2"},
       {{two, "--id", "2", "serialNumber=1"}, 1, "has 2 blocks of id 2; --nth says which"},
       {{broken, "--id", "2", "serialNumber=1"}, 1, "wrong checksum, which --force would let pass"},
       {{"-", "--id", "2", "serialNumber=1"}, 2, "standard input cannot be changed in place"},
@@ -161,6 +161,7 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
   EXPECT_EQ(run({"redact", file("board.s19", Velk::encodeImage(records)), "-o", out("public.s19")}).exitCode, 1);
   EXPECT_EQ(Velk::readImageFile(out("public.s19").toStdString()).details.header, "");
   EXPECT_EQ(run({"export", "--redact", "rf_board.bin"}).exitCode, 1);
+  EXPECT_EQ(run({"export", "--redact", "--id", "2", "rf_board.bin"}).errors, "") << "of blocks that are shown";
   EXPECT_EQ(run({"redact", "--offset", "44", "mainboard.bin", "-o", out()}).exitCode, 1) << "some bytes were not seen";
   // A damaged size makes one block of two, whose fields are those of the first.
   QByteArray swallowing = VelkTest::exampleImage("rf_board.bin").left(88);

@@ -58,6 +58,35 @@ TEST_F(Inputs, StandardInputIsReadOnce) {
   EXPECT_EQ(run({"list", "-", "rf_board.bin", "-"}, exampleImage("rf_board.bin")).exitCode, 2);
 }
 
+TEST_F(Inputs, NumbersAreDecimalOrBehind0x) {
+  EXPECT_EQ(run({"print", "--id", "010", "rf_board.bin"}).output, run({"print", "--id", "10", "rf_board.bin"}).output);
+  EXPECT_EQ(run({"print", "--id", "0xA", "rf_board.bin"}).exitCode, 0);
+  EXPECT_EQ(run({"list", "--offset", "0044", "rf_board.bin"}).output,
+            run({"list", "--offset", "0x2c", "rf_board.bin"}).output);
+  for (const char* const wrong : {"", "1x", "-1", "65536", "0x"}) {
+    EXPECT_EQ(run({"print", "--id", wrong, "rf_board.bin"}).exitCode, 2) << wrong;
+  }
+}
+
+TEST_F(Inputs, EveryBlockThatIsAskedForAndMissingIsTold) {
+  const Outcome some = run({"print", "--id", "2", "--id", "77", "--id", "78", "rf_board.bin"});
+  EXPECT_EQ(some.exitCode, 1);
+  EXPECT_EQ(some.output, run({"print", "--id", "2", "rf_board.bin"}).output);
+  EXPECT_EQ(some.errors, "velk: rf_board.bin: has no block of id 77\nvelk: rf_board.bin: has no block of id 78\n");
+  EXPECT_EQ(run({"export", "--id", "13600", "rf_board.bin", "dac_board.bin"}).exitCode, 0) << "one of them has it";
+  EXPECT_EQ(run({"export", "--id", "77", "rf_board.bin", "dac_board.bin"}).errors,
+            "velk: none of the files: has no block of id 77\n");
+  EXPECT_EQ(run({"print", "--nth", "2", "rf_board.bin"}).errors, "velk: rf_board.bin: has no id with 2 blocks\n");
+}
+
+TEST_F(Inputs, FilesTooLargeForAMemoryAreRefused) {
+  QFile large(file("large.bin", {}));
+  ASSERT_TRUE(large.resize(1024 * 1024 * 1024));
+  const Outcome result = run({"list", large.fileName()});
+  EXPECT_EQ(result.exitCode, 3);
+  EXPECT_NE(result.errors.find(": File too large\n"), std::string::npos) << result.errors;
+}
+
 TEST_F(Inputs, NamesInBracketsAreNamesOfFiles) {
   file("[board]", exampleImage("rf_board.bin"));
   const Outcome result = run({"-C", directory_.path(), VELK_COMMAND, "list", "[board]"}, {}, "env");

@@ -69,6 +69,54 @@ TEST_F(TableCommand, ImportTellsWhatIsWrongAndWritesNothing) {
   EXPECT_EQ(run({"table", "import", "rf_board_tables.bin", file("none.txt", "text\n"), "-o", out()}).exitCode, 1);
 }
 
+TEST_F(TableCommand, ImportRefusesWordsThatAreNoNumbers) {
+  const auto refusal = [&](const QString& id, const char* count, const char* row) {
+    const char* const names[] = {"RFBO_ATTREG_DATA", "LORN_RFBO_ATTREG_ATTENUATION", "BLOCK_LORN_RFBO_TEMP_COMP_DATA"};
+    const std::string name = names[id == "15750" ? 0 : id == "15798" ? 1 : 2];
+    const std::string text = "ID: " + name + "\nCOUNT: " + count + "\n1: " + row + '\n';
+    const QString path = file("typo.txt", QByteArray::fromStdString(text));
+    const Outcome outcome = run({"table", "import", "every_id.bin", path, "-o", out()});
+    EXPECT_EQ(outcome.exitCode, outcome.errors.empty() ? 0 : 1);
+    EXPECT_EQ(outcome.errors.empty(), written() != "nothing");
+    QFile::remove(out());
+    const std::string prefix = "velk: " + path.toStdString() + ": ";
+    return outcome.errors.starts_with(prefix) ? outcome.errors.substr(prefix.size()) : outcome.errors;
+  };
+  EXPECT_EQ(refusal("15798", "1 * 3", "1.5 -0.25 +2e1"), "");
+  EXPECT_EQ(refusal("15798", "1 * 1", "1O"), "row 1: \"1O\" is no such number\n");
+  EXPECT_EQ(refusal("15798", "1 * 2", "1 2,5"), "row 1: \"2,5\" is no such number\n");
+  EXPECT_EQ(refusal("15798", "1 * 1", "nan"), "row 1: \"nan\" is no such number\n");
+  EXPECT_EQ(refusal("15750", "1 * 1", "0XfFfFfFfF"), "");
+  EXPECT_EQ(refusal("15750", "1 * 1", "1FFFFFFFF"), "row 1: \"1FFFFFFFF\" is no such number\n");
+  EXPECT_EQ(refusal("15750", "1 * 1", "-1"), "row 1: \"-1\" is no such number\n");
+  EXPECT_EQ(refusal("15771", "1 * 1", "-7"), "");
+  EXPECT_EQ(refusal("15771", "1 * 1", "-7.5"), "row 1: \"-7.5\" is no such number\n");
+  EXPECT_EQ(refusal("15750", "4294967297 * 1", "1").substr(0, 55), "COUNT is not of the form \"rows * columns\"\n");
+}
+
+TEST_F(TableCommand, TextsThatDoNotCarryAllAreTold) {
+  const auto exported = [&](const char* id) {
+    return run({"table", "export", "every_id.bin", "--id", id, "-o", directory_.filePath("text")});
+  };
+  const Outcome rounded = exported("15798");
+  EXPECT_EQ(rounded.exitCode, 0);
+  EXPECT_NE(rounded.errors.find("id 15798: the text does not carry all, an import makes of "
+                                "LORN_RFBO_ATTREG_ATTENUATION cells[0][0]: 1.625 -> 1.62 and "),
+            std::string::npos)
+      << rounded.errors;
+  const Outcome imported = run({"table", "import", "every_id.bin", directory_.filePath("text"), "-o", out()});
+  EXPECT_TRUE(imported.output.starts_with("LORN_RFBO_ATTREG_ATTENUATION cells[0][0]: 1.625 -> 1.62\n"));
+  QString changes = QString::fromStdString(imported.output);
+  EXPECT_EQ("LORN_RFBO_ATTREG_ATTENUATION (id 15798):\n" +
+                changes.replace("LORN_RFBO_ATTREG_ATTENUATION ", "  ").toStdString(),
+            run({"diff", "every_id.bin", out()}).output);
+
+  EXPECT_EQ(exported("15771").errors, "") << "labels are no part of the text";
+  const Outcome labelled = run({"table", "import", "every_id.bin", directory_.filePath("text"), "-o", out()});
+  EXPECT_EQ(labelled.output, "") << "and stay as they are";
+  EXPECT_EQ(written(), VelkTest::exampleImage("every_id.bin"));
+}
+
 TEST_F(TableCommand, ImportKeepsTablesOfOneTextApart) {
   // The name of the second table is part of the first one's, and its reader would read on to the end of the text.
   const QString two = file("two.txt",

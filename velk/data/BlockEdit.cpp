@@ -6,12 +6,22 @@
 #include <numeric>
 #include <utility>
 
+#include "velk/data/BlockDoubts.h"
 #include "velk/datablock/Checksums.h"
+#include "velk/datablock/FieldValue.h"
 
 namespace Velk {
 namespace {
 
 using detail::MutableBytes;
+
+std::string lowerCase(std::string_view text) {
+  std::string lower(text);
+  for (char& c : lower) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+  }
+  return lower;
+}
 
 /// How many characters have to be added, dropped or replaced to make one text the other.
 std::size_t editDistance(std::string_view from, std::string_view to) {
@@ -33,7 +43,7 @@ std::string noMember(const DataNode& record, std::string_view name) {
   const char* nearest = "";
   std::size_t least = std::numeric_limits<std::size_t>::max();
   for (std::size_t i = 0; i < record.size() && name.size() <= longestName; ++i) {
-    const std::size_t distance = editDistance(name, record.nameOf(i));
+    const std::size_t distance = editDistance(lowerCase(name), lowerCase(record.nameOf(i)));
     if (distance < least) nearest = record.nameOf(i);
     least = std::min(least, distance);
   }
@@ -89,6 +99,10 @@ std::optional<DataNode> take(const DataNode& node, const Step& step, std::string
 /// The sum of all that the checksum of a block covers.
 unsigned short restOfSum(detail::ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
 
+bool takesFractions(const FieldInfo& field, ValueForm form) {
+  return isFloating(field.type) || (form == ValueForm::Presented && detail::isScaled(field));
+}
+
 std::string describeRefusal(FieldResult result, const FieldElement& element, std::string_view text, ValueForm form) {
   const FieldInfo& field = *element.field;
   const std::string given(text);
@@ -97,7 +111,7 @@ std::string describeRefusal(FieldResult result, const FieldElement& element, std
       return {};
     case FieldResult::NotAValue:
       if (field.kind == FieldKind::Date) return '"' + given + "\" is no date such as 2017-03-15";
-      return '"' + given + "\" is no " + (isFloating(field.type) ? "number" : "whole number");
+      return '"' + given + "\" is no " + (takesFractions(field, form) ? "number" : "whole number");
     case FieldResult::OutOfRange:
       if (field.kind == FieldKind::Text) {
         return '"' + given + "\" has " + std::to_string(given.size()) + " bytes, there is room for " +
@@ -108,21 +122,6 @@ std::string describeRefusal(FieldResult result, const FieldElement& element, std
       return "the block ends before it";
     case FieldResult::Fixed:
       return "cannot be changed: the rest of the block depends on it";
-  }
-  return {};
-}
-
-/// Why a count of this name cannot be that; empty where it can, or the name is no count.
-std::string noSuchCount(const DataNode& root, std::string_view name, std::int64_t count) {
-  for (std::size_t i = 0; root.kind() == DataNode::Kind::Record && i < root.size(); ++i) {
-    const FieldInfo* const field = root[i].field();
-    if (field == nullptr) continue;
-    const unsigned capacity = name == field->usedRows ? field->rows : name == field->usedCols ? field->cols : 0;
-    if (capacity != 0 && count < 0) return std::to_string(count) + " is no count";
-    if (capacity != 0 && count > capacity) {
-      return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + field->name +
-             " has room for";
-    }
   }
   return {};
 }
@@ -164,7 +163,7 @@ std::string setValue(MutableBytes block, const BlockView& view, std::string_view
   const std::vector<unsigned char> before(block.begin(), block.end());
   const FieldResult result = setFieldText(block, element, text, form);
   std::string refusal = describeRefusal(result, element, text, form);
-  if (refusal.empty()) refusal = noSuchCount(data.root(), path, integerValue(block, element));
+  if (refusal.empty()) refusal = detail::noSuchCount(data.root(), path, integerValue(block, element));
   if (refusal.empty()) return {};
   std::ranges::copy(before, block.begin());
   return std::string(path) + ": " + refusal;

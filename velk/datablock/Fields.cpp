@@ -43,13 +43,12 @@ FieldResult parseDate(std::string_view text, std::int64_t& packed) {
       parseNumber(text.substr(second + 1), date.day) != FieldResult::Done) {
     return FieldResult::NotAValue;
   }
-  const bool inRange = date.year >= PackedDate::firstYear && date.year <= PackedDate::lastYear && date.month >= 1 &&
-                       date.month <= 12 && date.day >= 1 && date.day <= 31;
-  if (!inRange) return FieldResult::OutOfRange;
+  if (date.year < PackedDate::firstYear || date.year > PackedDate::lastYear) return FieldResult::OutOfRange;
+  if (date.month > 12 || date.day > 31) return FieldResult::NotAValue;
+  packed = date.packed();
   const std::chrono::year_month_day day{std::chrono::year(static_cast<int>(date.year)), std::chrono::month(date.month),
                                         std::chrono::day(date.day)};
-  packed = date.packed();
-  return day.ok() ? FieldResult::Done : FieldResult::NotAValue;
+  return day.ok() || packed == 0 ? FieldResult::Done : FieldResult::NotAValue;
 }
 
 FieldResult setText(MutableBytes block, FieldElement element, std::string_view text) {
@@ -95,8 +94,9 @@ FieldResult storeInteger(MutableBytes block, FieldElement element, std::int64_t 
   return FieldResult::Done;
 }
 
+/// `form` is that of dates: stored ones are numbers as well, since no calendar has all that records hold.
 template <class T>
-FieldResult setInteger(MutableBytes block, FieldElement element, std::string_view text) {
+FieldResult setInteger(MutableBytes block, FieldElement element, std::string_view text, ValueForm form) {
   if (std::is_same_v<T, std::uint64_t> && !text.starts_with('-')) {
     std::uint64_t value = 0;
     const FieldResult parsed = parseNumber(text, value);
@@ -105,7 +105,8 @@ FieldResult setInteger(MutableBytes block, FieldElement element, std::string_vie
   }
   std::int64_t value = 0;
   const bool isDate = element.field->kind == FieldKind::Date;
-  const FieldResult parsed = isDate ? parseDate(text, value) : parseNumber(text, value);
+  FieldResult parsed = isDate ? parseDate(text, value) : parseNumber(text, value);
+  if (isDate && parsed == FieldResult::NotAValue && form == ValueForm::Stored) parsed = parseNumber(text, value);
   return parsed == FieldResult::Done ? storeInteger<T>(block, element, value) : parsed;
 }
 
@@ -153,14 +154,14 @@ FieldResult setPresented(MutableBytes block, FieldElement element, std::string_v
   return result;
 }
 
-FieldResult setNumber(MutableBytes block, FieldElement element, std::string_view text) {
+FieldResult setNumber(MutableBytes block, FieldElement element, std::string_view text, ValueForm form) {
   if (element.field->type == ScalarType::F80) return setExtended(block, element, text);
   FieldResult result = FieldResult::NotAValue;
   detail::withScalarType(element.field->type, [&]<class T>(T) {
     if constexpr (std::is_floating_point_v<T>) {
       result = setFloating<T>(block, element, text);
     } else {
-      result = setInteger<T>(block, element, text);
+      result = setInteger<T>(block, element, text, form);
     }
   });
   return result;
@@ -244,7 +245,7 @@ FieldResult setFieldText(MutableBytes block, FieldElement element, std::string_v
   if (!element.isInside(block.size())) return FieldResult::OutsideBlock;
   if (field.kind == FieldKind::Text) return setText(block, element, text);
   const bool scaled = form == ValueForm::Presented && detail::isScaled(field);
-  return scaled ? setPresented(block, element, text) : setNumber(block, element, text);
+  return scaled ? setPresented(block, element, text) : setNumber(block, element, text, form);
 }
 
 }  // namespace Velk

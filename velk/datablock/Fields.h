@@ -208,7 +208,8 @@ enum class FieldResult {
 };
 
 /// Stores what `text` says, in the form that fieldText gives; any other result leaves the block unchanged. A presented
-/// number becomes the nearest that the field can store. The block's checksum is the caller's.
+/// number becomes the nearest that the field can store. Dates are such as a calendar has, or 1980-00-00, which is none;
+/// in the stored form they may be numbers as well. The block's checksum is the caller's.
 VELK_EXPORT FieldResult setFieldText(detail::MutableBytes block, FieldElement element, std::string_view text,
                                      ValueForm form = ValueForm::Stored);
 

@@ -32,14 +32,22 @@ class OpenFile {
   /// Reads up to the file's end; false, and errno says why, where it could not be opened or read.
   bool readTo(QByteArray& contents) const {
     constexpr qsizetype enoughForMost = 32 * 1024;
+    constexpr qsizetype most = 1024 * 1024 * 1024;
     if (descriptor_ < 0) return false;
     contents.resize(enoughForMost);
     for (qsizetype count = 0;;) {
       const ssize_t got = read(descriptor_, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
       if (got < 0 && errno != EINTR) return false;
       count += std::max<ssize_t>(got, 0);
-      // The size is asked for only where it saves growing step by step; one byte more finds the end.
-      if (count == contents.size()) contents.resize(std::max(knownSize() + 1, 2 * count));
+      if (count == contents.size()) {
+        // The size is asked for only where it saves growing step by step; one byte more finds the end.
+        const qsizetype size = knownSize();
+        if (std::max(size, count) >= most) {
+          errno = EFBIG;
+          return false;
+        }
+        contents.resize(std::max(size + 1, 2 * count));
+      }
       if (got != 0) continue;
       contents.truncate(count);
       contents.squeeze();

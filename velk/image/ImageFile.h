@@ -37,7 +37,8 @@ struct ImageFile {
   ContainerDetails details{};
 };
 
-/// Reads a memory image. "-" is standard input.
+/// Reads a memory image. "-" is standard input. 1 GiB and more are an error, not least because some devices can be read
+/// without end.
 VELK_EXPORT ImageFile readImageFile(const std::string& path, std::optional<ImageFormat> format = std::nullopt);
 
 /// Takes a file's contents as an image in `format`. Without one, they are Intel HEX or S-record where every line of

@@ -21,18 +21,21 @@ unsigned short sizeOf(ConstBytes block) {
   return detail::load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
-/// What a block says of itself by a right CRC-32 or an event counter's identifier.
-std::optional<BlockKind> declaredKind(ConstBytes block) {
-  const auto stored = detail::load<std::uint32_t>(block, detail::crcOffset);
-  if (block.size() >= detail::shortestCrcBlock && stored == detail::crcOf(block)) return BlockKind::SecondEdition;
-  if (stored == detail::eventCounterMagic(sizeOf(block))) return BlockKind::EventCounter;
-  return std::nullopt;
+/// What stands where a block that has a CRC-32 keeps it; 0 in shorter blocks.
+std::uint32_t storedCrc(ConstBytes block) { return detail::load<std::uint32_t>(block, detail::crcOffset); }
+
+bool hasRightCrc(ConstBytes block) {
+  return block.size() >= detail::shortestCrcBlock && storedCrc(block) == detail::crcOf(block);
 }
+
+bool hasCounterIdentifier(ConstBytes block) { return storedCrc(block) == detail::eventCounterMagic(sizeOf(block)); }
 
 /// Says what a block is if its size is right.
 void classify(BlockView& block) {
-  if (const auto kind = declaredKind(block.bytes)) {
-    block.kind = *kind;
+  if (hasRightCrc(block.bytes)) {
+    block.kind = BlockKind::SecondEdition;
+  } else if (hasCounterIdentifier(block.bytes)) {
+    block.kind = BlockKind::EventCounter;
   } else if (block.row != nullptr) {
     block.kind = BlockKind::OldStyle;
   } else if (isFilledByTables(block.bytes)) {
@@ -65,8 +68,7 @@ std::string describeChecksum(const BlockView& block) {
 }
 
 std::string describeCrc(const BlockView& block) {
-  const auto stored = detail::load<std::uint32_t>(block.bytes, detail::crcOffset);
-  return "CRC-32 is " + detail::hexText(stored, 8) + ", the bytes give " +
+  return "CRC-32 is " + detail::hexText(storedCrc(block.bytes), 8) + ", the bytes give " +
          detail::hexText(detail::crcOf(block.bytes), 8);
 }
 
@@ -227,18 +229,21 @@ std::uint64_t BlockWalk::resumeBehind(std::uint64_t offset) {
 
 /// Whether nothing but erased memory, with or without an end block before it, follows.
 bool BlockWalk::endBlockAt(std::uint64_t offset) const {
-  return offset >= erasedFrom_ || (offset + endSize == erasedFrom_ && idOf(image_.subspan(offset)) == erasedBlockId);
+  return offset >= erasedFrom_ || (offset + endSize >= erasedFrom_ && idOf(image_.subspan(offset)) == erasedBlockId);
 }
 
 bool BlockWalk::soundBlockAt(std::uint64_t offset) {
-  const ConstBytes block = image_.subspan(offset);
-  const std::size_t size = sizeOf(block);
-  if (size < headerSize || size > block.size() || sums_[(offset + size) / 2] != sums_[offset / 2]) return false;
+  const ConstBytes ahead = image_.subspan(offset);
+  const std::size_t size = sizeOf(ahead);
+  if (size < headerSize || size > ahead.size()) return false;
+  const ConstBytes block = ahead.first(size);
+  if (hasCounterIdentifier(block)) return true;
+  if (sums_[(offset + size) / 2] != sums_[offset / 2]) return false;
   const CatalogueRow* const row = findCatalogueRow(idOf(block), static_cast<unsigned short>(size));
   if (row != nullptr && row->acceptsSize(static_cast<unsigned short>(size))) return true;
   if (size > checkable_) return false;
   checkable_ -= size;
-  return declaredKind(block.first(size)).has_value();
+  return hasRightCrc(block);
 }
 
 void BlockWalk::surveyImage() {

@@ -67,8 +67,8 @@ VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 ///
 /// Nothing is lost: every byte is in some view, but for the erased memory behind the end block. Where a block's size
 /// cannot be believed, its view reaches to the next even offset at which a sound block begins, or else the end of the
-/// memory is due: one with a right checksum, and a known id and its own size, a right CRC-32 or an event counter's
-/// identifier. Walking takes time in proportion to the bytes, whatever they are.
+/// memory is due: one with a right checksum, and a known id and its own size or a right CRC-32; or one with an event
+/// counter's identifier. Walking takes time in proportion to the bytes, whatever they are.
 ///
 /// The image owns its bytes; views and iterators are valid while it lives.
 ///

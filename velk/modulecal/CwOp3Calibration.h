@@ -99,10 +99,14 @@ struct VELK_RECORD HwSDatablockCwop6VcoIdent {
 static_assert(sizeof(HwSDatablockCwop6VcoIdent) == 28);
 
 inline constexpr FieldInfo vcoIdentFields[] = {
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber), VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber).personal(),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, lotNumber), VELK_FIELD(HwSDatablockCwop6VcoIdent, taz),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subh),  VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subl),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subh),  VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subl),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber).personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber).personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, lotNumber).personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, taz),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subh),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subl),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subh),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subl),
     VELK_FIELD(HwSDatablockCwop6VcoIdent, osc1Subh),
 };
 

@@ -18,7 +18,7 @@ using HwSDatablockIpcUser10040 = UserRecord<86>;
 static_assert(sizeof(HwSDatablockIpcUser10000) == 56 && sizeof(HwSDatablockIpcUser10040) == 94);
 
 template <class Record>
-inline constexpr FieldInfo userFields[] = {VELK_FIELD(Record, data)};
+inline constexpr FieldInfo userFields[] = {VELK_FIELD(Record, data).personal()};
 
 namespace detail {
 /// The text of a user record: its bytes as numbers, a line each.

@@ -26,7 +26,7 @@ inline constexpr FieldInfo serviceFields[] = {
     VELK_FIELD(HwSDatablockServiceData, serviceDate).asDate(),
     VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeHours", {.shift = 0, .width = 18}).in("h"),
     VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeTurnOn", {.shift = 18, .width = 14}),
-    VELK_FIELD(HwSDatablockServiceData, repairNumber),
+    VELK_FIELD(HwSDatablockServiceData, repairNumber).personal(),
     VELK_FIELD(HwSDatablockServiceData, serviceCode),
 };
 

@@ -45,7 +45,7 @@ std::ostream& HwTableBlock::writeExchangeText(std::ostream& os) const {
   return os;
 }
 
-std::istream& HwTableBlock::readExchangeText(std::istream& is) {
+std::istream& HwTableBlock::readExchangeText(std::istream& is, std::vector<std::string>* doubts) {
   if (exchange_ == nullptr) return is;
   detail::TableReader reader(*exchange_, *layout_, blockString_, baseId_, scale_);
   reader.read(is);
@@ -53,6 +53,7 @@ std::istream& HwTableBlock::readExchangeText(std::istream& is) {
   auto* const words = reinterpret_cast<unsigned short*>(image.data());
   detail::store(image, offsetof(HwSDatablockHeader, checksum), computeChecksum(words, layout_->record.size));
   setRecord(image.data());
+  if (doubts != nullptr) doubts->insert(doubts->end(), reader.doubts().begin(), reader.doubts().end());
   return is;
 }
 

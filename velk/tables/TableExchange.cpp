@@ -1,5 +1,6 @@
 #include "velk/tables/TableExchange.h"
 
+#include <charconv>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
@@ -48,6 +49,29 @@ void readHundredths(MutableBytes image, std::size_t cell, const char* text, doub
   store(image, cell, static_cast<float>(std::floor(number(text) * 100 + 0.5) * 0.01));
 }
 
+/// Whether a register word stands there, with its prefix or without.
+bool isWord(std::string_view token) {
+  constexpr int hexadecimal = 16;
+  if (token.starts_with("0x") || token.starts_with("0X")) token.remove_prefix(2);
+  unsigned word = 0;
+  const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), word, hexadecimal);
+  return error == std::errc{} && end == token.data() + token.size();
+}
+
+/// Whether a finite decimal number stands there.
+bool isDecimal(std::string_view token) {
+  if (token.starts_with('+')) token.remove_prefix(1);
+  double value = 0;
+  const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
+  return error == std::errc{} && end == token.data() + token.size() && std::isfinite(value);
+}
+
+/// Whether the number has no fraction and is one of 32 bits.
+bool isWhole(std::string_view token) {
+  const double value = isDecimal(token) ? number(std::string(token).c_str()) : NAN;
+  return value == std::trunc(value) && std::abs(value) <= std::numeric_limits<int>::max();
+}
+
 constexpr const char* wrongColumns = ": Number of columns read inadequate!";
 
 constexpr ExchangeMessages registerMessages = {
@@ -71,6 +95,7 @@ const ExchangeForm qelAttRegDataForm = {
     .isPrint = false,
     .writeCell = writeWord,
     .readCell = readWord,
+    .isNumber = isWord,
     .toleratedLines = 5,
     .messages = {.tooManyLines = registerMessages.tooManyLines,
                  .wrongColumns = " correspondent the number of columns not with the given value",
@@ -83,6 +108,7 @@ const ExchangeForm lornAttCalFreqForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
+    .isNumber = isDecimal,
     .toleratedLines = 2,
     .messages = columnMessages("Number of lines between ID: and COUNT: to large!"),
     .surplusRows = SurplusRows::Ignored,
@@ -93,6 +119,7 @@ const ExchangeForm lornAttRegAttenuationForm = {
     .isPrint = true,
     .writeCell = writeFixed<12, 2>,
     .readCell = readHundredths,
+    .isNumber = isDecimal,
     .toleratedLines = 5,
     .messages = registerMessages,
     .surplusRows = SurplusRows::TakenIfNoneAnnounced,
@@ -103,6 +130,7 @@ const ExchangeForm lornAttRegDataForm = {
     .isPrint = false,
     .writeCell = writePaddedWord,
     .readCell = readWord,
+    .isNumber = isWord,
     .toleratedLines = 5,
     .messages = registerMessages,
     .surplusRows = SurplusRows::TakenIfNoneAnnounced,
@@ -113,6 +141,7 @@ const ExchangeForm lornTempCompDataForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readWhole,
+    .isNumber = isWhole,
     .toleratedLines = 51,
     .messages = compensationMessages,
     .surplusRows = SurplusRows::Ignored,
@@ -123,6 +152,7 @@ const ExchangeForm lornTempCompFreqForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
+    .isNumber = isDecimal,
     .toleratedLines = 2,
     .messages = compensationMessages,
     .surplusRows = SurplusRows::Ignored,

@@ -26,7 +26,8 @@ struct ExchangeForm {
   bool isPrint;  ///< the table is printed in this form, not as a dump
   void (*writeCell)(TextWriter& text, double value);
   void (*readCell)(MutableBytes image, std::size_t cell, const char* text, double scale);
-  unsigned toleratedLines;  ///< between the ID and the COUNT line
+  bool (*isNumber)(std::string_view token);  ///< whether readCell takes the token for what it says
+  unsigned toleratedLines;                   ///< between the ID and the COUNT line
   ExchangeMessages messages;
   SurplusRows surplusRows;
 };

@@ -60,7 +60,7 @@ struct VELK_RECORD HwSTableExtended {
   bool operator==(const HwSTableExtended&) const = default;
 
   static constexpr std::array<FieldInfo, 4> fields(double scale) {
-    return {VELK_FIELD(HwSTableExtended, descriptors).asText(), VELK_FIELD(HwSTableExtended, rows),
+    return {VELK_FIELD(HwSTableExtended, descriptors).asText().personal(), VELK_FIELD(HwSTableExtended, rows),
             VELK_FIELD(HwSTableExtended, cols),
             VELK_FIELD(HwSTableExtended, cells).in("", scale).counted("rows", "cols")};
   }

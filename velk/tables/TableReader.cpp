@@ -1,5 +1,6 @@
 #include "velk/tables/TableReader.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <istream>
 
@@ -16,6 +17,15 @@ constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 unsigned countOf(const std::string& text) {
   constexpr int decimal = 10;
   return static_cast<unsigned>(std::strtol(text.c_str(), nullptr, decimal));
+}
+
+/// Whether nothing but a number stands there.
+bool isCount(std::string_view text) {
+  const auto begin = std::find_if_not(text.begin(), text.end(), isBlank);
+  const auto end = std::find_if(begin, text.end(), isBlank);
+  unsigned count = 0;
+  const auto [read, error] = std::from_chars(begin, end, count);
+  return error == std::errc{} && read == end && std::all_of(end, text.end(), isBlank);
 }
 
 }  // namespace
@@ -76,6 +86,7 @@ void TableReader::takeCount(std::string& line) {
   const std::string cols = star == line.npos ? line : line.substr(star + 1);
   store(image(), layout_.rowsOffset, countOf(rows));
   store(image(), layout_.colsOffset, countOf(cols));
+  if (!isCount(rows) || !isCount(cols)) doubts_.emplace_back("COUNT is not of the form \"rows * columns\"");
   state_ = State::ReadsRows;
 }
 
@@ -99,7 +110,11 @@ std::size_t TableReader::takeTokens(std::string_view tokens) {
   for (auto token = std::find_if_not(tokens.begin(), tokens.end(), isBlank); token != tokens.end(); ++count, ++cell) {
     if (cell < layout_.cellCount())
       form_.readCell(image(), layout_.cellsOffset + cell * layout_.cellSize, token, scale_);
-    token = std::find_if_not(std::find_if(token, tokens.end(), isBlank), tokens.end(), isBlank);
+    const auto end = std::find_if(token, tokens.end(), isBlank);
+    if (const std::string_view text(token, end); !form_.isNumber(text)) {
+      doubts_.push_back("row " + std::to_string(rowsRead_ + 1) + ": \"" + std::string(text) + "\" is no such number");
+    }
+    token = std::find_if_not(end, tokens.end(), isBlank);
   }
   return count;
 }

@@ -22,6 +22,8 @@ class TableReader {
   void read(std::istream& is);
   /// The image; its checksum is still to be computed.
   MutableBytes image() { return image_; }
+  /// What was taken for a number and is none, or not wholly, a sentence each.
+  const std::vector<std::string>& doubts() const { return doubts_; }
 
  private:
   enum class State { SeeksId, SeeksCount, ReadsRows, Done };
@@ -45,6 +47,7 @@ class TableReader {
   State state_ = State::SeeksId;
   unsigned linesSinceId_ = 0;
   std::uint64_t rowsRead_ = 0;
+  std::vector<std::string> doubts_;
 };
 
 }  // namespace Velk::detail
