@@ -24,8 +24,9 @@ VELK_EXPORT std::string setValue(detail::MutableBytes block, const BlockView& vi
 VELK_EXPORT void sealBlock(detail::MutableBytes block, BlockKind kind);
 
 /// Takes out of a block what tells the module from others of its kind, who had it and what users wrote into it: numbers
-/// of modules, lots and repairs, names, departments, network addresses, descriptions become zeros. The checksum follows, and one that was wrong stays as wrong as it was.
-/// Returns the names of the fields that held something. `block` are the bytes that `view` describes.
+/// of modules, lots and repairs, names, departments, network addresses, descriptions become zeros. The checksum
+/// follows, and one that was wrong stays as wrong as it was. Returns the names of the fields that held something.
+/// `block` are the bytes that `view` describes.
 VELK_EXPORT std::vector<std::string> redactBlock(detail::MutableBytes block, const BlockView& view);
 
 /// How far redaction reaches: what all bytes of a block tell may be known, of those that its fields cover only, or of

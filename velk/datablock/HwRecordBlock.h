@@ -188,7 +188,8 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
   }
   template <class T, std::size_t R, std::size_t C>
   T get(T (Record::*field)[R][C], std::int64_t row, std::int64_t column) const {
-    return isInside<R>(row) && isInside<C>(column) ? loadPadded<T>(place<T>(field, row * std::int64_t{C} + column)) : T{};
+    return isInside<R>(row) && isInside<C>(column) ? loadPadded<T>(place<T>(field, row * std::int64_t{C} + column))
+                                                   : T{};
   }
 
   template <class T>

@@ -25,7 +25,9 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   /// Takes the image over without a check, with the size that it claims; alignment becomes 0.
   void swapBlock(const Image* image) { swapImage(image); }
 
-  StorageType getStoredValue(std::int64_t row, std::int64_t col) const { return loadPadded<StorageType>(cell(row, col)); }
+  StorageType getStoredValue(std::int64_t row, std::int64_t col) const {
+    return loadPadded<StorageType>(cell(row, col));
+  }
   void setStoredValue(StorageType value, std::int64_t row, std::int64_t col) { storeField(cell(row, col), value); }
   /// The stored value times the scale; an integer type cuts what is behind the point.
   Value getValue(std::int64_t row, std::int64_t col) const {
