@@ -1,9 +1,22 @@
 #include "ValueText.h"
 
 #include "JsonWriter.h"
-#include "velk/data/BlockDiff.h"
+#include "velk/datablock/HexText.h"
 
 namespace VelkTool {
+namespace {
+
+/// The bytes of a value, as " (41 00 42)".
+std::string bytesText(const Velk::BlockView& block, const std::optional<Velk::FieldElement>& element) {
+  std::string text;
+  if (!element || !element->isInside(block.bytes.size())) return text;
+  for (const unsigned char byte : block.bytes.subspan(element->offset, element->size)) {
+    text += {text.empty() ? '(' : ' ', Velk::detail::hexDigits[byte >> 4U], Velk::detail::hexDigits[byte & 0xFU]};
+  }
+  return ' ' + text + ')';
+}
+
+}  // namespace
 
 std::string valueText(Velk::detail::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form) {
   std::string text = fieldText(block, element, form);
@@ -13,21 +26,25 @@ std::string valueText(Velk::detail::ConstBytes block, const Velk::FieldElement& 
   return text;
 }
 
-std::string changeText(const std::string& block, const std::string& path, const std::string& before,
-                       const std::string& after) {
-  return block + ' ' + path + ": " + before + " -> " + after;
+std::string sidesText(const Velk::BlockView& first, const Velk::BlockView& second, const Velk::Difference& difference) {
+  const auto text = [](const Velk::BlockView& view, const std::optional<Velk::FieldElement>& element) {
+    return element ? valueText(view.bytes, *element, Velk::ValueForm::Presented) : "none";
+  };
+  std::string before = text(first, difference.first);
+  std::string after = text(second, difference.second);
+  if (before == after) {
+    before += bytesText(first, difference.first);
+    after += bytesText(second, difference.second);
+  }
+  return before + " -> " + after;
 }
 
 void forEachChange(const Velk::BlockView& block, const QByteArray& changed,
                    const std::function<void(const std::string& change)>& act) {
   Velk::BlockView after = block;
   after.bytes = {reinterpret_cast<const unsigned char*>(changed.constData()), static_cast<std::size_t>(changed.size())};
-  const auto text = [](const Velk::BlockView& view, const std::optional<Velk::FieldElement>& element) {
-    return element ? valueText(view.bytes, *element, Velk::ValueForm::Presented) : "none";
-  };
   compareBlocks(block, after, [&](const Velk::Difference& difference) {
-    act(changeText(Velk::blockName(block), difference.path.text(), text(block, difference.first),
-                   text(after, difference.second)));
+    act(Velk::blockName(block) + ' ' + difference.path.text() + ": " + sidesText(block, after, difference));
   });
 }
 

@@ -58,17 +58,12 @@ class DiffText : public DiffWriter {
     }
   }
   void difference(const BlockPair& pair, const Difference& difference) override {
-    session_.write("  " + difference.path.text() + ": " + textOf(*pair.first, difference.first) + " -> " +
-                   textOf(*pair.second, difference.second) + '\n');
+    session_.write("  " + difference.path.text() + ": " + sidesText(*pair.first, *pair.second, difference) + '\n');
   }
   void endChanged() override {}
   void finish() override {}
 
  private:
-  static std::string textOf(const BlockView& block, const std::optional<FieldElement>& element) {
-    return element ? valueText(block.bytes, *element, ValueForm::Presented) : "none";
-  }
-
   Session& session_;
 };
 

@@ -39,7 +39,11 @@ int main(int argc, char** argv) {
       "datablocks.",
       "velk");
   app.set_version_flag("--version", "velk " VELK_VERSION);
-  app.require_subcommand(1);
+  // Behind the parser's look at what it does not know, which would be told of as no subcommand.
+  app.require_subcommand(0, 1);
+  app.callback([&app] {
+    if (app.get_subcommands().empty()) throw CLI::RequiredError::Subcommand(1);
+  });
   app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
              exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
 

@@ -82,7 +82,8 @@ class Editor {
       if (!refusal.empty()) {
         return refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
       }
-      changes += changeText(Velk::blockName(block), path, before, textOf(block, path, form)) + '\n';
+      changes.append(Velk::blockName(block)).append(" ").append(path).append(": ").append(before).append(" -> ");
+      changes.append(textOf(block, path, form)).append("\n");
     }
     Velk::sealBlock(bytes, block.kind);
     return changes;

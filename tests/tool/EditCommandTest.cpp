@@ -124,6 +124,14 @@ TEST_F(EditCommand, KeepsTheContainerAndABackup) {
   EXPECT_EQ(run({"diff", image + ".bak", image}).output, "IDENT_10 (id 10):\n  name: \"FILTER\" -> \"X\"\n");
 }
 
+TEST_F(EditCommand, DiffShowsTheBytesOfValuesThatReadAlike) {
+  QByteArray bytes = VelkTest::exampleImage("rf_board.bin");
+  bytes[43] = 'x';
+  EXPECT_EQ(run({"diff", "rf_board.bin", file("hidden.bin", bytes)}).output,
+            "IDENT_2 (id 2):\n  name: \"RF-BOARD\" (52 46 2D 42 4F 41 52 44 00 00 00 00 00 00) -> \"RF-BOARD\" "
+            "(52 46 2D 42 4F 41 52 44 00 00 00 00 00 78)\n");
+}
+
 TEST_F(EditCommand, DiffTellsBlocksThatComeAndGo) {
   QByteArray bytes = VelkTest::exampleImage("rf_board.bin");
   const QString longer = file("longer.bin", bytes.left(44) + bytes);

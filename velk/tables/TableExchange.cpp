@@ -69,7 +69,8 @@ bool isDecimal(std::string_view token) {
 /// Whether the number has no fraction and is one of 32 bits.
 bool isWhole(std::string_view token) {
   const double value = isDecimal(token) ? number(std::string(token).c_str()) : NAN;
-  return value == std::trunc(value) && std::abs(value) <= std::numeric_limits<int>::max();
+  using Cell = std::numeric_limits<int>;
+  return value == std::trunc(value) && value >= Cell::min() && value <= Cell::max();
 }
 
 constexpr const char* wrongColumns = ": Number of columns read inadequate!";
