@@ -16,6 +16,16 @@ namespace {
 
 using namespace Velk;
 
+/// Puts all elements of a record's lists in use.
+void fillCounts(detail::MutableBytes block, std::span<const FieldInfo> fields) {
+  for (const FieldInfo& list : fields) {
+    for (const auto& [counter, capacity] : {std::pair(list.usedRows, list.rows), std::pair(list.usedCols, list.cols)}) {
+      const auto field = std::ranges::find(fields, std::string_view(counter), &FieldInfo::name);
+      if (field != fields.end()) setFieldText(block, {&*field, field->offset}, std::to_string(capacity));
+    }
+  }
+}
+
 /// Sound blocks of classes drawn from the whole dictionary, full of numbers such as calibration gives, one behind the
 /// other up to `size` bytes.
 QByteArray calibratedImage(qsizetype size) {
@@ -39,6 +49,7 @@ QByteArray calibratedImage(qsizetype size) {
       setFieldText(view, element, {text, static_cast<std::size_t>(end - text)});
     };
     forEachValue(data.root(), {}, fill);
+    fillCounts(view, row.fields);
     sealBlock(view, BlockKind::OldStyle);
     image += bytes;
   }

@@ -3,14 +3,35 @@
 namespace Velk {
 namespace {
 
+/// Why so many elements cannot be in use; empty where they can.
+std::string excess(std::int64_t count, unsigned capacity, const FieldInfo& counted) {
+  if (count < 0) return std::to_string(count) + " is no count";
+  if (count <= capacity) return {};
+  return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + counted.name +
+         " has room for";
+}
+
+/// Calls `act` with the name of each member that counts others, what it counts, and how many of them there is room for.
+template <class Act>
+void forEachCounter(const DataNode& record, Act act) {
+  for (std::size_t i = 0; record.kind() == DataNode::Kind::Record && i < record.size(); ++i) {
+    const FieldInfo* const field = record[i].field();
+    if (field == nullptr) continue;
+    if (*field->usedRows != '\0') act(std::string_view(field->usedRows), *field, field->rows);
+    if (*field->usedCols != '\0') act(std::string_view(field->usedCols), *field, field->cols);
+  }
+}
+
 void doubtCounts(const BlockData& data, std::vector<std::string>& doubts) {
   const DataNode root = data.root();
-  for (std::size_t i = 0; i < root.size(); ++i) {
-    const auto value = root.valueAt(i);
-    if (!value || value->field->kind != FieldKind::Number) continue;
-    const std::string doubt = detail::noSuchCount(root, root.nameOf(i), integerValue(data.bytes(), *value));
-    if (!doubt.empty()) doubts.push_back(std::string(root.nameOf(i)) + ": " + doubt);
-  }
+  std::string_view last;  // lists that one member counts stand together
+  forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    const auto member = counter == last ? std::nullopt : root.find(counter);
+    if (!member) return;
+    last = counter;
+    const std::string doubt = excess(integerValue(data.bytes(), member->element()), capacity, counted);
+    if (!doubt.empty()) doubts.push_back(std::string(counter) + ": " + doubt);
+  });
 }
 
 void doubtTables(const BlockData& data, std::vector<std::string>& doubts) {
@@ -25,17 +46,11 @@ void doubtTables(const BlockData& data, std::vector<std::string>& doubts) {
 }  // namespace
 
 std::string detail::noSuchCount(const DataNode& record, std::string_view name, std::int64_t count) {
-  for (std::size_t i = 0; record.kind() == DataNode::Kind::Record && i < record.size(); ++i) {
-    const FieldInfo* const field = record[i].field();
-    if (field == nullptr) continue;
-    const unsigned capacity = name == field->usedRows ? field->rows : name == field->usedCols ? field->cols : 0;
-    if (capacity != 0 && count < 0) return std::to_string(count) + " is no count";
-    if (capacity != 0 && count > capacity) {
-      return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + field->name +
-             " has room for";
-    }
-  }
-  return {};
+  std::string reason;
+  forEachCounter(record, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    if (counter == name && reason.empty()) reason = excess(count, capacity, counted);
+  });
+  return reason;
 }
 
 std::vector<std::string> doubtsAbout(const BlockView& block) {
