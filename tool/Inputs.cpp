@@ -82,9 +82,7 @@ std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
 
 Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
   Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
-  if (inputs.redacted) {
-    redactImage(session, inputs, name, file.bytes, [](const Redaction&) {});
-  }
+  if (inputs.redacted) redactImage(inputs, file.bytes, [](const Redaction&) {});
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
   Input input{name, std::move(file), std::move(image)};
   if (!input.file.error.empty()) {

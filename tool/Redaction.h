@@ -15,10 +15,8 @@ struct Redaction {
   std::vector<std::string> taken;  ///< the fields that held something
 };
 
-/// Redacts every block of an image in place; `tell` sees each block, as it was. That bytes before the first block are
-/// left is told on standard error and counts.
-void redactImage(Session& session, const Inputs& inputs, const std::string& name, QByteArray& image,
-                 const std::function<void(const Redaction& redaction)>& tell);
+/// Redacts every block of an image in place; `tell` sees each block, as it was.
+void redactImage(const Inputs& inputs, QByteArray& image, const std::function<void(const Redaction& redaction)>& tell);
 
 /// Tells which bytes of a block redaction leaves because nobody knows what they tell, and counts it.
 void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block);

@@ -25,21 +25,23 @@ std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescri
 
 }  // namespace
 
-void Selection::noteFound(int id) const {
+void Selection::noteFound(const std::set<int>& found) const {
   const std::lock_guard lock(mutex_);
-  found_.insert(id);
+  found_.insert(found.begin(), found.end());
+  searched_ = true;
 }
 
-std::vector<int> Selection::missing() const {
+std::set<int> Selection::missing() const {
   const std::lock_guard lock(mutex_);
-  std::vector<int> missing;
-  std::ranges::copy_if(ids, std::back_inserter(missing), [this](int id) { return !found_.contains(id); });
+  std::set<int> missing;
+  if (searched_) missing.insert(ids.begin(), ids.end());
+  for (const int id : found_) missing.erase(id);
   return missing;
 }
 
-bool Selection::hasFound() const {
+bool Selection::isInVain() const {
   const std::lock_guard lock(mutex_);
-  return !found_.empty();
+  return searched_ && found_.empty();
 }
 
 std::shared_ptr<const Selection> addSelection(CLI::App& command) {
@@ -55,15 +57,17 @@ std::shared_ptr<const Selection> addBlockSelection(CLI::App& command) {
 void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
                   const std::function<void(const Velk::BlockView& block)>& act) {
   std::map<unsigned short, unsigned> seen;
+  std::set<int> found;
   for (const Velk::BlockView& block : image) {
     const bool isStray = block.kind == Velk::BlockKind::Stray;
     const bool hasId =
         selection.ids.empty() || (!isStray && std::ranges::find(selection.ids, block.id) != selection.ids.end());
     if (!hasId) continue;
     if (selection.occurrence != 0 && (isStray || ++seen[block.id] != selection.occurrence)) continue;
-    if (!selection.isEverything()) selection.noteFound(block.id);
+    if (!selection.isEverything()) found.insert(block.id);
     act(block);
   }
+  if (!selection.isEverything()) selection.noteFound(found);
 }
 
 std::string noSuchBlock(int id, unsigned occurrence) {
@@ -78,7 +82,7 @@ void tellMissing(Session& session, const Inputs& inputs, const Selection& select
     session.worsen(Exit::Findings);
   };
   for (const int id : selection.missing()) tell(noSuchBlock(id, selection.occurrence));
-  if (selection.ids.empty() && !selection.isEverything() && !selection.hasFound()) {
+  if (selection.ids.empty() && !selection.isEverything() && selection.isInVain()) {
     tell("has no id with " + std::to_string(selection.occurrence) + " blocks");
   }
 }

@@ -13,15 +13,17 @@ struct Selection {
   unsigned occurrence = 0;  ///< counted from 1 among the blocks of an id; 0: each
 
   bool isEverything() const { return ids.empty() && occurrence == 0; }
-  /// Remembers that some image has a block of this id that is selected.
-  void noteFound(int id) const;
-  /// The ids that were asked for and not found.
-  std::vector<int> missing() const;
-  bool hasFound() const;
+  /// Remembers that an image was looked through, and which ids of selected blocks it has.
+  void noteFound(const std::set<int>& found) const;
+  /// The ids that were asked for and are in none of the images; none without an image.
+  std::set<int> missing() const;
+  /// Whether there were images, and no block of theirs was selected.
+  bool isInVain() const;
 
  private:
   mutable std::mutex mutex_;
   mutable std::set<int> found_;
+  mutable bool searched_ = false;
 };
 
 /// Adds --id and --nth to a subcommand; the values are there when its callback runs.

@@ -25,6 +25,14 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
   return arguments;
 }
 
+/// Says what is wrong with the command line, or what was asked for; the parser's exit code. The first word that the
+/// parser does not know goes before all else: a mistyped one leaves another missing.
+int tell(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> unknown = app.remaining(true);
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success) || unknown.empty()) return app.exit(error);
+  return app.exit(CLI::ExtrasError({unknown.front()}));
+}
+
 }  // namespace
 
 // What escapes from here is memory running out, which ends the run.
@@ -39,11 +47,7 @@ int main(int argc, char** argv) {
       "datablocks.",
       "velk");
   app.set_version_flag("--version", "velk " VELK_VERSION);
-  // Behind the parser's look at what it does not know, which would be told of as no subcommand.
-  app.require_subcommand(0, 1);
-  app.callback([&app] {
-    if (app.get_subcommands().empty()) throw CLI::RequiredError::Subcommand(1);
-  });
+  app.require_subcommand(1);
   app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
              exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
 
@@ -62,7 +66,7 @@ int main(int argc, char** argv) {
   try {
     app.parse(argumentsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
-    session.worsen(app.exit(error) == 0 ? Exit::Good : Exit::Usage);
+    session.worsen(tell(app, error) == 0 ? Exit::Good : Exit::Usage);
     if (!std::cout.flush()) session.worsen(Exit::NoAccess);
   }
   session.flush();

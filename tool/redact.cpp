@@ -12,8 +12,12 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
   if (!output.accepts(session, name)) return;
   Input input = openInput(session, inputs, name);
   if (!input.file.error.empty()) return;
+  if (inputs.offset != 0) {
+    session.complain(name, "what stands before offset " + offsetText(inputs.offset) + " is left as it is");
+    session.worsen(Exit::Findings);
+  }
   std::string taken;
-  redactImage(session, inputs, name, input.file.bytes, [&](const Redaction& redaction) {
+  redactImage(inputs, input.file.bytes, [&](const Redaction& redaction) {
     for (const std::string& field : redaction.taken) {
       taken +=
           Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';

@@ -1,4 +1,5 @@
 #include <ostream>
+#include <sstream>
 
 #include "Files.h"
 #include "Images.h"
@@ -12,10 +13,16 @@ namespace {
 
 /// Tells what an import of the text would change in the block.
 void tellLosses(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& text) {
+  const auto tell = [&](const std::string& what) { session.complain(file, placeText(block) + ": the text " + what); };
   const auto again = makeExchangeTable(block.id);
-  readInto(*again, text);
+  std::istringstream refusals(readInto(*again, text));
+  for (std::string refusal; std::getline(refusals, refusal);) tell("will not be read back: " + refusal);
   const QByteArray bytes = replacementOf(block, *again);
-  if (bytes.size() != static_cast<qsizetype>(block.bytes.size())) return;
+  const auto length = static_cast<qsizetype>(block.bytes.size());
+  if (bytes.size() != length) {
+    return tell("is that of a table of " + std::to_string(bytes.size()) + " bytes, and the block has " +
+                std::to_string(length));
+  }
   std::string first;
   std::size_t count = 0;
   forEachChange(block, bytes, [&](const std::string& change) {
@@ -23,7 +30,7 @@ void tellLosses(Session& session, const std::string& file, const Velk::BlockView
   });
   if (count == 0) return;
   const std::string others = count == 1 ? "" : " and " + std::to_string(count - 1) + " more";
-  session.complain(file, placeText(block) + ": the text does not carry all, an import makes of " + first + others);
+  tell("does not carry all, an import makes of " + first + others);
 }
 
 void writeTable(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& out) {

@@ -69,6 +69,12 @@ TEST(MemoryImage, BlocksWithACrcAreFoundBehindDamageAsWell) {
   image[570 + 12] = static_cast<char>(image[570 + 12] + 1);
   EXPECT_NE(walked(image).find("44 ID_1040 526 damaged size, 570 ID_1042 20 sound"), std::string::npos)
       << "whose checksum did not follow the counter: " << walked(image);
+
+  // What is left of a counter is none where nothing begins behind what it claims.
+  const QByteArray ident = VelkTest::exampleImage("rf_board.bin").left(44);
+  const QByteArray remains =
+      VelkTest::fromHex("02 00 03 00 00 00 00 00 00 00 00 00 12 04 3C 00 01 00 00 00 3C 00 2D 45");
+  EXPECT_EQ(walked(remains + ident + ident), "0 IDENT_2 24 damaged size, 24 IDENT_2 44 sound, 68 IDENT_2 44 sound");
 }
 
 TEST(MemoryImage, AnEndBlockIsFoundBehindDamageWhateverItsDataWord) {

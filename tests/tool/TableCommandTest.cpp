@@ -86,6 +86,12 @@ TEST_F(TableCommand, ImportRefusesWordsThatAreNoNumbers) {
   EXPECT_EQ(refusal("15798", "1 * 1", "1O"), "row 1: \"1O\" is no such number\n");
   EXPECT_EQ(refusal("15798", "1 * 2", "1 2,5"), "row 1: \"2,5\" is no such number\n");
   EXPECT_EQ(refusal("15798", "1 * 1", "nan"), "row 1: \"nan\" is no such number\n");
+  EXPECT_EQ(refusal("15798", "1 * 1", "+-1.5"), "row 1: \"+-1.5\" is no such number\n");
+  EXPECT_EQ(refusal("15798", "1 * 1", "1e39"), "row 1: \"1e39\" is no such number\n") << "no float is so large";
+  EXPECT_EQ(refusal("15798", "1 * 1", "1e-400"), "") << "the nearest is 0";
+  EXPECT_EQ(refusal("15798", "1 * 1", "1\n2: 2"), "there are more rows than COUNT announces\n");
+  EXPECT_EQ(refusal("15771", "1 * 1", "1\n2: 2"), "there are more rows than COUNT announces\n");
+  EXPECT_EQ(refusal("15771", "1 * 1", "1\nend\n2: 2"), "") << "a line without a colon ends the table";
   EXPECT_EQ(refusal("15750", "1 * 1", "0XfFfFfFfF"), "");
   EXPECT_EQ(refusal("15750", "1 * 1", "1FFFFFFFF"), "row 1: \"1FFFFFFFF\" is no such number\n");
   EXPECT_EQ(refusal("15750", "1 * 1", "-1"), "row 1: \"-1\" is no such number\n");

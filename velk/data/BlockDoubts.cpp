@@ -1,5 +1,7 @@
 #include "velk/data/BlockDoubts.h"
 
+#include <algorithm>
+
 namespace Velk {
 namespace {
 
@@ -24,11 +26,12 @@ void forEachCounter(const DataNode& record, Act act) {
 
 void doubtCounts(const BlockData& data, std::vector<std::string>& doubts) {
   const DataNode root = data.root();
-  std::string_view last;  // lists that one member counts stand together
+  std::vector<std::string_view> seen;  // a member may count several lists
   forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
-    const auto member = counter == last ? std::nullopt : root.find(counter);
+    if (std::ranges::find(seen, counter) != seen.end()) return;
+    seen.push_back(counter);
+    const auto member = root.find(counter);
     if (!member) return;
-    last = counter;
     const std::string doubt = excess(integerValue(data.bytes(), member->element()), capacity, counted);
     if (!doubt.empty()) doubts.push_back(std::string(counter) + ": " + doubt);
   });

@@ -220,7 +220,10 @@ std::string fieldText(ConstBytes block, FieldElement element, ValueForm form) {
 }
 
 std::string fieldLimits(const FieldInfo& field, ValueForm form) {
-  if (field.kind == FieldKind::Date) return "1980-01-01 to 2107-12-31";
+  if (field.kind == FieldKind::Date) {
+    const std::string calendar = "1980-01-01 to 2107-12-31";
+    return form == ValueForm::Presented ? calendar : calendar + ", or 0 to 65535";
+  }
   const bool scaled = form == ValueForm::Presented && detail::isScaled(field);
   const auto limits = [&](auto least, auto most) {
     const auto text = [&](auto number) {

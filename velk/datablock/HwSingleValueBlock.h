@@ -16,13 +16,13 @@ static_assert(sizeof(SingleValueRecord) == 16);
 
 inline constexpr FieldInfo singleValueFields[] = {
     VELK_FIELD(SingleValueRecord, count),
-    VELK_FIELD(SingleValueRecord, value),
+    VELK_FIELD(SingleValueRecord, value).counted("count"),
 };
 
 /// The value of some blocks has no sign.
 inline constexpr FieldInfo unsignedSingleValueFields[] = {
     singleValueFields[0],
-    detail::describeField<unsigned int>("value", offsetof(SingleValueRecord, value)),
+    detail::describeField<unsigned int>("value", offsetof(SingleValueRecord, value)).counted("count"),
 };
 
 /// Completes the traits of a single-value class by what they have in common.

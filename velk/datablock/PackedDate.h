@@ -24,7 +24,7 @@ struct PackedDate {
   }
 };
 
-/// A stored date as text: 2017-03-15.
+/// A date as text: 2017-03-15. Its parts are those of a stored date.
 class DateText {
  public:
   explicit DateText(PackedDate date) {
@@ -38,7 +38,7 @@ class DateText {
   std::string_view view() const { return {digits_, sizeof digits_}; }
 
  private:
-  char digits_[10];
+  char digits_[10]{};
 };
 
 }  // namespace Velk

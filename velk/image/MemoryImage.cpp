@@ -233,17 +233,43 @@ bool BlockWalk::endBlockAt(std::uint64_t offset) const {
 }
 
 bool BlockWalk::soundBlockAt(std::uint64_t offset) {
+  const ConstBytes block = claimedBlockAt(offset);
+  if (block.empty()) return false;
+  if (!hasCounterIdentifier(block)) return isSoundWithSum(offset, block);
+  // No checksum follows the counters: that something begins where they end speaks for a block as well.
+  return hasRightSum(offset, block) || blockBeginsAt(offset + block.size());
+}
+
+/// The block at an offset, as long as it claims to be; nothing where it cannot be.
+ConstBytes BlockWalk::claimedBlockAt(std::uint64_t offset) const {
   const ConstBytes ahead = image_.subspan(offset);
   const std::size_t size = sizeOf(ahead);
-  if (size < headerSize || size > ahead.size()) return false;
-  const ConstBytes block = ahead.first(size);
-  if (hasCounterIdentifier(block)) return true;
-  if (sums_[(offset + size) / 2] != sums_[offset / 2]) return false;
-  const CatalogueRow* const row = findCatalogueRow(idOf(block), static_cast<unsigned short>(size));
-  if (row != nullptr && row->acceptsSize(static_cast<unsigned short>(size))) return true;
-  if (size > checkable_) return false;
-  checkable_ -= size;
-  return hasRightCrc(block);
+  return size < headerSize || size > ahead.size() ? ConstBytes{} : ahead.first(size);
+}
+
+bool BlockWalk::hasRightSum(std::uint64_t offset, ConstBytes block) {
+  if (offset % 2 == 0) return sums_[(offset + block.size()) / 2] == sums_[offset / 2];
+  return mayCheck(block) && detail::sumOfWords(block) == 0;
+}
+
+bool BlockWalk::mayCheck(ConstBytes block) {
+  if (block.size() > checkable_) return false;
+  checkable_ -= block.size();
+  return true;
+}
+
+/// Whether a block that is no event counter has a right sum, and a known id with its own size or a right CRC-32.
+bool BlockWalk::isSoundWithSum(std::uint64_t offset, ConstBytes block) {
+  if (!hasRightSum(offset, block)) return false;
+  const CatalogueRow* const row = findCatalogueRow(idOf(block), sizeOf(block));
+  return (row != nullptr && row->acceptsSize(sizeOf(block))) || (mayCheck(block) && hasRightCrc(block));
+}
+
+/// Whether a block begins at an offset, for all that a short look at it tells, or the memory ends there.
+bool BlockWalk::blockBeginsAt(std::uint64_t offset) {
+  if (offset >= image_.size() || endBlockAt(offset)) return true;
+  const ConstBytes block = claimedBlockAt(offset);
+  return !block.empty() && (hasCounterIdentifier(block) || isSoundWithSum(offset, block));
 }
 
 void BlockWalk::surveyImage() {

@@ -68,7 +68,8 @@ VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 /// Nothing is lost: every byte is in some view, but for the erased memory behind the end block. Where a block's size
 /// cannot be believed, its view reaches to the next even offset at which a sound block begins, or else the end of the
 /// memory is due: one with a right checksum, and a known id and its own size or a right CRC-32; or one with an event
-/// counter's identifier. Walking takes time in proportion to the bytes, whatever they are.
+/// counter's identifier and, where its checksum is wrong, the beginning of a block behind it. Walking takes time in
+/// proportion to the bytes, whatever they are.
 ///
 /// The image owns its bytes; views and iterators are valid while it lives.
 ///
@@ -111,7 +112,13 @@ class VELK_EXPORT BlockWalk {
   void takeBlock();
   std::uint64_t resumeBehind(std::uint64_t offset);
   bool soundBlockAt(std::uint64_t offset);
+  bool blockBeginsAt(std::uint64_t offset);
   bool endBlockAt(std::uint64_t offset) const;
+  detail::ConstBytes claimedBlockAt(std::uint64_t offset) const;
+  bool isSoundWithSum(std::uint64_t offset, detail::ConstBytes block);
+  bool hasRightSum(std::uint64_t offset, detail::ConstBytes block);
+  /// Takes a block's bytes off those that may still be looked at.
+  bool mayCheck(detail::ConstBytes block);
   void surveyImage();
 
   detail::ConstBytes rest() const { return image_.subspan(position_); }
@@ -125,7 +132,8 @@ class VELK_EXPORT BlockWalk {
   /// offset, and where the erased memory at its end begins.
   std::vector<unsigned short> sums_;
   std::uint64_t erasedFrom_ = 0;
-  /// Of how many bytes a CRC-32 may still be made in that search, whose time would else depend on what they are.
+  /// How many bytes may still be summed up or made a CRC-32 of in that search, whose time would else depend on what
+  /// they are.
   std::uint64_t checkable_ = 0;
 };
 

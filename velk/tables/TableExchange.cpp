@@ -58,19 +58,24 @@ bool isWord(std::string_view token) {
   return error == std::errc{} && end == token.data() + token.size();
 }
 
-/// Whether a finite decimal number stands there.
-bool isDecimal(std::string_view token) {
+/// The decimal number that a token is, or NaN.
+double decimal(std::string_view token) {
+  const std::string whole(token);
   if (token.starts_with('+')) token.remove_prefix(1);
+  const bool isSignedTwice = token.size() < whole.size() && token.starts_with('-');
   double value = 0;
   const auto [end, error] = std::from_chars(token.data(), token.data() + token.size(), value);
-  return error == std::errc{} && end == token.data() + token.size() && std::isfinite(value);
+  const bool isNumber = error != std::errc::invalid_argument && end == token.data() + token.size();
+  return isNumber && !isSignedTwice ? number(whole.c_str()) : std::numeric_limits<double>::quiet_NaN();
 }
 
-/// Whether the number has no fraction and is one of 32 bits.
-bool isWhole(std::string_view token) {
-  const double value = isDecimal(token) ? number(std::string(token).c_str()) : NAN;
-  using Cell = std::numeric_limits<int>;
-  return value == std::trunc(value) && value >= Cell::min() && value <= Cell::max();
+/// Whether a decimal number stands there that a cell of the type can hold; of integers without a fraction.
+template <class Cell>
+bool isDecimal(std::string_view token) {
+  const double value = decimal(token);
+  const bool fits = value >= static_cast<double>(std::numeric_limits<Cell>::lowest()) &&
+                    value <= static_cast<double>(std::numeric_limits<Cell>::max());
+  return fits && (!std::is_integral_v<Cell> || value == std::trunc(value));
 }
 
 constexpr const char* wrongColumns = ": Number of columns read inadequate!";
@@ -109,7 +114,7 @@ const ExchangeForm lornAttCalFreqForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
-    .isNumber = isDecimal,
+    .isNumber = isDecimal<double>,
     .toleratedLines = 2,
     .messages = columnMessages("Number of lines between ID: and COUNT: to large!"),
     .surplusRows = SurplusRows::Ignored,
@@ -120,7 +125,7 @@ const ExchangeForm lornAttRegAttenuationForm = {
     .isPrint = true,
     .writeCell = writeFixed<12, 2>,
     .readCell = readHundredths,
-    .isNumber = isDecimal,
+    .isNumber = isDecimal<float>,
     .toleratedLines = 5,
     .messages = registerMessages,
     .surplusRows = SurplusRows::TakenIfNoneAnnounced,
@@ -142,7 +147,7 @@ const ExchangeForm lornTempCompDataForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readWhole,
-    .isNumber = isWhole,
+    .isNumber = isDecimal<int>,
     .toleratedLines = 51,
     .messages = compensationMessages,
     .surplusRows = SurplusRows::Ignored,
@@ -153,7 +158,7 @@ const ExchangeForm lornTempCompFreqForm = {
     .isPrint = true,
     .writeCell = writeLong,
     .readCell = readScaled,
-    .isNumber = isDecimal,
+    .isNumber = isDecimal<double>,
     .toleratedLines = 2,
     .messages = compensationMessages,
     .surplusRows = SurplusRows::Ignored,

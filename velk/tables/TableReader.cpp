@@ -60,6 +60,8 @@ void TableReader::takeLine(std::string& line) {
       return takeCount(line);
     case State::ReadsRows:
       return takeRow(line);
+    case State::Full:
+      return endRows(line);
     case State::Done:
       return;
   }
@@ -92,14 +94,17 @@ void TableReader::takeCount(std::string& line) {
 
 void TableReader::takeRow(const std::string& line) {
   const std::size_t colon = line.find(':');
-  if (colon == line.npos || (form_.surplusRows == SurplusRows::Ignored && rowsRead_ >= rows())) {
-    state_ = State::Done;
-    return;
-  }
+  if (colon == line.npos || (form_.surplusRows == SurplusRows::Ignored && rowsRead_ >= rows())) return endRows(line);
   const std::size_t tokens = takeTokens(std::string_view(line).substr(colon + 1));
   ++rowsRead_;
   if (tokens != cols()) report("In Row =" + std::to_string(rowsRead_) + form_.messages.wrongColumns);
-  if (form_.surplusRows == SurplusRows::TakenIfNoneAnnounced && rowsRead_ == rows()) state_ = State::Done;
+  if (form_.surplusRows == SurplusRows::TakenIfNoneAnnounced && rowsRead_ == rows()) state_ = State::Full;
+}
+
+/// Takes the line behind the last row that is taken.
+void TableReader::endRows(const std::string& line) {
+  if (line.find(':') != line.npos) doubts_.emplace_back("there are more rows than COUNT announces");
+  state_ = State::Done;
 }
 
 /// Stores the numbers of one row, on into the next row where there are too many, and returns how many there are.

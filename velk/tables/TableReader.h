@@ -22,16 +22,17 @@ class TableReader {
   void read(std::istream& is);
   /// The image; its checksum is still to be computed.
   MutableBytes image() { return image_; }
-  /// What was taken for a number and is none, or not wholly, a sentence each.
+  /// What was taken for a number and is none, or not wholly, and what was not taken at all, a sentence each.
   const std::vector<std::string>& doubts() const { return doubts_; }
 
  private:
-  enum class State { SeeksId, SeeksCount, ReadsRows, Done };
+  enum class State { SeeksId, SeeksCount, ReadsRows, Full, Done };
 
   void takeLine(std::string& line);
   void takeId(const std::string& line);
   void takeCount(std::string& line);
   void takeRow(const std::string& line);
+  void endRows(const std::string& line);
   std::size_t takeTokens(std::string_view tokens);
   void finish();
 
