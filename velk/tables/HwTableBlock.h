@@ -53,8 +53,8 @@ class VELK_EXPORT HwTableBlock : public HwRecordBlock {
   std::ostream& writeExchangeText(std::ostream& os) const;
   /// Replaces the whole table by what a text says, which is searched from its start for the table's ID line. What is
   /// wrong with the text is written to the Console's output, a line each; the table is replaced all the same and its
-  /// checksum is right. `doubts`, unless null, gets a sentence for each word that was taken for a number and is none, or
-  /// not wholly, and for rows that were not taken: of those the Console's output says nothing.
+  /// checksum is right. `doubts`, unless null, gets a sentence for each word that was taken for a number and is none,
+  /// or not wholly, and for rows that were not taken: of those the Console's output says nothing.
   std::istream& readExchangeText(std::istream& is, std::vector<std::string>* doubts = nullptr);
 
  protected:
