@@ -28,13 +28,18 @@ const CatalogueRow& claimId(MutableBytes block) {
   return *findCatalogueRow(known);
 }
 
+/// Printing leaves the block as it is, in whichever format.
 void print(HwDatablock& block, HwDatablock& raw) {
   static HwDatablockOldStyleInterpreter interpreter;
   VelkFuzz::LimitedStream stream;
   block.printToStream(stream);
   VelkFuzz::LimitedStream other;
   const bool inDictionary = findDictionaryRow(raw.getId()) != nullptr;
+  const QByteArray before = raw.getByteArrayData();
+  raw.setDataFormatTyp(raw.getChecksum() % 2 == 0 ? INTEL_Conform : PPC_Conform);
   FUZZ_EXPECT(interpreter.printHwDatablockOldStyleInfo(&raw, other) == inDictionary);
+  FUZZ_EXPECT(raw.getByteArrayData() == before);
+  raw.setDataFormatTyp(INTEL_Conform);
 }
 
 /// A conversion keeps the length and what a checksum protects.
