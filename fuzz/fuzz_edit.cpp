@@ -7,6 +7,7 @@
 #include "../tool/DataJson.h"
 #include "FuzzSupport.h"
 #include "velk/data/BlockDiff.h"
+#include "velk/data/BlockDoubts.h"
 #include "velk/data/BlockEdit.h"
 
 namespace {
@@ -115,6 +116,27 @@ void exportBlock(const BlockView& block) {
   }
 }
 
+/// What is doubted of a count is what an edit to it is refused for, and but the last table may be cut off.
+void doubt(const BlockView& block) {
+  const BlockData data(block, Extent::Capacity);
+  std::size_t tables = 0;
+  for (const std::string& doubt : doubtsAbout(block)) {
+    if (doubt.starts_with("tables[")) {
+      ++tables;
+      continue;
+    }
+    const std::string counter = doubt.substr(0, doubt.find(':'));
+    const DataLookup found = findValue(data.root(), counter);
+    FUZZ_EXPECT(found.value);
+    const FieldElement& count = found.value->element();
+    if (!count.isInside(block.bytes.size())) continue;
+    QByteArray bytes = copyOf(block);
+    const std::string claimed = fieldText(block.bytes, count);
+    FUZZ_EXPECT(setValue(writable(bytes), block, counter, claimed, ValueForm::Stored) == doubt);
+  }
+  FUZZ_EXPECT(tables <= 1);
+}
+
 void redact(const BlockView& block) {
   QByteArray bytes = copyOf(block);
   BlockView view = block;
@@ -144,6 +166,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       edit(bytes, block, random);
     }
     exportBlock(found);
+    doubt(found);
     redact(found);
   }
   return 0;

@@ -150,7 +150,13 @@ TEST_F(Command, OutputThatCannotBeWrittenIsToldBesideOtherTrouble) {
 TEST_F(Command, WrongUsageIsNoFinding) {
   EXPECT_EQ(run({}).exitCode, 2);
   EXPECT_EQ(run({"list"}).exitCode, 2);
-  EXPECT_EQ(run({"frobnicate"}).exitCode, 2);
+  for (const QStringList& mistyped :
+       {QStringList{"frobnicate", "x"}, {"table", "frobnicate"}, {"list", "frobnicate"}}) {
+    const Outcome result = run(mistyped);
+    EXPECT_EQ(result.exitCode, mistyped.front() == "list" ? 3 : 2);
+    EXPECT_NE(result.errors.find("frobnicate"), std::string::npos) << result.errors;
+  }
+  EXPECT_NE(run({"list", "--frobnicate"}).errors.find("--frobnicate"), std::string::npos);
   EXPECT_EQ(run({"print", "--id", "65536", "rf_board.bin"}).exitCode, 2);
   EXPECT_EQ(run({"print", "--id", "x", "rf_board.bin"}).exitCode, 2);
   for (const QStringList& arguments : {QStringList{"--help"}, {"list", "--help"}, {"--version"}}) {

@@ -97,7 +97,7 @@ TEST_F(TableCommand, ImportRefusesWordsThatAreNoNumbers) {
   EXPECT_EQ(refusal("15750", "1 * 1", "-1"), "row 1: \"-1\" is no such number\n");
   EXPECT_EQ(refusal("15771", "1 * 1", "-7"), "");
   EXPECT_EQ(refusal("15771", "1 * 1", "-7.5"), "row 1: \"-7.5\" is no such number\n");
-  EXPECT_EQ(refusal("15750", "4294967297 * 1", "1").substr(0, 55), "COUNT is not of the form \"rows * columns\"\n");
+  EXPECT_EQ(refusal("15750", "4294967297 * 1", "1"), "COUNT is not of the form \"rows * columns\"\n");
 }
 
 TEST_F(TableCommand, TextsThatDoNotCarryAllAreTold) {
