@@ -1,66 +1,71 @@
 #include "Files.h"
 
-#include <QFileInfo>
-#include <QSaveFile>
-#include <filesystem>
-#include <memory>
+#include <unistd.h>
 
 #include "velk/image/ImageFile.h"
 
 namespace VelkTool {
 namespace {
 
-QFileInfo infoOf(const std::string& path) { return QFileInfo(QFile::decodeName(path.c_str())); }
+std::string_view textOf(const QByteArray& bytes) { return {bytes.constData(), static_cast<std::size_t>(bytes.size())}; }
+
+/// Reports that a file could not be written.
+bool fail(Session& session, const std::string& name, const std::string& reason) {
+  session.complain(name, reason);
+  session.worsen(Exit::NoAccess);
+  return false;
+}
+
+bool finish(Session& session, const std::string& name, Velk::FileReplacement& file) {
+  const Velk::WriteOutcome outcome = file.commit();
+  if (outcome == Velk::WriteOutcome::Unchanged) return fail(session, name, file.error());
+  if (outcome == Velk::WriteOutcome::WriteDoubt) {
+    session.complain(name, "is written, but may be lost if the machine stops now: " + file.error());
+    session.worsen(Exit::Findings);
+  }
+  return true;
+}
 
 }  // namespace
 
 std::optional<std::string> readText(Session& session, const std::string& path) {
   const Velk::ImageFile file = Velk::readImageFile(path, Velk::ImageFormat::Raw);
   if (file.error.empty()) return file.bytes.toStdString();
-  session.complain(path, file.error);
-  session.worsen(Exit::NoAccess);
+  fail(session, path, file.error);
   return std::nullopt;
 }
 
-bool writeFile(Session& session, const std::string& path, const QByteArray& bytes, const std::string& like) {
-  if (path == standardOutput) {
-    session.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    return true;
-  }
-  const bool replaces = !isStream(path);
-  const QString name = QFile::decodeName(path.c_str());
-  const std::unique_ptr<QFileDevice> file =
-      replaces ? std::unique_ptr<QFileDevice>(std::make_unique<QSaveFile>(name)) : std::make_unique<QFile>(name);
-  auto* const saved = qobject_cast<QSaveFile*>(file.get());
-  const auto takePermissions = [&] { return like.empty() || file->setPermissions(infoOf(like).permissions()); };
-  if (file->open(QIODevice::WriteOnly) && takePermissions() && file->write(bytes) == bytes.size() &&
-      (saved != nullptr ? saved->commit() : file->flush())) {
-    return true;
-  }
-  session.complain(path, file->errorString().toStdString());
-  session.worsen(Exit::NoAccess);
-  return false;
-}
-
-bool copyFile(Session& session, const std::string& from, const std::string& to) {
-  const std::optional<std::string> contents = readText(session, from);
-  // What the owner kept from others stays so.
-  return contents && writeFile(session, to, QByteArray::fromStdString(*contents), from);
-}
-
-bool isStream(const std::string& path) {
-  return path == standardOutput || (infoOf(path).exists() && !infoOf(path).isFile());
-}
-
-bool isPipe(const std::string& path) {
-  std::error_code unknown;
-  return std::filesystem::is_fifo(path, unknown);
+std::optional<Velk::FileTarget> outputTarget(Session& session, const std::string& path) {
+  if (path == standardOutput) return Velk::FileTarget{Velk::FileTarget::Kind::Descriptor, {}, {}, STDOUT_FILENO};
+  std::string error;
+  auto target = Velk::findTarget(path, error);
+  if (!target) fail(session, path, error);
+  return target;
 }
 
 bool isSameFile(const std::string& path, const std::string& other) {
-  const QString canonical = infoOf(path).canonicalFilePath();
-  return path != "-" && other != standardOutput && !canonical.isEmpty() &&
-         canonical == infoOf(other).canonicalFilePath();
+  std::string error;
+  if (path == "-" || other == standardOutput) return false;
+  const auto target = Velk::findTarget(path, error);
+  const auto otherTarget = Velk::findTarget(other, error);
+  return target && otherTarget && target->isSame(*otherTarget);
+}
+
+bool writeFile(Session& session, const std::string& name, const Velk::FileTarget& target, const QByteArray& bytes,
+               std::string_view report, const Velk::FileTarget& model) {
+  if (target.descriptor == STDOUT_FILENO) {
+    session.write(textOf(bytes));
+    return session.flush();
+  }
+  Velk::FileReplacement file(target, textOf(bytes), model);
+  if (!file.error().empty()) return fail(session, name, file.error());
+  session.write(report);
+  return session.flush() && finish(session, name, file);
+}
+
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
+  const auto target = outputTarget(session, path);
+  return target && writeFile(session, path, *target, bytes);
 }
 
 }  // namespace VelkTool

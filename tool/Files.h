@@ -6,30 +6,28 @@
 #include <string_view>
 
 #include "Session.h"
+#include "velk/files/FileReplacement.h"
+#include "velk/files/FileTarget.h"
 
 namespace VelkTool {
 
-/// The whole of a text file, - being standard input; nothing, told and counted, where it cannot be read.
-std::optional<std::string> readText(Session& session, const std::string& path);
-
-/// What stands for standard output in place of a file's name.
+/// Stands for standard output in place of a file's name.
 inline constexpr std::string_view standardOutput = "-";
 
-/// Writes a file whole or leaves it as it was: a temporary beside it takes its name, with the permissions of `like`
-/// where one is named. Devices, pipes and standard output are written to. Whether it could be done; a failure is told
-/// and counted.
-bool writeFile(Session& session, const std::string& path, const QByteArray& bytes, const std::string& like = {});
+/// The whole of a text file, - being standard input. Where it cannot be read, that is reported and counted.
+std::optional<std::string> readText(Session& session, const std::string& path);
 
-/// Copies a file over another, with the same guarantee. Whether it could be done.
-bool copyFile(Session& session, const std::string& from, const std::string& to);
+/// What a path leads to, - being standard output. Where that cannot be found out, it is reported and counted.
+std::optional<Velk::FileTarget> outputTarget(Session& session, const std::string& path);
 
-/// Whether what is written to a path goes on to somebody and stays in no file: standard output, a device or a pipe.
-bool isStream(const std::string& path);
-
-/// Whether what is read from a path is gone then.
-bool isPipe(const std::string& path);
-
-/// Whether both paths lead to one file. Standard input is no file.
+/// Whether both paths lead to one file. Standard input and output are no files.
 bool isSameFile(const std::string& path, const std::string& other);
+
+/// Writes `bytes` in place of what `target` has, whole or not at all; `name` is what the user calls it. What `report`
+/// says of the change, if anything, is written to standard output before the last step: no change goes unreported.
+/// Returns whether the new contents are there. A failure is reported and counted.
+bool writeFile(Session& session, const std::string& name, const Velk::FileTarget& target, const QByteArray& bytes,
+               std::string_view report = {}, const Velk::FileTarget& model = {});
+bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
 
 }  // namespace VelkTool

@@ -1,6 +1,9 @@
 #include "Inputs.h"
 
+#include <cerrno>
+#include <cstring>
 #include <map>
+#include <new>
 #include <utility>
 
 #include "Images.h"
@@ -69,6 +72,24 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   return inputs;
 }
 
+Input readInput(const Inputs& inputs, const std::string& name) try {
+  Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
+  if (inputs.redacted) redactImage(inputs, file.bytes, [](const Redaction&) {});
+  Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
+  return {name, std::move(file), std::move(image)};
+} catch (const std::bad_alloc&) {
+  return {name, {.error = std::strerror(ENOMEM)}, Velk::MemoryImage(QByteArray())};
+}
+
+/// Does `act`; where memory ends, the file is given up and the run goes on.
+template <class Act>
+void unlessOutOfMemory(Session& session, const std::string& name, Act act) try {
+  act();
+} catch (const std::bad_alloc&) {
+  session.complain(name, std::strerror(ENOMEM));
+  session.worsen(Exit::NoAccess);
+}
+
 }  // namespace
 
 std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return makeInputs(command, count); }
@@ -81,10 +102,7 @@ std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
 }
 
 Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
-  Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
-  if (inputs.redacted) redactImage(inputs, file.bytes, [](const Redaction&) {});
-  Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
-  Input input{name, std::move(file), std::move(image)};
+  Input input = readInput(inputs, name);
   if (!input.file.error.empty()) {
     session.complain(name, input.file.error);
     session.worsen(Exit::NoAccess);
@@ -108,15 +126,19 @@ void tellOf(Session& session, const Inputs& inputs, const std::string& file, con
 
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act) {
   for (const std::string& name : inputs.files) {
-    const Input input = openInput(session, inputs, name);
-    if (input.file.error.empty()) act(input);
+    unlessOutOfMemory(session, name, [&] {
+      const Input input = openInput(session, inputs, name);
+      if (input.file.error.empty()) act(input);
+    });
   }
 }
 
 void forEachInputInTurn(Session& session, const Inputs& inputs,
                         const std::function<void(Session& part, const Input& input)>& act) {
-  inTurn(session, inputs.files.size(),
-         [&](Session& part, std::size_t number) { act(part, openInput(part, inputs, inputs.files[number])); });
+  inTurn(session, inputs.files.size(), [&](Session& part, std::size_t number) {
+    const std::string& name = inputs.files[number];
+    unlessOutOfMemory(part, name, [&] { act(part, openInput(part, inputs, name)); });
+  });
 }
 
 }  // namespace VelkTool

@@ -1,36 +1,89 @@
 #include "Output.h"
 
+#include <csignal>
+
 #include "Files.h"
 
 namespace VelkTool {
+namespace {
 
-bool Output::accepts(Session& session, const std::string& input, const std::string& text) const {
-  std::string refusal;
-  if (inPlace_ && input == "-") refusal = "standard input cannot be changed in place; -o names a file";
-  if (inPlace_ && isPipe(input)) refusal = "a pipe cannot be changed in place; -o names a file";
-  if (!inPlace_ && isSameFile(input, file_)) refusal = "would be written over; --in-place does that";
-  if (!refusal.empty()) {
-    session.complain(input, refusal);
-  } else if (isSameFile(text, inPlace_ ? input : file_)) {
-    session.complain(text, "would be written over");
-  } else {
-    return true;
-  }
+using Kind = Velk::FileTarget::Kind;
+
+bool refuse(Session& session, const std::string& file, const std::string& what) {
+  session.complain(file, what);
   session.worsen(Exit::Usage);
   return false;
 }
 
-void Output::write(Session& session, const std::string& input, const Velk::ImageFile& image,
-                   std::string_view report) const {
-  const QByteArray contents = Velk::encodeImage(image);
-  if (backup_ && !copyFile(session, input, input + ".bak")) return;
-  if (!writeFile(session, inPlace_ ? input : file_, contents)) return;
-  if (inPlace_ || !isStream(file_)) return session.write(report);
-  while (!report.empty()) {
-    const std::string_view line = report.substr(0, report.find('\n'));
-    session.complain(input, line);
-    report.remove_prefix(line.size() + 1);
+void complainOfLines(Session& session, const std::string& file, std::string_view lines) {
+  while (!lines.empty()) {
+    const std::string_view line = lines.substr(0, lines.find('\n'));
+    session.complain(file, line);
+    lines.remove_prefix(line.size() + 1);
   }
+}
+
+}  // namespace
+
+bool Destination::keepBackup(Session& session) const {
+  if (!backup_) return true;
+  const auto contents = readText(session, input_);
+  return contents && writeFile(session, input_ + ".bak", *backup_, QByteArray::fromStdString(*contents), {}, target_);
+}
+
+void Destination::write(Session& session, const Velk::ImageFile& image, std::string_view report) const {
+  // Whoever reads the report may go before it ends; that must not stop the run between two steps.
+  std::signal(SIGPIPE, SIG_IGN);
+  const QByteArray contents = Velk::encodeImage(image);
+  if (!keepBackup(session)) return;
+  const bool isStream = target_.isStream();
+  const bool isWritten = writeFile(session, name_, target_, contents, isStream ? std::string_view() : report);
+  if (isStream && isWritten) complainOfLines(session, input_, report);
+}
+
+bool Destination::locate(Session& session) {
+  auto target = outputTarget(session, name_);
+  if (target) target_ = std::move(*target);
+  return target.has_value();
+}
+
+bool Destination::lock(Session& session) {
+  lock_ = Velk::FileLock(name_, [&] { session.complain(name_, "waits until another change is done"); });
+  if (lock_.error().empty()) return locate(session);  // another file may be there by now
+  session.complain(name_, lock_.error());
+  session.worsen(Exit::NoAccess);
+  return false;
+}
+
+bool Output::accepts(Session& session, const Destination& destination, const std::string& text) const {
+  const std::string& input = destination.input_;
+  const Velk::FileTarget& target = destination.target_;
+  const bool isPassing = target.kind == Kind::Descriptor || S_ISFIFO(target.status.st_mode);
+  if (inPlace_ && isPassing)
+    return refuse(session, input, "cannot be changed in place; -o names a file for the result");
+  if (!inPlace_ && isSameFile(input, destination.name_)) {
+    return refuse(session, input, "would be overwritten; --in-place does that");
+  }
+  return !isSameFile(text, destination.name_) || refuse(session, text, "would be overwritten");
+}
+
+bool Output::openBackup(Session& session, Destination& destination, const std::string& text) const {
+  const std::string name = destination.input_ + ".bak";
+  destination.backup_ = outputTarget(session, name);
+  if (!destination.backup_) return false;
+  const Velk::FileTarget& backup = *destination.backup_;
+  if (backup.isLink) return refuse(session, name, "is a symbolic link; a backup replaces only regular files");
+  if (backup.kind != Kind::File && backup.kind != Kind::Missing) {
+    return refuse(session, name, "is not a regular file; a backup replaces only regular files");
+  }
+  return !isSameFile(text, name) || refuse(session, text, "would be overwritten by the backup");
+}
+
+std::optional<Destination> Output::open(Session& session, const std::string& input, const std::string& text) const {
+  Destination destination(input, inPlace_ ? input : file_);
+  const bool isOpen = destination.locate(session) && accepts(session, destination, text) &&
+                      (!backup_ || openBackup(session, destination, text)) && (!inPlace_ || destination.lock(session));
+  return isOpen ? std::optional(std::move(destination)) : std::nullopt;
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {

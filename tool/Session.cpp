@@ -6,9 +6,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "Utf8.h"
 #include "velk/datablock/HexText.h"
+#include "velk/files/Descriptor.h"
 
 namespace VelkTool {
 namespace {
@@ -42,30 +44,41 @@ void WholeSession::write(std::string_view text) {
   if (terminal_) {
     appendEscaped(pending_, text, "\n");
   } else if (text.size() >= pieceSize) {
-    flush();
-    return put(text);
+    putPending();
+    put(text);
   } else {
     pending_ += text;
   }
-  if (pending_.size() >= pieceSize) flush();
+  if (pending_.size() >= pieceSize) putPending();
 }
 
-void WholeSession::flush() {
+bool WholeSession::flush() {
+  putPending();
+  // Some file systems report only when a file is closed that there was no room.
+  if (std::exchange(hasWritten_, false) && !outputLost_ && !Velk::Descriptor::duplicate(STDOUT_FILENO).close())
+    loseOutput(errno);
+  return !outputLost_;
+}
+
+void WholeSession::putPending() {
   put(pending_);
   pending_.clear();
 }
 
 void WholeSession::put(std::string_view text) {
-  const std::size_t written = std::fwrite(text.data(), 1, text.size(), stdout);
-  const bool failed = written != text.size() || std::fflush(stdout) != 0;
-  if (!failed || outputLost_) return;
+  if (outputLost_ || text.empty()) return;
+  hasWritten_ = true;
+  if (!Velk::Descriptor::writeTo(STDOUT_FILENO, text)) loseOutput(errno);
+}
+
+void WholeSession::loseOutput(int reason) {
   outputLost_ = true;
   worsen(Exit::NoAccess);
-  std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(errno));
+  std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(reason));
 }
 
 void WholeSession::complain(std::string_view file, std::string_view what) {
-  flush();
+  putPending();
   std::string line = "velk: ";
   appendEscaped(line, file, {});
   line += ": ";

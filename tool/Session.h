@@ -32,6 +32,8 @@ class Session {
   /// One line on standard error, behind all output so far.
   virtual void complain(std::string_view file, std::string_view what) = 0;
   virtual void worsen(Exit exit) = 0;
+  /// Hands all output so far to the system; false where output was lost. A part of a run does that in its turn.
+  virtual bool flush() { return true; }
 };
 
 /// The run itself.
@@ -45,16 +47,19 @@ class WholeSession final : public Session {
   void complain(std::string_view file, std::string_view what) override;
   void worsen(Exit exit) override;
 
-  /// Writes everything out; a failure is told once and counts as Exit::NoAccess.
-  void flush();
+  /// A failure is reported once and counts as Exit::NoAccess.
+  bool flush() override;
   int exitCode() const { return static_cast<int>(exit_); }
 
  private:
   void put(std::string_view text);
+  void putPending();
+  void loseOutput(int reason);
 
   std::string pending_;
   bool terminal_;
   bool outputLost_ = false;
+  bool hasWritten_ = false;  ///< since the last flush
   Exit exit_ = Exit::Good;
 };
 

@@ -1,4 +1,9 @@
+#include <fcntl.h>
+
+#include <csignal>
+#include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "Commands.h"
 #include "velk/platform/Console.h"
@@ -33,12 +38,20 @@ int tell(const CLI::App& app, const CLI::ParseError& error) {
   return app.exit(CLI::ExtrasError({unknown.front()}));
 }
 
+/// What a process may lack that was started carelessly: a standard stream that is closed would be the number of the
+/// next file that is opened, and a file that becomes too large would end the run.
+void prepareProcess() {
+  for (int stream = 0; stream <= 2; ++stream) {
+    if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/dev/null", (stream == 0 ? O_WRONLY : O_RDONLY)));
+  }
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
 }  // namespace
 
-// What escapes from here is memory running out, which ends the run.
-// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argc, char** argv) {
   using namespace VelkTool;
+  prepareProcess();
   // What the library has to say of a damaged block the command says itself, with file and offset.
   Velk::Console::redirect([](Velk::Console::Stream, std::string_view) {});
 
@@ -68,6 +81,9 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     session.worsen(tell(app, error) == 0 ? Exit::Good : Exit::Usage);
     if (!std::cout.flush()) session.worsen(Exit::NoAccess);
+  } catch (const std::bad_alloc&) {
+    std::fputs("velk: there is not enough memory to go on\n", stderr);
+    session.worsen(Exit::NoAccess);
   }
   session.flush();
   return session.exitCode();

@@ -9,7 +9,8 @@ namespace {
 
 void run(Session& session, const Inputs& inputs, const Output& output) {
   const std::string& name = inputs.files.front();
-  if (!output.accepts(session, name)) return;
+  const std::optional<Destination> destination = output.open(session, name);
+  if (!destination) return;
   Input input = openInput(session, inputs, name);
   if (!input.file.error.empty()) return;
   if (inputs.offset != 0) {
@@ -30,7 +31,7 @@ void run(Session& session, const Inputs& inputs, const Output& output) {
     header.clear();
     taken += "header of the S-record file\n";
   }
-  output.write(session, name, input.file, taken);
+  destination->write(session, input.file, taken);
 }
 
 }  // namespace

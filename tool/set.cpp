@@ -25,13 +25,14 @@ class Editor {
 
   void run() {
     const std::string& name = inputs_.files.front();
-    if (!output_.accepts(session_, name)) return;
+    const std::optional<Destination> destination = output_.open(session_, name);
+    if (!destination) return;
     Input input = openInput(session_, inputs_, name);
     if (!input.file.error.empty()) return;
     const std::optional<BlockView> block = choose(input);
     if (!block) return;
     const std::optional<std::string> changes = edit(input, *block);
-    if (changes) output_.write(session_, name, input.file, *changes);
+    if (changes) destination->write(session_, input.file, *changes);
   }
 
  private:

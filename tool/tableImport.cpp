@@ -81,6 +81,8 @@ class Importer {
 
   void run() {
     if (!accepts()) return;
+    const std::optional<Destination> destination = output_.open(session_, file_, options_.text);
+    if (!destination) return;
     Velk::ImageFile file = openInput(session_, inputs_, file_).file;
     if (!file.error.empty()) return;
     const auto text = readText(session_, options_.text);
@@ -92,7 +94,7 @@ class Importer {
     for (const TableSection& section : sections) complete = import(section, placement) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
     file.bytes = placement.image();
-    output_.write(session_, file_, file, placement.changes());
+    destination->write(session_, file, placement.changes());
   }
 
  private:
@@ -107,7 +109,7 @@ class Importer {
     } else if (file_ == "-" && options_.text == "-") {
       refuse(options_.text, "standard input cannot be both image and text", Exit::Usage);
     } else {
-      return output_.accepts(session_, file_, options_.text);
+      return true;
     }
     return false;
   }

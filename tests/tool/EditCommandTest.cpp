@@ -85,7 +85,7 @@ TEST_F(EditCommand, ChangesNothingWhereItRefuses) {
       {{two, "--id", "2", "serialNumber=1"}, 1, "has 2 blocks of id 2; --nth says which"},
       {{broken, "--id", "2", "serialNumber=1"}, 1, "wrong checksum, which --force would let pass"},
       {{"-", "--id", "2", "serialNumber=1"}, 2, "standard input cannot be changed in place"},
-      {{"/dev/stdin", "--id", "2", "serialNumber=1"}, 2, "a pipe cannot be changed in place"},
+      {{"/dev/stdin", "--id", "2", "serialNumber=1"}, 2, "cannot be changed in place"},
       {{"missing.bin", "--id", "2", "serialNumber=1"}, 3, "No such file"},
   };
   for (const Case& expected : cases) {

@@ -1,15 +1,9 @@
 #include "velk/image/ImageFile.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstring>
 
 #include "velk/datablock/HexText.h"
+#include "velk/files/ReadFile.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/SRecord.h"
 
@@ -17,53 +11,6 @@ namespace Velk {
 namespace {
 
 constexpr char erased = '\xFF';
-
-/// A file that is read whole. The system's own calls, since opening counts where many small files are read.
-class OpenFile {
- public:
-  explicit OpenFile(const std::string& path)
-      : descriptor_(path == "-" ? STDIN_FILENO : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {}
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  ~OpenFile() {
-    if (descriptor_ > STDIN_FILENO) close(descriptor_);
-  }
-
-  /// Reads up to the file's end; false, and errno says why, where it could not be opened or read.
-  bool readTo(QByteArray& contents) const {
-    constexpr qsizetype enoughForMost = 32 * 1024;
-    constexpr qsizetype most = 1024 * 1024 * 1024;
-    if (descriptor_ < 0) return false;
-    contents.resize(enoughForMost);
-    for (qsizetype count = 0;;) {
-      const ssize_t got = read(descriptor_, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
-      if (got < 0 && errno != EINTR) return false;
-      count += std::max<ssize_t>(got, 0);
-      if (count == contents.size()) {
-        // The size is asked for only where it saves growing step by step; one byte more finds the end.
-        const qsizetype size = knownSize();
-        if (std::max(size, count) >= most) {
-          errno = EFBIG;
-          return false;
-        }
-        contents.resize(std::max(size + 1, 2 * count));
-      }
-      if (got != 0) continue;
-      contents.truncate(count);
-      contents.squeeze();
-      return true;
-    }
-  }
-
- private:
-  /// 0 where only reading tells.
-  qsizetype knownSize() const {
-    struct stat status {};
-    return fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
-  }
-
-  int descriptor_;
-};
 
 /// One text container: how to know it, to read and to write it.
 struct TextFormat {
@@ -184,10 +131,10 @@ const char* formatName(ImageFormat format) {
 }
 
 ImageFile readImageFile(const std::string& path, std::optional<ImageFormat> format) {
-  const OpenFile file(path);
-  QByteArray contents;
-  if (!file.readTo(contents)) return {.error = std::strerror(errno)};
-  return decodeImage(std::move(contents), format);
+  std::string error;
+  auto contents = readFile(path, error);
+  if (!contents) return {.error = std::move(error)};
+  return decodeImage(std::move(*contents), format);
 }
 
 ImageFile decodeImage(QByteArray contents, std::optional<ImageFormat> format) {

@@ -1,0 +1,117 @@
+#include "velk/files/FileReplacement.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <random>
+
+namespace Velk {
+namespace {
+
+using Kind = FileTarget::Kind;
+
+constexpr unsigned permissionBits = 07777;
+constexpr unsigned newFileMode = 0666;
+constexpr unsigned privateMode = 0600;
+
+/// Short, since the file's own name may be as long as names can be.
+std::string temporaryName() {
+  constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
+  constexpr int length = 12;
+  std::random_device device;
+  std::uniform_int_distribution<std::size_t> letter(0, letters.size() - 1);
+  std::string name = ".velk-";
+  for (int i = 0; i < length; ++i) name += letters[letter(device)];
+  return name;
+}
+
+}  // namespace
+
+FileReplacement::FileReplacement(const FileTarget& target, std::string_view contents, const FileTarget& model)
+    : target_(target), contents_(contents) {
+  if (target.isStream()) return;
+  const bool exists = target.kind != Kind::Missing;
+  if (target.kind == Kind::Folder) {
+    error_ = std::strerror(EISDIR);
+  } else if (folder_ = Descriptor::open(target.folder, O_RDONLY | O_DIRECTORY); !folder_.isOpen()) {
+    fail();
+  } else if (exists && faccessat(folder_.number(), target.name.c_str(), W_OK, AT_EACCESS) != 0) {
+    fail();  // a file that is write-protected is meant to stay
+  } else {
+    stage(model.kind == Kind::Missing ? target : model);
+  }
+}
+
+FileReplacement::~FileReplacement() {
+  if (!temporary_.empty()) unlinkat(folder_.number(), temporary_.c_str(), 0);
+}
+
+bool FileReplacement::fail(const char* what) {
+  error_ = std::string(what) + std::strerror(errno);
+  return false;
+}
+
+bool FileReplacement::stage(const FileTarget& model) {
+  const bool hasModel = model.kind != Kind::Missing;
+  struct stat status {};
+  if (!createTemporary(hasModel ? privateMode : newFileMode) || !file_.write(contents_)) return fail();
+  if (hasModel && !takeAttributes(model)) return fail("its owner and permissions cannot be kept: ");
+  if (!file_.sync() || fstat(file_.number(), &status) != 0 || !file_.close()) return fail();
+  inode_ = status.st_ino;
+  return true;
+}
+
+bool FileReplacement::createTemporary(unsigned mode) {
+  do {
+    temporary_ = temporaryName();
+    file_ = Descriptor::openAt(folder_, temporary_, O_WRONLY | O_CREAT | O_EXCL, mode);
+  } while (!file_.isOpen() && errno == EEXIST);
+  if (!file_.isOpen()) temporary_.clear();
+  return file_.isOpen();
+}
+
+/// Who may read the old contents may read the new ones, and nobody else.
+bool FileReplacement::takeAttributes(const FileTarget& model) {
+  const auto& wanted = model.status;
+  return fchown(file_.number(), wanted.st_uid, wanted.st_gid) == 0 &&
+         fchmod(file_.number(), wanted.st_mode & permissionBits) == 0;
+}
+
+/// Whether the temporary has taken the file's name.
+bool FileReplacement::isInPlace() const {
+  struct stat status {};
+  return fstatat(folder_.number(), target_.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 && status.st_ino == inode_;
+}
+
+WriteOutcome FileReplacement::writeStream() {
+  const bool isOurs = target_.kind == Kind::Descriptor;
+  const Descriptor stream = isOurs ? Descriptor::duplicate(target_.descriptor)
+                                   : Descriptor::open(target_.folder + '/' + target_.name, O_WRONLY | O_NOCTTY);
+  if (stream.isOpen() && stream.write(contents_)) return WriteOutcome::Written;
+  fail();
+  return WriteOutcome::Unchanged;
+}
+
+WriteOutcome FileReplacement::commit() {
+  if (!error_.empty()) return WriteOutcome::Unchanged;
+  if (target_.isStream()) return writeStream();
+  const int folder = folder_.number();
+  // A network may lose the answer, and so report a failure of what is done.
+  while (renameat(folder, temporary_.c_str(), folder, target_.name.c_str()) != 0) {
+    const int reason = errno;
+    if (isInPlace()) break;
+    errno = reason;
+    if (reason == EINTR) continue;
+    fail();
+    return WriteOutcome::Unchanged;
+  }
+  temporary_.clear();
+  if (folder_.sync()) return WriteOutcome::Written;
+  fail();
+  return WriteOutcome::WriteDoubt;
+}
+
+}  // namespace Velk

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "velk/files/Descriptor.h"
+#include "velk/files/FileTarget.h"
+
+namespace Velk {
+
+/// How the last step of writing a file ended.
+enum class WriteOutcome : unsigned char {
+  Unchanged,   ///< what was there is there as it was
+  Written,     ///< the new contents are there, and on the disk
+  WriteDoubt,  ///< the new contents are there; whether they outlast a crash of the machine is not known
+};
+
+/// The new contents of a file, which become the file's in one step: whatever fails, and whenever the run ends, the file
+/// has its old contents or the new ones, whole.
+///
+/// The contents are written to a temporary in the same folder, which takes the file's name once it is on the disk. The
+/// file keeps its owner, group and permissions, or is not replaced. Other names of it (hard links) keep the old
+/// contents. Streams are written to in the last step, and cannot be protected.
+class VELK_EXPORT FileReplacement {
+ public:
+  /// Does all but the last step. A new file gets the owner and permissions of `model` where that exists, which counts
+  /// before those of what is replaced.
+  FileReplacement(const FileTarget& target, std::string_view contents, const FileTarget& model = {});
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  /// Without commit() nothing has changed.
+  ~FileReplacement();
+
+  /// Why it cannot be done; empty while it can.
+  const std::string& error() const { return error_; }
+
+  /// Does the last step; error() says why where the outcome is not Written.
+  WriteOutcome commit();
+
+ private:
+  bool stage(const FileTarget& model);
+  bool createTemporary(unsigned mode);
+  bool takeAttributes(const FileTarget& model);
+  bool isInPlace() const;
+  WriteOutcome writeStream();
+  bool fail(const char* what = "");
+
+  FileTarget target_;
+  std::string_view contents_;
+  std::string error_;
+  Descriptor folder_;
+  Descriptor file_;
+  std::string temporary_;  ///< its name while there is one
+  std::uint64_t inode_ = 0;
+};
+
+}  // namespace Velk
