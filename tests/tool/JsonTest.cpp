@@ -104,10 +104,11 @@ TEST(JsonWriter, PiecesEndAnywhere) {
 
 class Json : public Command {
  protected:
-  /// Runs velk in the folder with two images whose names are not UTF-8, as $A and $B.
+  /// Runs velk in the folder with two empty images: $A, whose name is not UTF-8, and $B, whose name $A has in Latin-1.
+  /// They are removed at once; the folder's own clean-up would miss $A.
   Outcome withOddNames(const QString& arguments) {
     const QString line =
-        QString("cd '%1' && A=$'\\xff.bin' B=$'\\xc3\\xbf.bin' && : >\"$A\" && : >\"$B\" && exec '%2' %3")
+        QString("cd '%1' && A=$'\\xff.bin' B=$'\\xc3\\xbf.bin' && : >\"$A\" && : >\"$B\" && '%2' %3; rm \"$A\" \"$B\"")
             .arg(directory_.path(), VELK_COMMAND, arguments);
     return run({"-c", line}, {}, "bash");
   }

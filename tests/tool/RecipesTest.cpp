@@ -1,5 +1,7 @@
 // The command lines and recipes of the pages, as they stand there, over the example images and over a folder in which
 // not all is well.
+#include <regex>
+
 #include "CommandSupport.h"
 
 namespace {
@@ -92,11 +94,13 @@ class Recipes : public testing::Test {
     addFile("c_damaged.bin", damaged);
   }
 
-  /// In the folder, by a shell that finds velk.
+  /// In the folder, by a shell that finds velk. Lines end without blanks, as they do on pages.
   Outcome shell(const std::string& command) {
     const QString line =
         QString("cd '%1' && PATH='%2':$PATH && ").arg(directory_.path(), QFileInfo(VELK_COMMAND).path());
-    return VelkTest::run({"-c", line + QString::fromStdString(command)}, {}, "bash");
+    Outcome outcome = VelkTest::run({"-c", line + QString::fromStdString(command)}, {}, "bash");
+    outcome.output = std::regex_replace(outcome.output, std::regex(" +\n"), "\n");
+    return outcome;
   }
 
   /// The one command of a page that begins and goes on so.
