@@ -18,5 +18,7 @@ void addSet(CLI::App& app, Session& session);
 void addRedact(CLI::App& app, Session& session);
 void addCompletion(CLI::App& app, Session& session);
 void addManual(CLI::App& app, Session& session);
+/// To be added last: it offers the names of those before it.
+void addHelp(CLI::App& app, Session& session);
 
 }  // namespace VelkTool

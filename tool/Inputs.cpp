@@ -2,10 +2,10 @@
 
 #include <cerrno>
 #include <cstring>
-#include <map>
 #include <new>
 #include <utility>
 
+#include "Choices.h"
 #include "Images.h"
 #include "InTurn.h"
 #include "Numbers.h"
@@ -42,32 +42,26 @@ std::function<std::string(std::string&)> takeStandardInputOnce() {
 
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
-  static const std::map<std::string, Velk::ImageFormat> formats = [] {
-    std::map<std::string, Velk::ImageFormat> byName;
-    for (const auto format : {Velk::ImageFormat::Raw, Velk::ImageFormat::IntelHex, Velk::ImageFormat::SRecord}) {
-      byName[Velk::formatName(format)] = format;
-    }
-    return byName;
-  }();
+  Choices<Velk::ImageFormat> formats;
+  for (const auto format : {Velk::ImageFormat::Raw, Velk::ImageFormat::IntelHex, Velk::ImageFormat::SRecord}) {
+    formats.emplace_back(Velk::formatName(format), format);
+  }
   const char* const description =
       count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
   CLI::Option* const files = command.add_option("FILE", inputs->files, description)
                                  ->required()
                                  ->check(CLI::Validator(takeStandardInputOnce(), ""));
   if (count != 0) files->expected(count)->allow_extra_args(false);
-  command
-      .add_option_function<std::string>(
-          "--input", [inputs](const std::string& name) { inputs->format = formats.at(name); },
-          "What the files are: raw dumps, Intel HEX or S-records; told by their contents unless given")
-      ->check(CLI::IsMember(formats).description(""))
-      ->type_name("raw|hex|srec");
+  addChoice<Velk::ImageFormat>(
+      command, "--input", formats, [inputs](Velk::ImageFormat format) { inputs->format = format; },
+      "What the files are: raw dumps, Intel HEX or S-records; told by their contents unless given");
   command.add_option("--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same")
       ->transform(plainNumber())
       ->type_name("N");
   command
       .add_option("--sector-size", inputs->sectorSize,
                   "The image is a flash memory: each N bytes are a sequence of blocks of their own")
-      ->transform(plainNumber())
+      ->transform(plainNumber(sizeof(Velk::HwSDatablockHeader)))
       ->type_name("N");
   return inputs;
 }

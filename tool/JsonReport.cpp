@@ -1,23 +1,22 @@
 #include "JsonReport.h"
 
 #include "Images.h"
+#include "Utf8.h"
 #include "velk/data/BlockDoubts.h"
 
 namespace VelkTool {
 namespace {
 
+void writeFinding(JsonWriter& json, const char* finding, bool isRemark, const std::string& text) {
+  json.beginObject().member("finding", finding).member("remark", isRemark).member("text", text).endObject();
+}
+
 void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
   json.key("findings").beginArray();
   forEachFinding(block, [&](Velk::Finding finding) {
-    json.beginObject();
-    json.member("finding", Velk::findingName(finding));
-    json.member("remark", Velk::isRemark(finding));
-    json.member("text", Velk::describe(block, finding));
-    json.endObject();
+    writeFinding(json, Velk::findingName(finding), Velk::isRemark(finding), Velk::describe(block, finding));
   });
-  for (const std::string& doubt : Velk::doubtsAbout(block)) {
-    json.beginObject().member("finding", "doubtful data").member("remark", true).member("text", doubt).endObject();
-  }
+  for (const std::string& doubt : Velk::doubtsAbout(block)) writeFinding(json, "doubtful data", true, doubt);
   json.endArray();
 }
 
@@ -42,7 +41,32 @@ void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
   json.endArray();
 }
 
+/// Begins a line that is about a file.
+void beginLine(JsonWriter& json, const std::string& name) {
+  json.beginObject().member("schema", jsonSchema);
+  writeFileName(json, "file", name);
+}
+
+/// A line for a file without blocks, with the members that blocks have.
+void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const std::string& name) {
+  const bool isRead = file.error.empty();
+  const char* const verdict = isRead ? "no blocks" : "unreadable";
+  const std::string text = !isRead ? file.error : !file.warning.empty() ? file.warning : "holds no block";
+  beginLine(json, name);
+  if (!isRead) json.member("error", file.error);
+  json.member("offset", 0).member("size", file.bytes.size()).member("id", nullptr).member("name", nullptr);
+  json.member("declaredSize", nullptr).member("kind", "none").member("verdict", verdict).member("sound", false);
+  json.key("findings").beginArray();
+  writeFinding(json, verdict, false, text);
+  json.endArray().key("fields").beginObject().endObject().endObject().finish();
+}
+
 }  // namespace
+
+void writeFileName(JsonWriter& json, const std::string& key, const std::string& name) {
+  json.member(key, name);
+  if (!isUtf8(name)) json.member(key + "Bytes", QByteArray::fromStdString(name).toHex().toStdString());
+}
 
 std::shared_ptr<const bool> addJson(CLI::App& command) {
   auto json = std::make_shared<bool>(false);
@@ -56,9 +80,10 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
   json.beginObject().member("schema", jsonSchema).key("files").beginArray();
   for (const std::string& name : inputs.files) {
     const Input input = openInput(session, inputs, name);
-    json.beginObject().member("file", name);
+    json.beginObject();
+    writeFileName(json, "file", name);
     if (!input.file.error.empty()) {
-      json.member("error", input.file.error).endObject();
+      json.member("error", input.file.error).key("blocks").beginArray().endArray().endObject();
       continue;
     }
     writeFile(json, input.file);
@@ -83,15 +108,13 @@ void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor
 void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {
   forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
     JsonWriter json([&](std::string_view text) { part.write(text); }, JsonWriter::Layout::OneLine);
-    const auto begin = [&]() -> JsonWriter& {
-      return json.beginObject().member("schema", jsonSchema).member("file", input.name);
-    };
-    if (!input.file.error.empty()) {
-      begin().member("error", input.file.error).endObject().finish();
-      return;
-    }
+    const bool hasBlocks = input.file.error.empty() && input.image.begin() != input.image.end();
+    if (!hasBlocks) return writeLineWithoutBlock(json, input.file, input.name);
     forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
-      begin();
+      beginLine(json, input.name);
+      if (block.kind == Velk::BlockKind::Stray) {
+        json.member("id", nullptr).member("name", nullptr).member("declaredSize", nullptr);
+      }
       writeBlockMembers(json, block);
       describe(json, part, input, block);
       json.endObject().finish();

@@ -35,7 +35,7 @@ std::string commandLine(const CommandRow& command) {
       required += ' ' + bold(option.names.back()) + ' ' + italic(option.value);
     if (!option.isArgument) continue;
     constexpr int fewEnough = 2;
-    if (option.atMost > fewEnough) arguments += name + "...";
+    if (option.atMost > fewEnough) arguments += option.isRequired ? name + "..." : " [" + name.substr(1) + "...]";
     for (int i = 0; i < option.atMost && option.atMost <= fewEnough; ++i) arguments += name;
   }
   return line + required + " [" + italic("OPTIONS") + "]" + arguments;

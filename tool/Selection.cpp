@@ -11,14 +11,12 @@ namespace {
 std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescription) {
   auto selection = std::make_shared<Selection>();
   command.add_option("--id", selection->ids, idDescription)
-      ->transform(plainNumber())
-      ->check(CLI::Range(0, 65535).description(""))
+      ->transform(blockId())
       ->type_name("N")
       ->take_all()
       ->allow_extra_args(false);
   command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
-      ->transform(plainNumber())
-      ->check(CLI::Range(1, 65536).description(""))
+      ->transform(plainNumber(1, 65536))
       ->type_name("K");
   return selection;
 }

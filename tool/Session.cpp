@@ -81,7 +81,7 @@ void WholeSession::complain(std::string_view file, std::string_view what) {
   putPending();
   std::string line = "velk: ";
   appendEscaped(line, file, {});
-  line += ": ";
+  if (!file.empty()) line += ": ";
   appendEscaped(line, what, {});
   line += '\n';
   std::fwrite(line.data(), 1, line.size(), stderr);

@@ -29,7 +29,7 @@ class Session {
 
   /// Adds to standard output.
   virtual void write(std::string_view text) = 0;
-  /// One line on standard error, behind all output so far.
+  /// One line on standard error, behind all output so far; `file` is empty where it is about no file.
   virtual void complain(std::string_view file, std::string_view what) = 0;
   virtual void worsen(Exit exit) = 0;
   /// Hands all output so far to the system; false where output was lost. A part of a run does that in its turn.

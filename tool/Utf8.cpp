@@ -25,8 +25,6 @@ std::optional<Character> takeUtf8(std::string_view text) {
   return std::nullopt;
 }
 
-namespace {
-
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {
     const std::optional<Character> character = takeUtf8(text);
@@ -35,6 +33,8 @@ bool isUtf8(std::string_view text) {
   }
   return true;
 }
+
+namespace {
 
 std::string fromLatin1(std::string_view text) {
   std::string utf8;

@@ -71,7 +71,9 @@ class DiffJson : public DiffWriter {
  public:
   DiffJson(Session& session, const Inputs& inputs) : json_([&session](std::string_view text) { session.write(text); }) {
     json_.beginObject().member("schema", jsonSchema);
-    json_.member("first", inputs.files[0]).member("second", inputs.files[1]).key("differences").beginArray();
+    writeFileName(json_, "first", inputs.files[0]);
+    writeFileName(json_, "second", inputs.files[1]);
+    json_.key("differences").beginArray();
   }
 
   void lonely(const BlockPair& pair) override {

@@ -1,6 +1,7 @@
+#include <filesystem>
 #include <map>
-#include <set>
 
+#include "Choices.h"
 #include "Commands.h"
 #include "Csv.h"
 #include "DataJson.h"
@@ -8,6 +9,7 @@
 #include "Images.h"
 #include "JsonReport.h"
 #include "Selection.h"
+#include "UnusedNames.h"
 
 namespace VelkTool {
 namespace {
@@ -31,6 +33,12 @@ void writeJson(Session& session, const Inputs& inputs, const Selection& selectio
     writeDataNotes(json, data, options.stored);
     tellOf(part, inputs, input.name, block);
   });
+}
+
+std::string folderThatIsThere(const std::string& path) {
+  std::error_code error;
+  return std::filesystem::is_directory(path, error) ? ""
+                                                    : (path.empty() ? "\"\"" : path) + " is no folder that is there";
 }
 
 /// Writes each block's tables to files of their own, or the only table there is to standard output.
@@ -80,7 +88,7 @@ class CsvExporter {
         if (tables > 1) name += ".table" + std::to_string(table);
         QByteArray contents;
         csv.write([&](std::string_view text) { contents.append(text.data(), static_cast<qsizetype>(text.size())); });
-        writeFile(session_, options_.folder + '/' + unused(name) + ".csv", contents);
+        writeFile(session_, options_.folder + '/' + names_.take(name) + ".csv", contents);
       }
     }
     tellOf(session_, inputs_, input.name, block);
@@ -101,18 +109,11 @@ class CsvExporter {
     return name;
   }
 
-  /// Images from different folders may have the same name.
-  std::string unused(const std::string& name) {
-    std::string free = name;
-    for (unsigned i = 2; !used_.insert(free).second; ++i) free = name + '~' + std::to_string(i);
-    return free;
-  }
-
   Session& session_;
   const Inputs& inputs_;
   const Selection& selection_;
   const Export& options_;
-  std::set<std::string> used_;
+  UnusedNames names_;  ///< images from different folders may have the same name
 };
 
 }  // namespace
@@ -122,18 +123,15 @@ void addExport(CLI::App& app, Session& session) {
   const auto inputs = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto options = std::make_shared<Export>();
-  const std::map<std::string, Format> formats{
-      {"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}};
-  command
-      ->add_option("--format", options->format,
-                   "One JSON document (as without it), a line of JSON for each block, or a table for each block")
-      ->transform(CLI::CheckedTransformer(formats).description(""))
-      ->type_name("json|jsonl|csv");
+  addChoice<Format>(
+      *command, "--format", {{"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}},
+      [options](Format chosen) { options->format = chosen; },
+      "One JSON document (as without it), a line of JSON for each block, or a table for each block");
   command->add_flag("--stored", options->stored, "Also the stored numbers where scaled ones are shown");
   command
       ->add_option("-o,--output", options->folder,
                    "The folder for CSV files; one table alone may go to standard output")
-      ->check(CLI::Validator(CLI::ExistingDirectory).description(""))
+      ->check(CLI::Validator(folderThatIsThere, ""))
       ->type_name("DIR");
   command->footer(
       "Lists and tables end with the elements in use. Damaged blocks are exported too, and told on standard error.\n\n"

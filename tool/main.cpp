@@ -6,6 +6,7 @@
 #include <new>
 
 #include "Commands.h"
+#include "UsageError.h"
 #include "velk/platform/Console.h"
 
 namespace {
@@ -30,12 +31,16 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
   return arguments;
 }
 
-/// Says what is wrong with the command line, or what was asked for; the parser's exit code. The first word that the
-/// parser does not know goes before all else: a mistyped one leaves another missing.
-int tell(const CLI::App& app, const CLI::ParseError& error) {
-  const std::vector<std::string> unknown = app.remaining(true);
-  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success) || unknown.empty()) return app.exit(error);
-  return app.exit(CLI::ExtrasError({unknown.front()}));
+/// Says what is wrong with the command line, or what was asked for.
+void tell(VelkTool::Session& session, const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+    app.exit(error);
+    if (!std::cout.flush()) session.worsen(VelkTool::Exit::NoAccess);
+    return;
+  }
+  const VelkTool::UsageError wrong = VelkTool::usageError(app, error);
+  session.complain(wrong.place, wrong.what);
+  session.worsen(VelkTool::Exit::Usage);
 }
 
 /// What a process may lack that was started carelessly: a standard stream that is closed would be the number of the
@@ -61,6 +66,7 @@ int main(int argc, char** argv) {
       "velk");
   app.set_version_flag("--version", "velk " VELK_VERSION);
   app.require_subcommand(1);
+  app.option_defaults()->disable_flag_override();
   app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
              exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
 
@@ -76,11 +82,11 @@ int main(int argc, char** argv) {
   addTable(app, session);
   addCompletion(app, session);
   addManual(app, session);
+  addHelp(app, session);
   try {
     app.parse(argumentsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
-    session.worsen(tell(app, error) == 0 ? Exit::Good : Exit::Usage);
-    if (!std::cout.flush()) session.worsen(Exit::NoAccess);
+    tell(session, app, error);
   } catch (const std::bad_alloc&) {
     std::fputs("velk: there is not enough memory to go on\n", stderr);
     session.worsen(Exit::NoAccess);

@@ -1,8 +1,8 @@
-#include <map>
 #include <memory>
 #include <ostream>
 #include <set>
 
+#include "Choices.h"
 #include "Commands.h"
 #include "Images.h"
 #include "Inputs.h"
@@ -88,17 +88,15 @@ void addPrint(CLI::App& app, Session& session) {
   const auto inputs = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto page = std::make_shared<Page>(Page::Usual);
-  const std::map<std::string, Page> pages{{"complete", Page::Complete},
-                                          {"detail", Page::Detail},
-                                          {"summary", Page::Summary},
-                                          {"heading", Page::Heading},
-                                          {"hex", Page::Hex}};
-  command
-      ->add_option("--page", *page,
-                   "Of blocks that hold tables: complete (as without it), detail, summary or "
-                   "heading; hex: the bytes of any block")
-      ->transform(CLI::CheckedTransformer(pages).description(""))
-      ->type_name("complete|detail|summary|heading|hex");
+  addChoice<Page>(
+      *command, "--page",
+      {{"complete", Page::Complete},
+       {"detail", Page::Detail},
+       {"summary", Page::Summary},
+       {"heading", Page::Heading},
+       {"hex", Page::Hex}},
+      [page](Page chosen) { *page = chosen; },
+      "Of blocks that hold tables: complete (as without it), detail, summary or heading; hex: the bytes of any block");
   command->footer(
       "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");

@@ -12,7 +12,9 @@ void addTableExport(CLI::App& app, Session& session) {
   const auto inputs = addInputs(*command, 1);
   const auto selection = addBlockSelection(*command);
   const auto out = std::make_shared<std::string>();
-  command->add_option("-o,--output", *out, "Where to write the text, instead of to standard output")->type_name("TEXT");
+  command->add_option("-o,--output", *out, "Where to write the text, instead of to standard output")
+      ->check(CLI::Validator([](const std::string& name) { return name.empty() ? "\"\" names no file" : ""; }, ""))
+      ->type_name("TEXT");
   command->footer("Example:\n  velk table export rf_board.bin --id 15799 -o registers.txt");
   command->callback([&session, inputs, selection, out] { exportTable(session, *inputs, *selection, *out); });
 }
@@ -23,8 +25,7 @@ void addTableImport(CLI::App& app, Session& session) {
   const auto inputs = addInputs(*command, 1);
   command->add_option("TEXT", options->text, "Text of one or more tables; - is standard input")->required();
   command->add_option("--id", options->id, "Read the text as the table of this id only")
-      ->transform(plainNumber())
-      ->check(CLI::Range(0, 65535).description(""))
+      ->transform(blockId())
       ->type_name("N");
   command->add_flag("--force", options->force, "Write what could be read of a faulty text");
   command->add_flag("--append", options->append, "Add a table that the image lacks behind its last block");

@@ -182,12 +182,14 @@ TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
   EXPECT_EQ(completed("velk print rf_board.bin --page s"), "summary\n");
   EXPECT_EQ(completed("velk set --in"), "--input --in-place\n");
   EXPECT_EQ(completed("velk list rf_board.b"), "rf_board.bin\n");
+  EXPECT_EQ(completed("velk help re"), "redact\n");
 }
 
 TEST(Manual, HasEveryCommandAndItsExamples) {
   const std::string page = run({"manual"}).output;
-  for (const char* const part : {".SH EXIT STATUS\n", ".SH EXAMPLES\n", "velk diff before.bin after.bin",
-                                 ".SS \\fBvelk table import\\fR", "\\fB\\-\\-in\\-place\\fR"}) {
+  for (const char* const part :
+       {".SH EXIT STATUS\n", ".SH EXAMPLES\n", "velk diff before.bin after.bin", ".SS \\fBvelk table import\\fR",
+        ".SS \\fBvelk help\\fR", "\\fB\\-\\-in\\-place\\fR"}) {
     EXPECT_NE(page.find(part), page.npos) << part;
   }
 }

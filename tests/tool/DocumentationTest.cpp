@@ -1,4 +1,4 @@
-// What the pages in docs/ show is what the example images hold and what the commands print.
+// What the pages in docs/ show is what the example images hold.
 #include <regex>
 
 #include "CommandSupport.h"
@@ -6,7 +6,6 @@
 namespace {
 
 using VelkTest::Command;
-using VelkTest::run;
 
 /// The shown lines of a page, those that are indented, in runs.
 std::vector<std::vector<std::string>> shownIn(const QString& page) {
@@ -46,25 +45,6 @@ TEST_F(Command, DumpsInTheDocumentationAreThoseOfTheExamples) {
     }
   }
   EXPECT_GT(dumps, 10);
-}
-
-TEST_F(Command, CommandsInTheDocumentationPrintWhatItShows) {
-  const std::string prompt = "$ velk ";
-  int commands = 0;
-  for (const QString& page : pages()) {
-    for (const std::vector<std::string>& lines : shownIn(page)) {
-      if (lines.empty() || !lines.front().starts_with(prompt)) continue;
-      SCOPED_TRACE(page.toStdString() + ": " + lines.front());
-      const QString arguments = QString::fromStdString(lines.front().substr(prompt.size()));
-      std::string shown;
-      for (std::size_t i = 1; i < lines.size(); ++i) shown += lines[i] + '\n';
-      std::string printed = run(arguments.split(' ')).output;
-      if (printed.ends_with("\n\n")) printed.pop_back();  // a page shows no empty line at the end
-      EXPECT_TRUE(VelkTest::isSameText(shown, printed));
-      ++commands;
-    }
-  }
-  EXPECT_GT(commands, 3);
 }
 
 }  // namespace

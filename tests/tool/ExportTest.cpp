@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "../../tool/UnusedNames.h"
 #include "CommandSupport.h"
 
 namespace {
@@ -25,26 +26,56 @@ TEST_F(Export, JsonOfTheExamplesStaysAsItIs) {
 }
 
 TEST_F(Export, JsonLinesSayWhatTheDocumentSays) {
-  const Outcome lines = run({"export", "--format", "jsonl", "detector.bin", "missing.bin", "rf_board.bin"});
+  const json noBlock = {{"offset", 0},
+                        {"size", 0},
+                        {"id", nullptr},
+                        {"name", nullptr},
+                        {"kind", "none"},
+                        {"sound", false},
+                        {"fields", json::object()},
+                        {"declaredSize", nullptr}};
+  QByteArray stray = VelkTest::exampleImage("rf_board.bin");
+  stray[1000] = 0;
+  const QString damaged = file("damaged.bin", stray);
+  const QStringList files = {"detector.bin", "missing.bin", "rf_board.bin", file("empty.bin", {}), damaged};
+  const Outcome lines = run(QStringList{"export", "--format", "jsonl"} + files);
   EXPECT_EQ(lines.exitCode, 3);
   std::istringstream stream(lines.output);
   std::vector<json> blocks;
   for (std::string line; std::getline(stream, line);) blocks.push_back(json::parse(line));
-  const json document = json::parse(run({"export", "detector.bin", "missing.bin", "rf_board.bin"}).output);
+  const json document = json::parse(run(QStringList{"export"} + files).output);
   std::vector<json> expected;
   for (const json& file : document["files"]) {
     const json start = {{"schema", "velk/1"}, {"file", file["file"]}};
-    if (file.contains("error")) {
-      expected.push_back(start);
-      expected.back()["error"] = file["error"];
-      continue;
-    }
     for (const json& block : file["blocks"]) {
-      expected.push_back(block);
+      expected.push_back(noBlock);
+      expected.back().update(block);
       expected.back().update(start);
     }
+    if (!file["blocks"].empty()) continue;
+    expected.push_back(noBlock);
+    expected.back().update(start);
+    if (file.contains("error")) expected.back()["error"] = file["error"];
+    const json why = file.contains("error") ? file["error"] : file["warning"];
+    const char* const verdict = file.contains("error") ? "unreadable" : "no blocks";
+    expected.back()["verdict"] = verdict;
+    expected.back()["findings"] = json::array({{{"finding", verdict}, {"remark", false}, {"text", why}}});
   }
   EXPECT_EQ(blocks, expected);
+}
+
+TEST_F(Export, EqualNamesAreToldApart) {
+  VelkTool::UnusedNames names;
+  EXPECT_EQ(names.take("a~2"), "a~2");
+  EXPECT_EQ(names.take("a"), "a");
+  EXPECT_EQ(names.take("a"), "a~3") << "a~2 is another table's";
+  EXPECT_EQ(names.take("a~2"), "a~2~2");
+  EXPECT_EQ(names.take("a~3"), "a~3~2");
+  EXPECT_EQ(names.take("a"), "a~4");
+  // A search from ~2 on for each would be at this for hours.
+  std::string last;
+  for (int i = 1; i <= 200'000; ++i) last = names.take("board");
+  EXPECT_EQ(last, "board~200000");
 }
 
 TEST_F(Export, SelectsBlocks) {

@@ -104,6 +104,15 @@ TEST(JsonWriter, PiecesEndAnywhere) {
 
 class Json : public Command {
  protected:
+  /// Runs velk in the folder with two empty images: $A, whose name is not UTF-8, and $B, whose name $A has in Latin-1.
+  /// They are removed at once; the folder's own clean-up would miss $A.
+  Outcome withOddNames(const QString& arguments) {
+    const QString line =
+        QString("cd '%1' && A=$'\\xff.bin' B=$'\\xc3\\xbf.bin' && : >\"$A\" && : >\"$B\" && '%2' %3; rm \"$A\" \"$B\"")
+            .arg(directory_.path(), VELK_COMMAND, arguments);
+    return run({"-c", line}, {}, "bash");
+  }
+
   /// The image with a bit of the first block flipped, and the end block's successor not erased.
   QString damaged() {
     QByteArray bytes = VelkTest::exampleImage("rf_board.bin");
@@ -131,14 +140,26 @@ TEST_F(Json, FindingsAndFilesThatCannotBeRead) {
   EXPECT_EQ(blocks[1]["findings"].size(), 0U);
   EXPECT_EQ(blocks.back()["kind"], "stray");
   EXPECT_FALSE(blocks.back().contains("id"));
-  EXPECT_EQ(files[1], json({{"file", "missing.bin"}, {"error", "No such file or directory"}}));
+  const json missing = {{"file", "missing.bin"}, {"error", "No such file or directory"}, {"blocks", json::array()}};
+  EXPECT_EQ(files[1], missing);
   EXPECT_EQ(run({"list", "--json", damaged()}).exitCode, 1);
+}
+
+TEST_F(Json, TwoNamesNeverBecomeOne) {
+  const json files = json::parse(withOddNames("list --json \"$A\" \"$B\"").output)["files"];
+  EXPECT_EQ(files[0]["file"], files[1]["file"]) << "the byte is shown as what it is in Latin-1";
+  EXPECT_EQ(files[0]["fileBytes"], "ff2e62696e");
+  EXPECT_FALSE(files[1].contains("fileBytes"));
+  EXPECT_EQ(json::parse(withOddNames("export --format jsonl \"$A\"").output)["fileBytes"], "ff2e62696e");
+  const json difference = json::parse(withOddNames("diff --json \"$B\" \"$A\"").output);
+  EXPECT_EQ(difference["secondBytes"], "ff2e62696e");
+  EXPECT_FALSE(difference.contains("firstBytes"));
 }
 
 TEST_F(Json, HoldsAgainstItsSchema) {
   QStringList inputs = VelkTest::exampleImages();
   inputs << damaged() << "missing.bin" << file("gap.s19", "S1070100FFFF0000F9\nS1070200FFFFFFFFFA\n")
-         << file("\xE4 \xFF", "");
+         << file("empty.bin", "");
   QStringList documents;
   const auto document = [&](const QString& name, const QStringList& arguments) {
     documents << file(name, QByteArray::fromStdString(run(arguments).output));
@@ -148,6 +169,12 @@ TEST_F(Json, HoldsAgainstItsSchema) {
   inputs.removeOne("every_id.bin");  // a megabyte, over which the validator sits for half a minute
   document("export.json", QStringList{"export", "--stored"} + inputs);
   document("export.jsonl", QStringList{"export", "--format", "jsonl"} + inputs);
+  const auto oddDocument = [&](const QString& name, const QString& arguments) {
+    documents << file(name, QByteArray::fromStdString(withOddNames(arguments).output));
+  };
+  oddDocument("odd.json", "export \"$A\" nowhere");
+  oddDocument("odd.jsonl", "export --format jsonl \"$A\" \"$A/\" nowhere");
+  oddDocument("odd_diff.json", "diff --json \"$A\" \"$A\"");
   document("diff.json", {"diff", "--json", "rf_board.bin", damaged()});
   document("other.json", {"diff", "--json", "detector.bin", "mainboard.bin"});
   const auto hold = [](const QStringList& files) {
@@ -156,7 +183,7 @@ TEST_F(Json, HoldsAgainstItsSchema) {
   };
   const Outcome held = hold(documents);
   EXPECT_EQ(held.exitCode, 0) << held.output << held.errors;
-  const QByteArray wrong = R"({"schema": "velk/1", "files": [{"file": "x", "error": "y", "more": 1}]})";
+  const QByteArray wrong = R"({"schema": "velk/1", "files": [{"file": "x", "error": "y", "blocks": [], "more": 1}]})";
   EXPECT_EQ(hold({file("wrong.json", wrong)}).exitCode, 1);
 }
 

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
-#include <numeric>
-#include <utility>
 
 #include "velk/data/BlockDoubts.h"
+#include "velk/data/NearestName.h"
 #include "velk/datablock/Checksums.h"
 #include "velk/datablock/FieldValue.h"
 
@@ -15,40 +13,12 @@ namespace {
 
 using detail::MutableBytes;
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
-
-/// How many characters have to be added, dropped or replaced to make one text the other.
-std::size_t editDistance(std::string_view from, std::string_view to) {
-  std::vector<std::size_t> row(to.size() + 1);
-  std::iota(row.begin(), row.end(), std::size_t{0});
-  for (std::size_t i = 0; i < from.size(); ++i) {
-    std::size_t diagonal = std::exchange(row[0], i + 1);
-    for (std::size_t j = 0; j < to.size(); ++j) {
-      const std::size_t replaced = diagonal + (from[i] == to[j] ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
-    }
-  }
-  return row.back();
-}
-
 std::string noMember(const DataNode& record, std::string_view name) {
-  constexpr std::size_t longestName = 64;
-  const char* nearest = "";
-  std::size_t least = std::numeric_limits<std::size_t>::max();
-  for (std::size_t i = 0; i < record.size() && name.size() <= longestName; ++i) {
-    const std::size_t distance = editDistance(lowerCase(name), lowerCase(record.nameOf(i)));
-    if (distance < least) nearest = record.nameOf(i);
-    least = std::min(least, distance);
-  }
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < record.size(); ++i) names.emplace_back(record.nameOf(i));
+  const std::string_view nearest = detail::nearestName(name, names);
   std::string text = "no field \"" + std::string(name) + '"';
-  if (*nearest != '\0') text += "; the nearest is " + std::string(nearest);
+  if (!nearest.empty()) text.append("; the nearest is ").append(nearest);
   return text;
 }
 

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+namespace VelkTool {
+
+/// Tells equal names apart: the second and those after it go on with ~2, ~3 and so on. No name is given twice, whatever
+/// the names themselves end with.
+class UnusedNames {
+ public:
+  std::string take(const std::string& name) {
+    const auto [entry, isNew] = given_.try_emplace(name, 1U);
+    if (isNew) return name;
+    unsigned& last = entry->second;  // stays in its place when the map grows
+    std::string numbered;
+    do {
+      numbered = name + '~' + std::to_string(++last);
+    } while (!given_.try_emplace(numbered, 1U).second);
+    return numbered;
+  }
+
+ private:
+  std::unordered_map<std::string, unsigned>
+      given_;  ///< each name, and the last number that was tried behind it, so that none is tried twice
+};
+
+}  // namespace VelkTool
