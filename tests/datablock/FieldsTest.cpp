@@ -94,6 +94,25 @@ TEST_F(FieldsOfASample, RefuseWhatTheyCannotHold) {
   EXPECT_EQ(bytes_, std::vector<unsigned char>(before.begin(), before.begin() + 20));
 }
 
+/// Fields of which one says that another counts it; no such record is in the catalogue, whose rows are all checked.
+constexpr FieldInfo countedBy(const char* counter) { return sampleFields[2].counted(counter); }
+constexpr FieldInfo missingCounter[] = {sampleFields[0], countedBy("lwo")};
+constexpr FieldInfo listAsCounter[] = {sampleFields[2], countedBy("cells")};
+constexpr FieldInfo fractionAsCounter[] = {VELK_FIELD(Sample, value), countedBy("value")};
+constexpr FieldInfo wholeNumberAsCounter[] = {sampleFields[0], countedBy("low")};
+constexpr FieldInfo missingColumns[] = {sampleFields[0], sampleFields[2].counted("low", "columns")};
+constexpr FieldInfo missingInside[] = {VELK_FIELD(Sample, entries).of(missingCounter)};
+
+TEST(Fields, AreCountedByAWholeNumberOfTheirRecord) {
+  static_assert(detail::hasItsCounters(wholeNumberAsCounter));
+  static_assert(!detail::hasItsCounters(missingCounter));
+  static_assert(!detail::hasItsCounters(listAsCounter));
+  static_assert(!detail::hasItsCounters(fractionAsCounter));
+  static_assert(!detail::hasItsCounters(missingColumns));
+  static_assert(!detail::hasItsCounters(missingInside));
+  static_assert(&fieldNamed(sampleFields, "high") == &sampleFields[1]);
+}
+
 TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   HwDatablockIdent ident;
   const auto set = [&](std::string_view path, std::string_view text) {

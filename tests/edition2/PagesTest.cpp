@@ -1,3 +1,5 @@
+#include <ctime>
+
 #include "edition2/Edition2Support.h"
 
 namespace Velk {
@@ -151,8 +153,75 @@ TEST(SecondEditionPages, DetailGoesNoFurtherThanTheBytes) {
   EXPECT_EQ(rows("FF FF 02 00 00 00 07 01 00 00 01 02 03"), "1: \n") << "no value in the place of another";
   EXPECT_EQ(rows("03 00 01 00 00 00 19 00 00 00 41 00 42 00 00"), "1: \n2: \n3: \n") << "strings are not shown";
   EXPECT_EQ(rows("FF FF 01 00 00 00 00 00 00 00 41 42"), "1: \n2: \n");
-  EXPECT_EQ(rows("05 00 00 00 01 00 01 02 03 04 05"), "") << "no columns, no rows";
   EXPECT_NE(printed(detail, QByteArray()).find("\nBLOCK ID:           USER_0\n"), std::string::npos);
+}
+
+TEST(SecondEditionPages, DetailShowsTheRowIdsOfATableWithoutColumns) {
+  const std::string end = "=\n\n";
+  const auto rows = [&](const char* table, const char* header = "00 00 00 00 00 00 00 00 00 00 00 00 00 00") {
+    const std::string text = printed(detail, sized(fromHex(header) + fromHex(table)));
+    return text.substr(text.rfind(end) + end.size());
+  };
+  EXPECT_EQ(rows("03 00 00 00 01 00 01 02 03"), "1: 1    \n2: 2    \n3: 3    \n");
+  EXPECT_EQ(rows("FF FF 00 00 03 00 01 00 02 00 03"), "1: 1    \n2: 2    \n3: \n") << "as far as the block goes";
+  EXPECT_EQ(rows("02 00 00 00 03 00  07 00 08 00", "07 00 00 00 00 00 04 00 00 00 64 00"), "1: 7    \n2: 8    \n")
+      << "behind the compact header";
+  EXPECT_EQ(rows("02 00 00 00 19 00 41 00 42 00"), "1: \n2: \n") << "strings are not shown";
+  for (const char* const claim :
+       {"FF FF 00 00 01 00", "FF FF 00 00 19 00", "FF FF 00 00 00 00 01 02", "FF FF 00 00 C8 00 01"}) {
+    EXPECT_EQ(rows(claim), "") << claim;
+  }
+}
+
+TEST(SecondEditionPages, CompleteShowsTheRowIdsOfATableWithoutColumns) {
+  ConsoleCapture console;
+  const auto tables = [](const char* bytes) {
+    const std::string text = printed(complete, sized(QByteArray(14, '\0') + fromHex(bytes)));
+    std::string lines;
+    for (std::size_t at = text.find("\nTYPE:"); at != text.npos; at = text.find("\nTYPE:", at + 1)) {
+      const std::size_t start = text.find('\n', at + 1) + 1;
+      lines += '|' + text.substr(start, text.find("ROWS:", start) - start);
+    }
+    return lines;
+  };
+  EXPECT_EQ(tables("02 00 00 00 03 00  07 00 08 00"), "|7      \n8      \n");
+  EXPECT_EQ(tables("04 00 00 00 05 00  01 00 00 00 02 00 00 00 03 00 00 00 04 00 00 00"),
+            "|1      \n2      \n3      \n4      \n")
+      << "ids up to the block's end, although they would read as tables";
+  EXPECT_EQ(tables("01 00 00 00 03 00  07 00 00 00"), "|7      \n") << "with their padding";
+  EXPECT_EQ(tables("02 00 00 00 19 00  41 00 42 43 00"), "|A      \nBC     \n");
+  EXPECT_EQ(tables("01 00 00 00 0C 00  8B FF"), "|-11.6999998092651 \n") << "row ids of fixed point are scaled";
+  EXPECT_EQ(tables("02 00 00 00 01 00  01 00 01 00 00 00 01 00 09"), "||       9      \n") << "another table, no ids";
+  for (const char* const claim : {"FF FF 00 00 01 00", "FF FF 00 00 19 00 41 00", "03 00 00 00 03 00 01 00 02 00"}) {
+    EXPECT_EQ(tables(claim), "|") << claim;
+  }
+}
+
+/// The processor time that hostile blocks take is bounded by their bytes, not by the rows times columns that they
+/// claim.
+TEST(SecondEditionPages, TakeTimeByTheBytes) {
+  ConsoleCapture console;
+  constexpr int size = 0xFFFF;
+  const unsigned counts[][2] = {{21633, 21633}, {0xFFFF, 0xFFFF}, {32000, 32000}, {0xFFFF, 20000}, {20000, 1000}};
+  for (const auto [rows, columns] : counts) {
+    for (const int type : {TYPE_ID_NONE + 0, TYPE_ID_UINT8 + 0, TYPE_ID_STRING + 0, 200}) {
+      for (const int rowIds : {TYPE_ID_NONE + 0, TYPE_ID_UINT8 + 0, TYPE_ID_STRING + 0}) {
+        QByteArray bytes(size, static_cast<char>(type));
+        for (int i = 0; i < 2; ++i) {
+          bytes[2 + i] = '\xFF';
+          bytes[6 + i] = '\0';
+          bytes[14 + i] = static_cast<char>(rows >> (8 * i));
+          bytes[16 + i] = static_cast<char>(columns >> (8 * i));
+        }
+        bytes[18] = static_cast<char>(rowIds);
+        bytes[19] = TYPE_ID_NONE;
+        const std::clock_t start = std::clock();
+        for (const Page page : {detail, complete}) printed(page, bytes);
+        EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 2)
+            << rows << " rows, " << columns << " columns of type " << type << ", row ids of type " << rowIds;
+      }
+    }
+  }
 }
 
 TEST(SecondEditionPages, ValuePrinterMovesOnAndLeavesItsNotation) {

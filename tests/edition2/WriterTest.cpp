@@ -66,6 +66,21 @@ TEST(SecondEditionWriter, GivesBackTablesOfOneColumnAsTheyWere) {
   EXPECT_EQ(own.getByteArrayData(), written.image);
 }
 
+TEST(SecondEditionWriter, WritesATableWithoutColumnsAsItsHeader) {
+  const QByteArray bytes = bytesOf(SecondEditionBuilder(1)
+                                       .add({.columnTypes = {TYPE_ID_UINT8}, .rows = {{6}}})
+                                       .add({.rowIdType = TYPE_ID_UINT16, .columnTypes = {}, .rows = {{}, {}, {}}})
+                                       .add({.columnTypes = {TYPE_ID_UINT8}, .rows = {{7}}}));
+  const QByteArray image = Written(bytes).image;
+  EXPECT_EQ(image, bytes) << "unpadded, since the next table is read from there on";
+  const VelkTest::Parsed parsed(image);
+  ASSERT_EQ(parsed.tables().size(), 4U);
+  EXPECT_EQ(parsed.getRowCount(1), 3U);
+  std::vector<int> values;
+  parsed.getDataColumn(0, values, 2);
+  EXPECT_EQ(values, std::vector<int>{7});
+}
+
 TEST(SecondEditionWriter, WritesCellsColumnByColumnAndStringsWithoutZeros) {
   const QByteArray bytes = bytesOf(SecondEditionBuilder(1).add(
       {.columnTypes = {TYPE_ID_UINT8, TYPE_ID_STRING, TYPE_ID_UINT16}, .rows = {{1, "ab", 0x1110}, {2, "c", 0x2120}}}));

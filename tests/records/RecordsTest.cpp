@@ -81,6 +81,42 @@ TEST(ServiceData, PartsOfWordsKeepTheirNeighbours) {
   EXPECT_NE(printed(block).find("SERVICEDATE:     2107-15-31\nOPHOURS:         00000/262143\n"), std::string::npos);
 }
 
+/// What a field of a block is, shown as people read it.
+std::string shown(HwDatablock& block, std::span<const FieldInfo> fields, const char* path) {
+  const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
+  return fieldText({block.getData(), size}, VelkTest::findField(fields, path).value(), ValueForm::Presented);
+}
+
+TEST(PartsOfWords, AreTheSameByFieldAccessorAndText) {
+  HwDatablockServiceData service;
+  HwDatablockModification modification;
+  HwDatablockIqOp3RfmCalibDataMisc misc;
+  HwDatablockIqOp3RfmCalibData calibration;
+  misc.setNumberOfOperatingStates(1);
+  for (unsigned bit = 0; bit < 32; ++bit) {
+    const unsigned word = 1U << bit;
+    service.setOpTime(word);
+    EXPECT_EQ(shown(service, serviceFields, "opTimeHours"), std::to_string(service.getOpTimeHours()));
+    EXPECT_EQ(shown(service, serviceFields, "opTimeTurnOn"), std::to_string(service.getOpTimeTurnOn()));
+    modification.setServiceCode(static_cast<unsigned short>(word), 0);
+    EXPECT_EQ(shown(modification, modificationFields, "circularNr[0]"), std::to_string(modification.getCircularNr(0)));
+    EXPECT_EQ(shown(modification, modificationFields, "action[0]"), std::to_string(modification.getAction(0)));
+    misc.setPmaxBz(static_cast<unsigned short>(word), 0);
+    char line[64];
+    std::snprintf(line, sizeof line, "\nPMAX_BZ1:             %.1f\t dBm\n",
+                  std::stod(shown(misc, iqOp3MiscFields, "pmaxBz[0]")));
+    EXPECT_NE(printed(misc).find(line), std::string::npos) << line;
+    calibration.setCalibDatablock({.steps = word, .attenuations = word}, 0);
+    std::snprintf(line, sizeof line, "\t%.3f\t%.3f\t%.3f\t",
+                  std::stod(shown(calibration, iqOp3CalibFields, "blocks[0].levAtt15")),
+                  std::stod(shown(calibration, iqOp3CalibFields, "blocks[0].levAtt30")),
+                  std::stod(shown(calibration, iqOp3CalibFields, "blocks[0].levAtt45")));
+    EXPECT_NE(printed(calibration).find("[" + shown(calibration, iqOp3CalibFields, "blocks[0].levPre") + line),
+              std::string::npos)
+        << line;
+  }
+}
+
 TEST(Modification, EntriesAreTwoParts) {
   HwDatablockModification block;
   block.setServiceCode(0xC005, 9);

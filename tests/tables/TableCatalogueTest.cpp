@@ -8,6 +8,10 @@
 namespace Velk {
 namespace {
 
+const FieldInfo& fieldNamedAtRun(std::span<const FieldInfo> fields, std::string_view name) {
+  return *std::ranges::find(fields, name, [](const FieldInfo& field) { return std::string_view(field.name); });
+}
+
 struct Expected {
   unsigned short id;
   unsigned short size;
@@ -165,6 +169,25 @@ TEST(TableCatalogue, CallersNameAndNumberSomeTables) {
   points.setStoredValue(10000000, 0, 0);
   EXPECT_EQ(levels.getValue(0, 0), -12.34);
   EXPECT_EQ(points.getValue(0, 0), 1000000000.0);
+}
+
+TEST(TableCatalogue, AccessorsRoundProductsAndFieldsDecimals) {
+  HwDatablockVaskVectorRfLevelMaxData levels(false);
+  EXPECT_EQ(levels.getScale(), HwDatablockVaskVectorRfLevelMaxData::traits.scale);
+  const std::span<const FieldInfo> fields = findCatalogueRow(levels.getId())->fields;
+  int differing = 0;
+  for (int stored = -1000; stored <= 1000; ++stored) {
+    levels.setStoredValue(stored, 0, 0);
+    const FieldInfo& cells = fieldNamedAtRun(fields, "cells");
+    const double field = std::stod(fieldText({levels.getData(), 528}, {&cells, cells.offset}, ValueForm::Presented));
+    EXPECT_EQ(field, stored / 100.0) << "the decimal number that is meant";
+    EXPECT_EQ(levels.getValue(0, 0), static_cast<double>(stored * static_cast<long double>(0.01))) << stored;
+    if (levels.getValue(0, 0) != field) ++differing;
+  }
+  levels.setStoredValue(35, 0, 0);
+  EXPECT_EQ(levels.getValue(0, 0), 0.35000000000000003);
+  EXPECT_GT(differing, 0);
+  EXPECT_LT(differing, 500) << "in the last digit, of some values";
 }
 
 }  // namespace

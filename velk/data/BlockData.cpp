@@ -18,7 +18,7 @@ constexpr FieldInfo typeField(const char* name, std::size_t offset) {
 
 constexpr FieldInfo updateIndexField =
     detail::describeField<unsigned short>("updateIndex", offsetof(HwSDatablockHeader2Edition, updateIndex))
-        .in("", 0.01);
+        .in("", updateIndexUnit);
 constexpr const char* selfDescribingMembers[] = {"updateIndex", "tables"};
 constexpr FieldInfo columnTypeField = typeField("columnTypes", 0);
 

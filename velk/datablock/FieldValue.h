@@ -7,14 +7,6 @@
 
 namespace Velk::detail {
 
-/// The bits of an integer that a field occupies.
-template <class T>
-constexpr std::int64_t partOf(T word, Bits bits) {
-  const std::int64_t span = std::int64_t{1} << bits.width;
-  const std::int64_t part = static_cast<std::int64_t>(word >> bits.shift) & (span - 1);
-  return bits.isSigned && part >= span / 2 ? part - span : part;
-}
-
 /// The number whose ten x87 bytes stand at `offset`; NaN for bytes that the x87 takes for no number.
 VELK_EXPORT long double loadExtended(ConstBytes bytes, std::size_t offset);
 

@@ -88,9 +88,7 @@ FieldResult storeInteger(MutableBytes block, FieldElement element, std::int64_t 
   }
   const Range range = rangeOf(bits);
   if (value < range.least || value > range.most) return FieldResult::OutOfRange;
-  const std::int64_t mask = (range.most - range.least) << bits.shift;
-  const std::int64_t others = static_cast<std::int64_t>(detail::load<T>(block, element.offset)) & ~mask;
-  detail::store(block, element.offset, static_cast<T>(others | ((value << bits.shift) & mask)));
+  detail::store(block, element.offset, detail::withPart(detail::load<T>(block, element.offset), bits, value));
   return FieldResult::Done;
 }
 

@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "velk/Export.h"
+#include "velk/datablock/Bits.h"
 #include "velk/datablock/Bytes.h"
 
 namespace Velk {
@@ -35,11 +36,11 @@ enum class FieldKind : unsigned char {
   Name,  ///< a number that stands for one of several names
 };
 
-/// The part of an integer that a field occupies; width 0 means all of it.
-struct Bits {
-  unsigned char shift = 0;
-  unsigned char width = 0;
-  bool isSigned = false;
+/// presented = stored * factor + bias
+struct Scaling {
+  double factor = 1;
+  double bias = 0;
+  double divisor = 0;  ///< 1 / factor where that is whole: a division by it rounds once and gives 0.1, not 0.1000...01
 };
 
 /// One field of a record, as data: where it lies in the block, what it holds and what it is called. A field may be a
@@ -58,7 +59,7 @@ struct FieldInfo {
   FieldKind kind = FieldKind::Number;
   double scale = 1;  ///< presented = stored * scale + bias
   double bias = 0;
-  double divisor = 0;  ///< 1 / scale where that is whole: a division by it rounds once and gives 0.1, not 0.1000...01
+  double divisor = 0;  ///< see Scaling
   const char* unit = "";
   std::span<const FieldInfo> members{};           ///< of a sub-record
   bool openEnded = false;                         ///< a list of as many elements as the block has room for
@@ -67,6 +68,8 @@ struct FieldInfo {
   const char* usedRows = "";                      ///< the field of the same record that counts the elements in use
   const char* usedCols = "";                      ///< the same for the columns of a table
   const char* (*nameOf)(std::int64_t) = nullptr;  ///< of a Name
+
+  constexpr Scaling scaling() const { return {scale, bias, divisor}; }
 
   /// A character array is one text rather than a list of small numbers; an array of those is a list of texts.
   constexpr FieldInfo asText() const {
@@ -185,10 +188,56 @@ struct FieldElement {
 /// Values as records store them, or as people read them: scaled, biased, in a unit.
 enum class ValueForm : unsigned char { Presented, Stored };
 
-/// The presented value of a stored number.
-inline double presentedValue(const FieldInfo& field, double stored) {
-  return (field.divisor != 0 ? stored / field.divisor : stored * field.scale) + field.bias;
+/// How a presented value is rounded where the factor is no binary number.
+enum class Rounding : unsigned char {
+  Decimal,  ///< to the decimal number that is meant: 35 at 0.01 is 0.35. Fields are shown, exported and set so.
+  /// As the product with the binary number next to the factor, in the precision of Number: 35 at 0.01 is
+  /// 0.35000000000000003. Instruments reckon so: the accessors and texts of tables and second-edition blocks do as
+  /// well.
+  Product,
+};
+
+/// The presented value of a stored number. All accessors, texts and exports come here for it.
+template <Rounding rounding = Rounding::Decimal, class Number>
+constexpr Number presentedValue(const Scaling& scaling, Number stored) {
+  const bool divides = rounding == Rounding::Decimal && scaling.divisor != 0;
+  const Number value = divides ? stored / scaling.divisor : stored * scaling.factor;
+  return scaling.bias == 0 ? value : value + scaling.bias;
 }
+inline double presentedValue(const FieldInfo& field, double stored) { return presentedValue(field.scaling(), stored); }
+
+/// The field of that name; a name that none of the fields has does not compile.
+consteval const FieldInfo& fieldNamed(std::span<const FieldInfo> fields, std::string_view name) {
+  for (const FieldInfo& field : fields) {
+    if (field.name == name) return field;
+  }
+  throw "no field has this name";
+}
+
+namespace detail {
+
+/// Whether a name is that of a whole number among the fields, which can count others.
+constexpr bool isCounter(std::span<const FieldInfo> fields, std::string_view name) {
+  for (const FieldInfo& field : fields) {
+    if (field.name == name) {
+      return field.rank == 0 && field.kind == FieldKind::Number && field.type < ScalarType::F32;
+    }
+  }
+  return false;
+}
+
+/// Whether all that is counted by another field of its record is counted by one that can.
+constexpr bool hasItsCounters(std::span<const FieldInfo> fields) {
+  for (const FieldInfo& field : fields) {
+    for (const std::string_view counter : {field.usedRows, field.usedCols}) {
+      if (!counter.empty() && !isCounter(fields, counter)) return false;
+    }
+    if (!hasItsCounters(field.members)) return false;
+  }
+  return true;
+}
+
+}  // namespace detail
 
 /// The stored integer (of a floating field: 0) and its text forms below; bytes outside the block count as 0.
 VELK_EXPORT std::int64_t integerValue(detail::ConstBytes block, FieldElement element);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <concepts>
+
 #include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
 
@@ -38,8 +40,16 @@ class VELK_EXPORT HwDatablockEnd : public HwDatablock {
   void setChecksum(unsigned short checksum) override;
   std::ostream& printToStream(std::ostream& os) override;
 
+  /// Of a signed count: 0, whatever the record. An unsigned one gives the record's checksum.
   virtual unsigned short computeChecksum(unsigned short* words, short byteCount);
   virtual bool verifyChecksum(unsigned short* words, short byteCount);
+
+  /// A count of any other type goes by its sign as well: without this a plain 8 would fit both of them equally badly.
+  template <std::integral Count>
+  unsigned short computeChecksum(unsigned short* words, Count byteCount) {
+    using Nearest = std::conditional_t<std::is_signed_v<Count>, short, unsigned short>;
+    return computeChecksum(words, static_cast<Nearest>(byteCount));
+  }
 };
 
 }  // namespace Velk

@@ -3,24 +3,31 @@
 #include <charconv>
 #include <string_view>
 
+#include "velk/datablock/Bits.h"
+
 namespace Velk {
 
-/// A date as records store it in 16 bits: day in bits 0 to 4, month in bits 5 to 8, year minus 1980 in bits 9 to 15.
-/// Damaged records hold days and months that no calendar has; they stay as they are.
+/// A date as records store it in 16 bits. Damaged records hold days and months that no calendar has; they stay as they
+/// are.
 struct PackedDate {
   static constexpr unsigned firstYear = 1980;
   static constexpr unsigned lastYear = firstYear + 127;
+  static constexpr Bits dayBits{.shift = 0, .width = 5};
+  static constexpr Bits monthBits{.shift = 5, .width = 4};
+  static constexpr Bits yearBits{.shift = 9, .width = 7};  ///< of the years since firstYear
 
   unsigned year = firstYear;
   unsigned month = 0;
   unsigned day = 0;
 
   static constexpr PackedDate of(unsigned short packed) noexcept {
-    return {firstYear + (packed >> 9U), packed >> 5U & 0xFU, packed & 0x1FU};
+    const auto part = [packed](Bits bits) { return static_cast<unsigned>(detail::partOf(packed, bits)); };
+    return {firstYear + part(yearBits), part(monthBits), part(dayBits)};
   }
   /// Each part is reduced to the bits that it has.
   constexpr unsigned short packed() const noexcept {
-    return static_cast<unsigned short>((year - firstYear) << 9U | (month & 0xFU) << 5U | (day & 0x1FU));
+    const auto withYear = detail::withPart<unsigned short>(0, yearBits, year - firstYear);
+    return detail::withPart(detail::withPart(withYear, monthBits, month), dayBits, day);
   }
 };
 

@@ -54,7 +54,7 @@ double presentedValue(ConstBytes block, const FieldInfo& values, const TextForm&
   if (static_cast<std::uint64_t>(index) >= values.rows) return 0;
   const auto stored = element<unsigned>(block, values, index);
   const bool isTwin = index > 0 && stored == element<unsigned>(block, values, index - 1);
-  return stored * values.scale + (isTwin ? form.twinStep : 0);
+  return Velk::presentedValue(values, stored) + (isTwin ? form.twinStep : 0);
 }
 
 std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits) {

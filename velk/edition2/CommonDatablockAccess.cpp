@@ -1,6 +1,7 @@
 #include "velk/edition2/CommonDatablockAccess.h"
 
 #include "velk/datablock/Checksums.h"
+#include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
 
 namespace Velk {
@@ -151,6 +152,10 @@ void CommonDatablockAccess::parse() {
 
 const CommonSubDatablock* CommonDatablockAccess::find(unsigned int table) const {
   return table < tables_.size() ? &tables_[table] : nullptr;
+}
+
+double CommonDatablockAccess::getUpdateIndex() const {
+  return presentedValue<Rounding::Product>({.factor = updateIndexUnit}, static_cast<double>(header_.updateIndex));
 }
 
 unsigned int CommonDatablockAccess::getRowCount(unsigned int table) const {

@@ -33,7 +33,7 @@ class VELK_EXPORT CommonDatablockAccess {
 
   unsigned short getId() const { return header_.header.id; }
   /// The stored hundredths, unsigned, as a number.
-  double getUpdateIndex() const { return header_.updateIndex * 0.01; }
+  double getUpdateIndex() const;
   unsigned int getRowCount(unsigned int table) const;
   unsigned int getColCount(unsigned int table) const;
   const std::vector<CommonSubDatablock>& tables() const { return tables_; }
@@ -74,7 +74,8 @@ class VELK_EXPORT CommonDatablockAccess {
 
   /// Builds the block anew from its complete tables, with fresh checksums, and hands it to the block, whose 16-bit
   /// checksum stays 0, and to the store. Cells are written column by column, strings without their zeros: only tables
-  /// of one column without strings read back as they were. False, and nothing done, without a block or where the image
+  /// of one column without strings read back as they were. So do those without columns, which are a header and no
+  /// padding, since the next table is read from there on. False, and nothing done, without a block or where the image
   /// would be longer than a block can be.
   bool write();
   /// Hands the store a block of these bytes; always true.

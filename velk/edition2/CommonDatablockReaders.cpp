@@ -3,8 +3,10 @@
 #include <functional>
 #include <string_view>
 
+#include "velk/datablock/Fields.h"
 #include "velk/datablock/NumberConversion.h"
 #include "velk/edition2/CommonDatablockAccess.h"
+#include "velk/edition2/RowIdTexts.h"
 #include "velk/platform/Console.h"
 
 namespace Velk {
@@ -95,12 +97,32 @@ std::string takeText(std::string_view& bytes) {
 std::string_view viewOf(const std::vector<char>& store) { return {store.data(), store.size()}; }
 
 /// The id at place `index` of a store, with zeros behind it; zeros alone where the store lacks it.
-std::array<char, detail::widestType> idAt(const std::vector<char>& store, std::size_t index, unsigned int typeId) {
+std::array<char, detail::widestType> idAt(std::string_view store, std::size_t index, unsigned int typeId) {
   std::array<char, detail::widestType> id{};
   const std::size_t size = detail::typeSize(typeId);
-  if (detail::fits(store.size(), index * size, size)) viewOf(store).copy(id.data(), size, index * size);
+  if (detail::fits(store.size(), index * size, size)) store.copy(id.data(), size, index * size);
   return id;
 }
+
+/// The row ids that stand in a store, as the table claims them.
+struct RowIds {
+  std::string_view store;
+  unsigned int typeId;
+  unsigned int count;
+
+  template <class T>
+  void appendTo(std::vector<T>& out) const {
+    std::string_view texts = store;
+    for (unsigned int row = 0; row < count; ++row) {
+      if constexpr (isText<T>) {
+        out.push_back(takeText(texts));
+      } else {
+        const auto id = idAt(store, row, typeId);
+        out.push_back(copied<T>(id.data(), id.size()));
+      }
+    }
+  }
+};
 
 template <class T>
 std::string textOf(const T& value) {
@@ -152,7 +174,7 @@ bool CommonDatablockAccess::getColIdList(std::vector<T>& out, unsigned int table
       texts.remove_prefix(std::min(texts.find_first_not_of('\0'), texts.size()));
       out.push_back(takeText(texts));
     } else {
-      const auto id = idAt(found->columnIds, column, found->columnIdType);
+      const auto id = idAt(viewOf(found->columnIds), column, found->columnIdType);
       out.push_back(convValue<T>(id.data(), found->columnIdType));
     }
   }
@@ -162,16 +184,7 @@ bool CommonDatablockAccess::getColIdList(std::vector<T>& out, unsigned int table
 template <class T>
 bool CommonDatablockAccess::getRowIdList(std::vector<T>& out, unsigned int table) const {
   const CommonSubDatablock* const found = find(table);
-  if (found == nullptr) return true;
-  std::string_view texts = viewOf(found->rowIds);
-  for (unsigned int row = 0; row < found->rows; ++row) {
-    if constexpr (isText<T>) {
-      out.push_back(takeText(texts));
-    } else {
-      const auto id = idAt(found->rowIds, row, found->rowIdType);
-      out.push_back(copied<T>(id.data(), id.size()));
-    }
-  }
+  if (found != nullptr) RowIds{viewOf(found->rowIds), found->rowIdType, found->rows}.appendTo(out);
   return true;
 }
 
@@ -207,74 +220,96 @@ struct List {
   unsigned int table;
 
   template <class T>
-  std::vector<T> read() const {
-    std::vector<T> values;
-    if (kind == ROW_TYPE) access.getRowIdList(values, table);
-    if (kind == COLUMN_TYPE) access.getColIdList(values, table);
-    if (kind == DATA_TYPE) access.getDataColumn(column, values, table);
-    return values;
-  }
-
-  template <class T, class Show = std::identity>
-  void appendTexts(std::vector<std::string>& out, Show show = {}) const {
-    for (const T& value : read<T>()) out.push_back(textOf(show(value)));
+  void appendTo(std::vector<T>& out) const {
+    if (kind == ROW_TYPE) access.getRowIdList(out, table);
+    if (kind == COLUMN_TYPE) access.getColIdList(out, table);
+    if (kind == DATA_TYPE) access.getDataColumn(column, out, table);
   }
 };
 
-}  // namespace
+/// A list as texts, which are appended.
+template <class Source>
+struct Texts {
+  const Source& source;
+  std::vector<std::string>& out;
 
-bool CommonDatablockAccess::getDataInStringVector(std::vector<std::string>& out, VECTOR_TYPE kind, unsigned int typeId,
-                                                  unsigned int column, unsigned int table) const {
-  const List list{*this, kind, column, table};
-  const auto scaled = [typeId](int stored) { return static_cast<float>(stored * detail::fixedPointUnit(typeId)); };
+  template <class T, class Show = std::identity>
+  void append(Show show = {}) const {
+    std::vector<T> values;
+    source.appendTo(values);
+    for (const T& value : values) out.push_back(textOf(show(value)));
+  }
+};
+
+template <class Source>
+void appendTexts(const Source& source, unsigned int typeId, std::vector<std::string>& out) {
+  const Texts<Source> list{source, out};
+  const auto scaled = [typeId](int stored) {
+    return static_cast<float>(
+        presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(typeId)}, static_cast<double>(stored)));
+  };
   switch (typeId) {
     case TYPE_ID_UINT8:
-      list.appendTexts<unsigned char>(out);
+      list.template append<unsigned char>();
       break;
     case TYPE_ID_INT8:
-      list.appendTexts<signed char>(out);
+      list.template append<signed char>();
       break;
     case TYPE_ID_UINT16:
-      list.appendTexts<unsigned short>(out);
+      list.template append<unsigned short>();
       break;
     case TYPE_ID_INT16:
-      list.appendTexts<short>(out);
+      list.template append<short>();
       break;
     case TYPE_ID_UINT32:
-      list.appendTexts<unsigned int>(out);
+      list.template append<unsigned int>();
       break;
     case TYPE_ID_INT32:
-      list.appendTexts<int>(out);
+      list.template append<int>();
       break;
     case TYPE_ID_UINT64:
-      list.appendTexts<unsigned long long>(out);
+      list.template append<unsigned long long>();
       break;
     case TYPE_ID_INT64:
-      list.appendTexts<long long>(out);
+      list.template append<long long>();
       break;
     case TYPE_ID_FLOAT:
-      list.appendTexts<float>(out);
+      list.template append<float>();
       break;
     case TYPE_ID_DOUBLE:
     case TYPE_ID_LONG_DOUBLE:
-      list.appendTexts<double>(out);
+      list.template append<double>();
       break;
     case TYPE_ID_FIX16D1:
     case TYPE_ID_FIX16D2:
     case TYPE_ID_FIX16D3:
     case TYPE_ID_FIX16D4:
-      list.appendTexts<short>(out, scaled);
+      list.template append<short>(scaled);
       break;
     case TYPE_ID_FIX32D1:
     case TYPE_ID_FIX32D2:
     case TYPE_ID_FIX32D3:
     case TYPE_ID_FIX32D4:
-      list.appendTexts<int>(out, scaled);
+      list.template append<int>(scaled);
       break;
     default:
-      if (typeId >= TYPE_ID_CHAR && typeId <= TYPE_ID_STRING) list.appendTexts<std::string>(out);
+      if (typeId >= TYPE_ID_CHAR && typeId <= TYPE_ID_STRING) list.template append<std::string>();
   }
+}
+
+}  // namespace
+
+bool CommonDatablockAccess::getDataInStringVector(std::vector<std::string>& out, VECTOR_TYPE kind, unsigned int typeId,
+                                                  unsigned int column, unsigned int table) const {
+  appendTexts(List{*this, kind, column, table}, typeId, out);
   return true;
+}
+
+std::vector<std::string> detail::rowIdTexts(ConstBytes ids, ETypeId type, unsigned int count) {
+  std::vector<std::string> texts;
+  const std::string_view store(reinterpret_cast<const char*>(ids.data()), ids.size());
+  appendTexts(RowIds{store, type, count}, type, texts);
+  return texts;
 }
 
 // The types that the header names.

@@ -1,6 +1,7 @@
 #include "velk/edition2/HwDatablock2Edition.h"
 
 #include "velk/datablock/Checksums.h"
+#include "velk/datablock/Fields.h"
 #include "velk/edition2/StoredTable.h"
 
 namespace Velk {
@@ -51,7 +52,10 @@ unsigned short HwDatablock2Edition::getNumberOfColumns(unsigned int /*part*/) {
   return load<unsigned short>(placed(columnsOffset));
 }
 
-double HwDatablock2Edition::getUpdateIndex() { return load<short>(placed(offsetof(Header, updateIndex))) * 0.01; }
+double HwDatablock2Edition::getUpdateIndex() {
+  const double hundredths = load<short>(placed(offsetof(Header, updateIndex)));
+  return presentedValue<Rounding::Product>({.factor = updateIndexUnit}, hundredths);
+}
 
 unsigned char* HwDatablock2Edition::getData(unsigned int /*part*/) { return HwDatablock::getData(); }
 

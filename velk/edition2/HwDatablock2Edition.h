@@ -75,10 +75,12 @@ class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockA
   /// Id, name and update index.
   std::ostream& printDebugPageSummary(std::ostream& os, HwSDataBlockCfg cfg);
   /// The first table as its bytes stand. Shows fixed-point values and long doubles, and no strings: a list of strings
-  /// counts as having no bytes. Values beyond the block's end are left out, and rows that have none before it.
+  /// counts as having no bytes. A table without columns shows the row ids that its block holds. Values beyond the
+  /// block's end are left out, and rows that have none before it.
   std::ostream& printDebugPageDetail(std::ostream& os, HwSDataBlockCfg cfg);
   /// Every complete table in aligned columns, as the typed readers give them: strings are shown; fixed-point values and
-  /// long doubles, which the readers do not convert, are 0.
+  /// long doubles, which the readers do not convert, are 0. A table without columns has its row ids shown where its
+  /// block holds all of them and no further table, and else no row.
   std::ostream& printDebugPageComplete(std::ostream& os, HwSDataBlockCfg cfg);
 
   /// Prints one stored value and four blanks, and returns what follows the value. `value` has the bytes that its type

@@ -8,6 +8,7 @@
 #include "velk/datablock/TextWriter.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablock2Edition.h"
+#include "velk/edition2/RowIdTexts.h"
 #include "velk/edition2/StoredTable.h"
 
 namespace Velk {
@@ -33,7 +34,9 @@ int printedDecimals(ETypeId type) {
 
 void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
   const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
-  text.fixed(stored * detail::fixedPointUnit(type), printedDecimals(type));
+  const double shown =
+      presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(type)}, static_cast<double>(stored));
+  text.fixed(shown, printedDecimals(type));
 }
 
 /// One stored value and the blanks behind it, in the form of its type; nothing where a type has no form.
@@ -90,14 +93,16 @@ class ValueCursor {
  public:
   ValueCursor(ConstBytes block, std::size_t position) : block_(block), position_(position) {}
 
-  void print(TextWriter& text, ETypeId type) {
+  /// False, then and from then on, where the block lacks the value.
+  bool print(TextWriter& text, ETypeId type) {
     const std::size_t size = HwDatablock2Edition::size_in_byte(type);
     if (!detail::fits(block_.size(), position_, size)) {
       position_ = block_.size() + 1;  // what follows would stand in the wrong column
-      return;
+      return false;
     }
     appendValue(text, block_.subspan(position_, size), type);
     position_ += size;
+    return true;
   }
   /// How many times `size` bytes begin before the block's end.
   std::size_t countOf(std::size_t size) const {
@@ -121,6 +126,7 @@ class DetailTable {
   void printColumnIds(TextWriter& text) const;
   void printTypes(TextWriter& text) const;
   void printRows(TextWriter& text) const;
+  std::size_t rowsThere(const ValueCursor& ids, const ValueCursor& cells, std::size_t rowSize) const;
 
   ConstBytes bytes_;
   std::size_t rows_;
@@ -177,21 +183,32 @@ void DetailTable::printTypes(TextWriter& text) const {
 }
 
 void DetailTable::printRows(TextWriter& text) const {
-  if (types_.empty()) return;
+  // Columns without bytes show nothing, and a block may claim tens of thousands of them in each of as many rows.
+  std::vector<ETypeId> shown;
   std::size_t rowSize = 0;
-  for (const unsigned char type : types_) rowSize += HwDatablock2Edition::size_in_byte(ETypeId{type});
-  const std::size_t idSize = HwDatablock2Edition::size_in_byte(rowIdType_);
+  for (const unsigned char type : types_) {
+    const std::size_t size = HwDatablock2Edition::size_in_byte(ETypeId{type});
+    if (size != 0) shown.push_back(ETypeId{type});
+    rowSize += size;
+  }
   ValueCursor ids(bytes_, rowIds_);
   ValueCursor cells(bytes_, data_);
-  // Rows of strings show nothing here, but each has a byte at least.
-  const std::size_t shown = std::min(
-      rows_, std::max(idSize == 0 ? 0 : ids.countOf(idSize), cells.countOf(std::max<std::size_t>(rowSize, 1))));
-  for (std::size_t row = 1; row <= shown && text.ok(); ++row) {
+  const std::size_t rows = rowsThere(ids, cells, rowSize);
+  for (std::size_t row = 1; row <= rows && text.ok(); ++row) {
     text.number(row).text(": ");
     ids.print(text, rowIdType_);
-    for (const unsigned char type : types_) cells.print(text, ETypeId{type});
+    for (auto type = shown.begin(); type != shown.end() && cells.print(text, *type);) ++type;
     text.endLine();
   }
+}
+
+/// The rows that have an id or a cell before the block's end. Strings show nothing, but each has a byte at least.
+std::size_t DetailTable::rowsThere(const ValueCursor& ids, const ValueCursor& cells, std::size_t rowSize) const {
+  const bool idsOnly = types_.empty();
+  const std::size_t idSize = idsOnly ? detail::typeSize(rowIdType_) : HwDatablock2Edition::size_in_byte(rowIdType_);
+  const std::size_t withId = idSize == 0 ? 0 : ids.countOf(idSize);
+  const std::size_t withCell = idsOnly ? 0 : cells.countOf(std::max<std::size_t>(rowSize, 1));
+  return std::min(rows_, std::max(withId, withCell));
 }
 
 void printLabelled(TextWriter& text, std::string_view label, std::string_view value) {
@@ -201,6 +218,8 @@ void printLabelled(TextWriter& text, std::string_view label, std::string_view va
 /// A table of the complete page as the texts that it shows.
 struct TableTexts {
   TableTexts(const CommonDatablockAccess& access, unsigned int number);
+  /// Of a table without columns.
+  explicit TableTexts(std::vector<std::string> ids) : rowIds(std::move(ids)) {}
 
   std::size_t width() const;
 
@@ -212,7 +231,6 @@ struct TableTexts {
 
 TableTexts::TableTexts(const CommonDatablockAccess& access, unsigned int number) {
   const CommonSubDatablock& table = access.tables()[number];
-  if (table.columns == 0) return;  // its rows are claimed without a byte
   access.getDataInStringVector(columnIds, COLUMN_TYPE, table.columnIdType, 0, number);
   access.getDataTypeList(types, number);
   access.getDataInStringVector(rowIds, ROW_TYPE, table.rowIdType, 0, number);
@@ -258,19 +276,21 @@ void printRow(TextWriter& text, const TableTexts& table, std::size_t row, std::s
   text.endLine();
 }
 
-void printTable(TextWriter& text, const CommonDatablockAccess& access, unsigned int number) {
+/// `idsOnly` are the row ids of a table without columns, as many as there are.
+void printTable(TextWriter& text, const CommonDatablockAccess& access, unsigned int number,
+                std::vector<std::string> idsOnly) {
   const CommonSubDatablock& table = access.tables()[number];
   printLabelled(text, "ROWS:", std::to_string(table.rows));
   printLabelled(text, "COLUMNS:", std::to_string(table.columns));
   printLabelled(text, "ROW_ID_TYPE:", detail::typeRow(table.rowIdType).typeName);
   printLabelled(text, "COLUMN_ID_TYPE:", detail::typeRow(table.columnIdType).typeName);
   text.line(rule);
-  const TableTexts texts(access, number);
+  const std::size_t rows = table.columns == 0 ? idsOnly.size() : table.rows;
+  const TableTexts texts = table.columns == 0 ? TableTexts(std::move(idsOnly)) : TableTexts(access, number);
   const std::size_t width = texts.width();
   if (table.columnIdType != TYPE_ID_NONE) printTableLine(text, "DESC:", texts.columnIds, width);
   printTableLine(text, "TYPE:", texts.types, width);
-  if (table.columns == 0) return;
-  for (std::size_t row = 0; row < table.rows && text.ok(); ++row) printRow(text, texts, row, width);
+  for (std::size_t row = 0; row < rows && text.ok(); ++row) printRow(text, texts, row, width);
 }
 
 }  // namespace
@@ -349,8 +369,15 @@ std::ostream& HwDatablock2Edition::printDebugPageComplete(std::ostream& os, HwSD
   text.endLine();
   printLabelled(text, "ID:", "USER_" + std::to_string(access.getId()));
   text.key("UPDATE_INDEX:", labelWidth).fixed(static_cast<float>(access.getUpdateIndex()), 2).endLine();
-  for (unsigned int table = 0; table + 1 < access.tables().size() && text.ok(); ++table) {
-    printTable(text, access, table);
+  const ConstBytes image = bytes().first(std::min<std::size_t>(bytes().size(), HwDatablock::getBlockSize()));
+  TableWalk walk(image);
+  bool more = true;
+  for (unsigned int table = 0; more && table + 1 < access.tables().size() && text.ok(); ++table) {
+    const StoredTable stored = walk.next().value_or(StoredTable());
+    const ConstBytes ids = stored.rowIdsBehindHeader(image);
+    const unsigned int count = ids.empty() ? 0 : stored.rows();
+    printTable(text, access, table, detail::rowIdTexts(ids, stored.rowIdType(), count));
+    more = ids.empty();  // what follows are the ids
   }
   return os;
 }

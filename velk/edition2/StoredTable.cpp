@@ -70,6 +70,10 @@ bool StoredTable::takeColumnTypes(ConstBytes block) {
 
 bool StoredTable::takeIds(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids) {
   if (type == TYPE_ID_NONE || count == 0) return true;
+  return takeIdBytes(block, type, count, ids) && takePadding(block);
+}
+
+bool StoredTable::takeIdBytes(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids) {
   const ConstBytes rest = block.subspan(end_);
   const std::size_t size = detail::typeSize(type);
   if (size == 0) return false;  // nobody knows where the ids end
@@ -81,7 +85,20 @@ bool StoredTable::takeIds(ConstBytes block, ETypeId type, std::size_t count, Con
     complete = ids.size() == size * count;
   }
   end_ += ids.size();
-  return complete && takePadding(block);
+  return complete;
+}
+
+ConstBytes StoredTable::rowIdsBehindHeader(ConstBytes block) const {
+  if (!complete_ || columns_ != 0 || rows_ == 0 || rowIdType_ == TYPE_ID_NONE) return {};
+  const bool isLast = !StoredTable(block, end_).isComplete();
+  // Where strings end takes a look at each: a block of many such tables has them looked for once only.
+  if (rowIdType_ == TYPE_ID_STRING && !isLast) return {};
+  StoredTable list;
+  list.end_ = end_;
+  ConstBytes ids;
+  if (!list.takePadding(block) || !list.takeIdBytes(block, rowIdType_, rows_, ids)) return {};
+  list.takePadding(block);  // it may be cut off
+  return isLast || list.end_ == block.size() ? ids : ConstBytes{};
 }
 
 bool StoredTable::takePadding(ConstBytes block) {

@@ -15,11 +15,13 @@ namespace Velk {
 struct VELK_RECORD HwSDatablockHeader2Edition {
   HwSDatablockHeader header;
   unsigned int checksum32;     ///< CRC-32 without bytes 4 to 11, or the event counter identifier
-  unsigned short updateIndex;  ///< in hundredths
+  unsigned short updateIndex;  ///< in units of updateIndexUnit
 
   bool operator==(const HwSDatablockHeader2Edition&) const = default;
 };
 static_assert(sizeof(HwSDatablockHeader2Edition) == 14);
+
+inline constexpr double updateIndexUnit = 0.01;
 
 /// The head of a table; a type byte for each column follows.
 struct VELK_RECORD HwSTableHeader2Edition {
@@ -77,11 +79,16 @@ class VELK_EXPORT StoredTable {
   /// The offset behind a complete table, where the next one begins.
   std::size_t end() const { return end_; }
 
+  /// The row ids of a table without columns, of which only the header is parsed: `block` has them where it ends with
+  /// them, or where nothing behind the header reads as a table. Empty where it has not all of them.
+  detail::ConstBytes rowIdsBehindHeader(detail::ConstBytes block) const;
+
  private:
   /// Each goes on at end_ and returns whether the block has all of the part.
   bool takeHeader(detail::ConstBytes block);
   bool takeColumnTypes(detail::ConstBytes block);
   bool takeIds(detail::ConstBytes block, ETypeId type, std::size_t count, detail::ConstBytes& ids);
+  bool takeIdBytes(detail::ConstBytes block, ETypeId type, std::size_t count, detail::ConstBytes& ids);
   bool takePadding(detail::ConstBytes block);
   bool placeCells(detail::ConstBytes rest);
   bool findCells(detail::ConstBytes rest);

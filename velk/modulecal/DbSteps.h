@@ -2,7 +2,8 @@
 
 namespace Velk::detail {
 
-/// The unit of the I/Q RF module's fixed-point attenuations, in dB: 1/128.
-inline constexpr double dbPerStep = 0.0078125;
+/// The unit of the I/Q RF module's fixed-point attenuations.
+inline constexpr int stepsPerDb = 128;
+inline constexpr double dbPerStep = 1.0 / stepsPerDb;
 
 }  // namespace Velk::detail

@@ -11,10 +11,10 @@ namespace {
 using detail::TextWriter;
 
 constexpr const char* separator = ":             ";
-using detail::dbPerStep;
-constexpr unsigned stepsPerDbBits = 7;
-// The maximum power is stored half a step too high.
-constexpr double pmaxOffset = 0.5;
+using detail::stepsPerDb;
+constexpr const FieldInfo& pmaxBz = fieldNamed(iqOp3MiscFields, "pmaxBz");
+constexpr const FieldInfo& toleranceLevAtt_15 = fieldNamed(iqOp3MiscFields, "toleranceLevAtt_15");
+constexpr const FieldInfo& toleranceLevAtt_30_45 = fieldNamed(iqOp3MiscFields, "toleranceLevAtt_30_45");
 
 constexpr const char* v20Labels[] = {"LMAX_LOW:",
                                      "LMAX_MED:",
@@ -64,7 +64,7 @@ void printStates(TextWriter& text, const char* label, const char* unit, std::uin
 }
 
 void printWholeDb(TextWriter& text, const char* label, unsigned short value) {
-  text.text(label).text(separator).number(value >> stepsPerDbBits).text("\t dB").endLine();
+  text.text(label).text(separator).number(value / stepsPerDb).text("\t dB").endLine();
 }
 
 }  // namespace
@@ -85,11 +85,11 @@ std::ostream& HwDatablockIqOp3RfmCalibDataMisc::printToStream(std::ostream& os) 
   printSection(text, "# Maximale Ausgangsleistung (dBm) des Betriebszustandes x, BZ Werte, 3 Nachkomma");
   printStates(text, "PMAX_BZ", "\t dBm", states, [&](std::int64_t i) {
     const auto pmax = detail::toInteger<unsigned short>(get(&Record::pmaxBz, i));
-    text.fixed((pmax - pmaxOffset) * dbPerStep, 1);
+    text.fixed(presentedValue(pmaxBz, pmax), 1);
   });
   printSection(text, "# Reserve (dB) des LCON PIN D�mpfungsgliedes zum Vollausschlag, BZ Werte, 3 Nachkomma");
   printStates(text, "LCON_RESERVE_BZ", "\t dB", states,
-              [&](std::int64_t i) { text.number(get(&Record::lconReserveBz, i) >> stepsPerDbBits); });
+              [&](std::int64_t i) { text.number(get(&Record::lconReserveBz, i) / stepsPerDb); });
   printSection(
       text,
       "# Vollausschlag des Detektorwandlers (Definition LCM), bei der Kalibrierung als Vollausschlag definiert "
@@ -109,9 +109,10 @@ void HwDatablockIqOp3RfmCalibDataMisc::printTolerances(TextWriter& text) const {
   printSection(text, "# +/-Toleranz (dB) des LEVEL PRESET Step Attenuators., 3 Nachkomma");
   printWholeDb(text, "TOLERANZ_LEVPRE", getToleranceLevPre());
   printSection(text, "# +/-Toleranz (dB) des Level Attenuators., 3 Nachkomma");
-  text.text("TOLERANZ_LEVATT_15").text(separator).fixed(getToleranceLevAtt_15() * dbPerStep, 1);
+  text.text("TOLERANZ_LEVATT_15").text(separator).fixed(presentedValue(toleranceLevAtt_15, getToleranceLevAtt_15()), 1);
   text.text("\t dB").endLine();
-  text.text("TOLERANZ_LEVATT_30_45:          ").fixed(getToleranceLevAtt_30_45() * dbPerStep, 1);
+  text.text("TOLERANZ_LEVATT_30_45:          ")
+      .fixed(presentedValue(toleranceLevAtt_30_45, getToleranceLevAtt_30_45()), 1);
   text.text("\t dB").endLine();
   printSection(text, "# +/-Toleranz (dB) des Detektor Step Attenuators., 3 Nachkomma");
   printWholeDb(text, "TOLERANZ_DETATT", getToleranceDetAtt());

@@ -36,7 +36,7 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detFullScale).in("V"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, numberOfOperatingStates),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, pmaxBz)
-        .in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep)
+        .in("dBm", detail::dbPerStep, -0.5 * detail::dbPerStep)  // it is stored half a step too high
         .counted("numberOfOperatingStates"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, uiqBz).in("V").counted("numberOfOperatingStates"),
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, lconReserveBz)

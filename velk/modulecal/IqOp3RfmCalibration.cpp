@@ -7,16 +7,20 @@ using detail::TextWriter;
 
 constexpr int entries = 300;
 
-std::int64_t part(const HwSIqOp3RfmCalibDataBlock& block, std::size_t field) {
+constexpr const FieldInfo& levPre = fieldNamed(iqOp3CalibBlockFields, "levPre");
+constexpr const FieldInfo& detAtt = fieldNamed(iqOp3CalibBlockFields, "detAtt");
+constexpr const FieldInfo& detConvDeflection = fieldNamed(iqOp3CalibBlockFields, "detConvDeflection");
+constexpr const FieldInfo& levAtt15 = fieldNamed(iqOp3CalibBlockFields, "levAtt15");
+constexpr const FieldInfo& levAtt30 = fieldNamed(iqOp3CalibBlockFields, "levAtt30");
+constexpr const FieldInfo& levAtt45 = fieldNamed(iqOp3CalibBlockFields, "levAtt45");
+
+std::int64_t part(const HwSIqOp3RfmCalibDataBlock& block, const FieldInfo& field) {
   const detail::ConstBytes bytes(reinterpret_cast<const unsigned char*>(&block), sizeof block);
-  const FieldInfo& info = iqOp3CalibBlockFields[field];
-  return integerValue(bytes, {&info, info.offset});
+  return integerValue(bytes, {&field, field.offset});
 }
 
-enum Part : std::size_t { LevPre, DetAtt, DetConvDeflection, LevAtt15, LevAtt30, LevAtt45 };
-
-double attenuation(const HwSIqOp3RfmCalibDataBlock& block, Part field, int nominal) {
-  return static_cast<double>(part(block, field)) * detail::dbPerStep + nominal;
+double attenuation(const HwSIqOp3RfmCalibDataBlock& block, const FieldInfo& field) {
+  return presentedValue(field, static_cast<double>(part(block, field)));
 }
 
 }  // namespace
@@ -39,14 +43,14 @@ std::ostream& HwDatablockIqOp3RfmCalibData::printToStream(std::ostream& os) {
   text.line("\t        dB      dB\t  dB\t    dB\t   dBm");
   for (int row = 0; row < entries && text.ok(); ++row) {
     const HwSIqOp3RfmCalibDataBlock block = getCalibDataBlock(row);
-    text.text("Zeile").number(row).text(": \t\t[").number(part(block, LevPre));
-    text.text("\t").fixed(attenuation(block, LevAtt15, 15), 3);
-    text.text("\t").fixed(attenuation(block, LevAtt30, 30), 3);
-    text.text("\t").fixed(attenuation(block, LevAtt45, 45), 3);
+    text.text("Zeile").number(row).text(": \t\t[").number(part(block, levPre));
+    text.text("\t").fixed(attenuation(block, levAtt15), 3);
+    text.text("\t").fixed(attenuation(block, levAtt30), 3);
+    text.text("\t").fixed(attenuation(block, levAtt45), 3);
     text.text("\t")
-        .number(part(block, DetAtt))
+        .number(part(block, detAtt))
         .text("\t\t")
-        .number(part(block, DetConvDeflection))
+        .number(part(block, detConvDeflection))
         .text("\t]")
         .endLine();
   }

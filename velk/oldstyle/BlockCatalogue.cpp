@@ -367,6 +367,12 @@ constexpr bool isWellFormed(std::span<const CatalogueRow> rows) {
 }
 static_assert(isWellFormed(dictionary) && isWellFormed(others), "rows ascend, and each has its names and fields");
 
+constexpr bool haveTheirCounters(std::span<const CatalogueRow> rows) {
+  return std::ranges::all_of(rows, [](const CatalogueRow& row) { return detail::hasItsCounters(row.fields); });
+}
+static_assert(haveTheirCounters(dictionary) && haveTheirCounters(others),
+              "what counts the elements of a field is a whole number of the same record");
+
 const CatalogueRow* findIn(std::span<const CatalogueRow> rows, int id) {
   const auto row = std::lower_bound(rows.begin(), rows.end(), id, [](const CatalogueRow& candidate, int wanted) {
     return candidate.lastId < wanted;

@@ -63,16 +63,6 @@ std::ostream& HwModificationBlock::printToStream(std::ostream& os) {
   return os;
 }
 
-void HwDatablockModification::setCircularNr(unsigned short number, unsigned char index) {
-  const unsigned others = getServiceCode(index) & ~circularMask;
-  setServiceCode(static_cast<unsigned short>(others | (number & circularMask)), index);
-}
-
-void HwDatablockModification::setAction(unsigned short action, unsigned char index) {
-  const unsigned number = getCircularNr(index);
-  setServiceCode(static_cast<unsigned short>(number | static_cast<unsigned>(action) << circularBits), index);
-}
-
 HwDatablockModification120::HwDatablockModification120() : HwDatablock(true) {
   store(offsetof(HwSDatablockHeader, id), traits.id);
   reInterpretData();

@@ -56,8 +56,8 @@ class VELK_EXPORT HwDatablockServiceData : public HwTypedRecordBlock<HwSDatabloc
   unsigned short getServiceDateMonth() const { return static_cast<unsigned short>(date().month); }
   unsigned short getServiceDateYear() const { return static_cast<unsigned short>(date().year); }
   unsigned int getOpTime() const { return get(&HwSDatablockServiceData::opTime); }
-  unsigned int getOpTimeHours() const { return getOpTime() & hoursMask; }
-  unsigned int getOpTimeTurnOn() const { return getOpTime() >> hoursBits; }
+  unsigned int getOpTimeHours() const { return opTimePart(hours); }
+  unsigned int getOpTimeTurnOn() const { return opTimePart(turnOns); }
   unsigned short getRepairNumber() const { return get(&HwSDatablockServiceData::repairNumber); }
   unsigned short getServiceCode() const { return get(&HwSDatablockServiceData::serviceCode); }
 
@@ -68,20 +68,21 @@ class VELK_EXPORT HwDatablockServiceData : public HwTypedRecordBlock<HwSDatabloc
   void setServiceDateMonth(unsigned short month);
   void setServiceDateYear(unsigned short year);
   void setOpTime(unsigned int time) { set(&HwSDatablockServiceData::opTime, time); }
-  void setOpTimeHours(unsigned int hours) { setOpTime((getOpTime() & ~hoursMask) | (hours & hoursMask)); }
-  void setOpTimeTurnOn(unsigned int count) { setOpTime((getOpTime() & hoursMask) | count << hoursBits); }
+  void setOpTimeHours(unsigned int count) { setOpTime(detail::withPart(getOpTime(), hours, count)); }
+  void setOpTimeTurnOn(unsigned int count) { setOpTime(detail::withPart(getOpTime(), turnOns, count)); }
   void setRepairNumber(unsigned short number) { set(&HwSDatablockServiceData::repairNumber, number); }
   void setServiceCode(unsigned short code) { set(&HwSDatablockServiceData::serviceCode, code); }
 
   std::ostream& printToStream(std::ostream& os) override;
 
  private:
-  static constexpr unsigned hoursBits = 18;
-  static constexpr unsigned hoursMask = (1U << hoursBits) - 1;
+  static constexpr Bits hours = fieldNamed(serviceFields, "opTimeHours").bits;
+  static constexpr Bits turnOns = fieldNamed(serviceFields, "opTimeTurnOn").bits;
 
   HwDatablockServiceData(unsigned short id, std::nullptr_t);
 
   PackedDate date() const { return PackedDate::of(getServiceDate()); }
+  unsigned int opTimePart(Bits bits) const { return static_cast<unsigned int>(detail::partOf(getOpTime(), bits)); }
 };
 
 /// Ten modifications that were applied to a module, each a service code.
@@ -132,16 +133,21 @@ class VELK_EXPORT HwDatablockModification : public HwModificationBlock {
 
   HwDatablockModification() : HwModificationBlock(traits, true) {}
 
-  unsigned short getCircularNr(unsigned char index) const { return getServiceCode(index) & circularMask; }
-  unsigned short getAction(unsigned char index) const {
-    return static_cast<unsigned short>(getServiceCode(index) >> circularBits);
-  }
-  void setCircularNr(unsigned short number, unsigned char index);
-  void setAction(unsigned short action, unsigned char index);
+  unsigned short getCircularNr(unsigned char index) const { return codePart(circularNr, index); }
+  unsigned short getAction(unsigned char index) const { return codePart(action, index); }
+  void setCircularNr(unsigned short number, unsigned char index) { setCodePart(circularNr, number, index); }
+  void setAction(unsigned short number, unsigned char index) { setCodePart(action, number, index); }
 
  private:
-  static constexpr unsigned circularBits = 14;
-  static constexpr unsigned short circularMask = (1U << circularBits) - 1;
+  static constexpr Bits circularNr = fieldNamed(modificationFields, "circularNr").bits;
+  static constexpr Bits action = fieldNamed(modificationFields, "action").bits;
+
+  unsigned short codePart(Bits bits, unsigned char index) const {
+    return static_cast<unsigned short>(detail::partOf(getServiceCode(index), bits));
+  }
+  void setCodePart(Bits bits, unsigned short part, unsigned char index) {
+    setServiceCode(detail::withPart(getServiceCode(index), bits, part), index);
+  }
 };
 
 class VELK_EXPORT HwDatablockModification110 : public HwModificationBlock {

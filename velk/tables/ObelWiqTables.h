@@ -9,7 +9,7 @@ class VELK_EXPORT HwDatablockObelWiqRfImbalanceData : public HwDatablockBaseTemp
  public:
   static constexpr TableTraits traits{.id = 15606};
   HwDatablockObelWiqRfImbalanceData(const char* blockString, int idOffset, bool stop)
-      : HwDatablockBaseTemplateObelW({.id = traits.id, .key = blockString}, stop, idOffset) {}
+      : HwDatablockBaseTemplateObelW({.id = traits.id, .key = blockString, .scale = traits.scale}, stop, idOffset) {}
 };
 
 }  // namespace Velk

@@ -101,10 +101,11 @@ struct TableLayout {
   constexpr bool hasIndex() const { return indexOffset != nowhere; }
 };
 
-/// presented = stored * scale, taken to the value type: whole for an integer type.
+/// presented = stored * scale as a product in extended precision, taken to the value type: whole for an integer type.
 template <class StorageType, class ValueType>
 double present(ConstBytes block, std::size_t cell, double scale) {
-  const long double value = static_cast<long double>(loadPadded<StorageType>(block, cell)) * scale;
+  const long double stored = loadPadded<StorageType>(block, cell);
+  const long double value = Velk::presentedValue<Rounding::Product>({.factor = scale}, stored);
   if constexpr (std::is_integral_v<ValueType>) {
     return toInteger<ValueType>(value);
   } else {

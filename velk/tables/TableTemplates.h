@@ -29,7 +29,8 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
     return loadPadded<StorageType>(cell(row, col));
   }
   void setStoredValue(StorageType value, std::int64_t row, std::int64_t col) { storeField(cell(row, col), value); }
-  /// The stored value times the scale; an integer type cuts what is behind the point.
+  /// The stored value times the scale; an integer type cuts what is behind the point. The product is rounded as
+  /// Rounding::Product says, so that it may differ from the exported field in the last digit.
   Value getValue(std::int64_t row, std::int64_t col) const {
     return static_cast<Value>(layout.present(bytes(), cell(row, col), getScale()));
   }

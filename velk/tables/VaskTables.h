@@ -12,16 +12,18 @@ namespace Velk {
 
 class VELK_EXPORT HwDatablockVaskVectorRfLevelMaxFreq : public HwDatablockBaseTemplate<unsigned int, double, 128, 1> {
  public:
-  static constexpr TableTraits traits{
-      .id = DATA_BLOCK_VASK_VECTOR_RFLEVEL_MAX_FREQ_ID, .key = "VECTOR_RFLEVEL_MAX_FREQ", .scale = 100.0};
-  explicit HwDatablockVaskVectorRfLevelMaxFreq(bool stop) : HwDatablockBaseTemplate(traits.key, traits.id, stop) {}
+  static constexpr TableTraits traits{.id = DATA_BLOCK_VASK_VECTOR_RFLEVEL_MAX_FREQ_ID,
+                                      .key = "VECTOR_RFLEVEL_MAX_FREQ",
+                                      .scale = usualScale<unsigned int, double, 128, 1>};
+  explicit HwDatablockVaskVectorRfLevelMaxFreq(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
 class VELK_EXPORT HwDatablockVaskVectorRfLevelMaxData : public HwDatablockBaseTemplate<int, double, 1, 128> {
  public:
-  static constexpr TableTraits traits{
-      .id = DATA_BLOCK_VASK_VECTOR_RFLEVEL_MAX_DATA_ID, .key = "VECTOR_RFLEVEL_MAX_DATA", .scale = 0.01};
-  explicit HwDatablockVaskVectorRfLevelMaxData(bool stop) : HwDatablockBaseTemplate(traits.key, traits.id, stop) {}
+  static constexpr TableTraits traits{.id = DATA_BLOCK_VASK_VECTOR_RFLEVEL_MAX_DATA_ID,
+                                      .key = "VECTOR_RFLEVEL_MAX_DATA",
+                                      .scale = usualScale<int, double, 1, 128>};
+  explicit HwDatablockVaskVectorRfLevelMaxData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
 // The automatic level control: of the path itself, with the I/Q modulator in normal and in wide mode.
@@ -111,16 +113,18 @@ class VELK_EXPORT HwDatablockVaskRfboAttCalVecData : public HwDatablockBaseTempl
 
 class VELK_EXPORT HwDatablockVaskRfboRfLevelMaxVecFreq : public HwDatablockBaseTemplate<unsigned int, double, 128, 1> {
  public:
-  static constexpr TableTraits traits{
-      .id = DATA_BLOCK_VASK_RFBO_RFLEVEL_MAX_VEC_FREQ_ID, .key = "RFBO_RFLEVEL_MAX_VEC_FREQ", .scale = 100.0};
-  explicit HwDatablockVaskRfboRfLevelMaxVecFreq(bool stop) : HwDatablockBaseTemplate(traits.key, traits.id, stop) {}
+  static constexpr TableTraits traits{.id = DATA_BLOCK_VASK_RFBO_RFLEVEL_MAX_VEC_FREQ_ID,
+                                      .key = "RFBO_RFLEVEL_MAX_VEC_FREQ",
+                                      .scale = usualScale<unsigned int, double, 128, 1>};
+  explicit HwDatablockVaskRfboRfLevelMaxVecFreq(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
 class VELK_EXPORT HwDatablockVaskRfboRfLevelMaxVecData : public HwDatablockBaseTemplate<int, double, 1, 128> {
  public:
-  static constexpr TableTraits traits{
-      .id = DATA_BLOCK_VASK_RFBO_RFLEVEL_MAX_VEC_DATA_ID, .key = "RFBO_RFLEVEL_MAX_VEC_DATA", .scale = 0.01};
-  explicit HwDatablockVaskRfboRfLevelMaxVecData(bool stop) : HwDatablockBaseTemplate(traits.key, traits.id, stop) {}
+  static constexpr TableTraits traits{.id = DATA_BLOCK_VASK_RFBO_RFLEVEL_MAX_VEC_DATA_ID,
+                                      .key = "RFBO_RFLEVEL_MAX_VEC_DATA",
+                                      .scale = usualScale<int, double, 1, 128>};
+  explicit HwDatablockVaskRfboRfLevelMaxVecData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
 // The level control over temperature: the temperatures, then for each of them a table whose rows are the points of one
@@ -151,7 +155,7 @@ class VELK_EXPORT HwDatablockVaskVectorLevconTempData : public HwDatablockBaseTe
  public:
   static constexpr TableTraits traits{.id = 15853};
   HwDatablockVaskVectorLevconTempData(const char* blockString, int idOffset, bool stop)
-      : HwDatablockBaseTemplate({.id = traits.id, .key = blockString}, stop, idOffset) {}
+      : HwDatablockBaseTemplate({.id = traits.id, .key = blockString, .scale = traits.scale}, stop, idOffset) {}
 };
 
 }  // namespace Velk
