@@ -1,5 +1,6 @@
 #include "Output.h"
 
+#include <algorithm>
 #include <csignal>
 
 #include "Files.h"
@@ -13,6 +14,12 @@ bool refuse(Session& session, const std::string& file, const std::string& what) 
   session.complain(file, what);
   session.worsen(Exit::Usage);
   return false;
+}
+
+/// Whether what is read for a change stays as it is.
+bool spares(Session& session, std::span<const std::string> others, const std::string& name, const char* refusal) {
+  const auto hit = std::ranges::find_if(others, [&](const std::string& other) { return isSameFile(other, name); });
+  return hit == others.end() || refuse(session, *hit, refusal);
 }
 
 void complainOfLines(Session& session, const std::string& file, std::string_view lines) {
@@ -55,19 +62,21 @@ bool Destination::lock(Session& session) {
   return false;
 }
 
-bool Output::accepts(Session& session, const Destination& destination, const std::string& text) const {
+bool Output::accepts(Session& session, const Destination& destination) const {
   const std::string& input = destination.input_;
   const Velk::FileTarget& target = destination.target_;
   const bool isPassing = target.kind == Kind::Descriptor || S_ISFIFO(target.status.st_mode);
-  if (inPlace_ && isPassing)
-    return refuse(session, input, "cannot be changed in place; -o names a file for the result");
+  if (inPlace_ && isPassing) {
+    const std::string what = input == "-" ? "standard input " : "";
+    return refuse(session, input, what + "cannot be changed in place; -o names a file for the result");
+  }
   if (!inPlace_ && isSameFile(input, destination.name_)) {
     return refuse(session, input, "would be overwritten; --in-place does that");
   }
-  return !isSameFile(text, destination.name_) || refuse(session, text, "would be overwritten");
+  return true;
 }
 
-bool Output::openBackup(Session& session, Destination& destination, const std::string& text) const {
+bool Output::openBackup(Session& session, Destination& destination) const {
   const std::string name = destination.input_ + ".bak";
   destination.backup_ = outputTarget(session, name);
   if (!destination.backup_) return false;
@@ -76,14 +85,27 @@ bool Output::openBackup(Session& session, Destination& destination, const std::s
   if (backup.kind != Kind::File && backup.kind != Kind::Missing) {
     return refuse(session, name, "is not a regular file; a backup replaces only regular files");
   }
-  return !isSameFile(text, name) || refuse(session, text, "would be overwritten by the backup");
+  return true;
 }
 
-std::optional<Destination> Output::open(Session& session, const std::string& input, const std::string& text) const {
+std::optional<Destination> Output::open(Session& session, const std::string& input,
+                                        std::span<const std::string> others) const {
   Destination destination(input, inPlace_ ? input : file_);
-  const bool isOpen = destination.locate(session) && accepts(session, destination, text) &&
-                      (!backup_ || openBackup(session, destination, text)) && (!inPlace_ || destination.lock(session));
+  const bool isOpen = destination.locate(session) &&
+                      spares(session, others, destination.name_, "would be overwritten") &&
+                      accepts(session, destination) &&
+                      (!backup_ || (openBackup(session, destination) &&
+                                    spares(session, others, input + ".bak", "would be overwritten by the backup"))) &&
+                      (!inPlace_ || destination.lock(session));
   return isOpen ? std::optional(std::move(destination)) : std::nullopt;
+}
+
+std::shared_ptr<const Output> addOutputFile(CLI::App& command) {
+  const auto output = std::make_shared<Output>();
+  command.add_option("-o,--output", output->file_, "The file to be written; - is standard output")
+      ->type_name("OUT")
+      ->required();
+  return output;
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {

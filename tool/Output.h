@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 
 #include "Session.h"
@@ -39,14 +40,16 @@ class Destination {
 /// beside it.
 class Output {
  public:
-  /// The destination of an image that is read from `input`, changed by what is read from `text`. To be opened before
-  /// either is read; what cannot be done is reported and counted.
-  std::optional<Destination> open(Session& session, const std::string& input, const std::string& text = {}) const;
+  /// The destination of an image that is read from `input`, changed by what `others` say. To be opened before any of
+  /// them is read, none of which is written over; what cannot be done is reported and counted.
+  std::optional<Destination> open(Session& session, const std::string& input,
+                                  std::span<const std::string> others = {}) const;
 
  private:
   friend std::shared_ptr<const Output> addOutput(CLI::App& command);
-  bool accepts(Session& session, const Destination& destination, const std::string& text) const;
-  bool openBackup(Session& session, Destination& destination, const std::string& text) const;
+  friend std::shared_ptr<const Output> addOutputFile(CLI::App& command);
+  bool accepts(Session& session, const Destination& destination) const;
+  bool openBackup(Session& session, Destination& destination) const;
 
   std::string file_{};
   bool inPlace_ = false;
@@ -55,5 +58,8 @@ class Output {
 
 /// Adds -o, --in-place and --backup to a subcommand, one of the first two being required.
 std::shared_ptr<const Output> addOutput(CLI::App& command);
+
+/// Adds -o, which is required, to a subcommand that never changes its input.
+std::shared_ptr<const Output> addOutputFile(CLI::App& command);
 
 }  // namespace VelkTool

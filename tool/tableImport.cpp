@@ -81,7 +81,7 @@ class Importer {
 
   void run() {
     if (!accepts()) return;
-    const std::optional<Destination> destination = output_.open(session_, file_, options_.text);
+    const std::optional<Destination> destination = output_.open(session_, file_, {&options_.text, 1});
     if (!destination) return;
     Velk::ImageFile file = openInput(session_, inputs_, file_).file;
     if (!file.error.empty()) return;
