@@ -37,6 +37,14 @@ std::function<std::string(std::string&)> takeStandardInputOnce() {
   };
 }
 
+CLI::Validator sectorSize() {
+  const auto rewrite = [number = plainNumber()](std::string& text) -> std::string {
+    if (text == "auto") text = std::to_string(Velk::automaticSectorSize);
+    return number(text);
+  };
+  return {rewrite, ""};
+}
+
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
   static const std::map<std::string, Velk::ImageFormat> formats = [] {
@@ -62,10 +70,12 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
       ->transform(plainNumber())
       ->type_name("N");
   command
-      .add_option("--sector-size", inputs->sectorSize,
-                  "The image is a flash memory: each N bytes are a sequence of blocks of their own")
-      ->transform(plainNumber())
-      ->type_name("N");
+      .add_option(
+          "--sector-size", inputs->sectorSize,
+          "The image is a flash memory: each N bytes are a sequence of blocks of their own; auto takes N from where "
+          "blocks begin")
+      ->transform(sectorSize())
+      ->type_name("N|auto");
   return inputs;
 }
 

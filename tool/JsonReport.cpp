@@ -28,6 +28,7 @@ void writeBlockMembers(JsonWriter& json, const Velk::BlockView& block) {
   }
   json.member("kind", Velk::kindName(block.kind)).member("verdict", Velk::verdictName(block));
   json.member("sound", block.isSound());
+  if (block.kind != Velk::BlockKind::Stray) json.member("found", Velk::foundName(block.found));
   writeFindings(json, block);
 }
 
@@ -38,6 +39,15 @@ void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
   json.key("gaps").beginArray();
   for (const Velk::ImageGap& gap : file.gaps) {
     json.beginObject().member("offset", gap.offset).member("size", gap.size).endObject();
+  }
+  json.endArray();
+}
+
+void writeRegions(JsonWriter& json, const Velk::MemoryImage& image) {
+  json.key("regions").beginArray();
+  for (const Velk::Region& region : image.regions()) {
+    json.beginObject().member("offset", region.offset).member("size", region.size);
+    json.member("look", Velk::lookName(region.look)).endObject();
   }
   json.endArray();
 }
@@ -69,7 +79,9 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
       describe(json, session, input, block);
       json.endObject();
     });
-    json.endArray().endObject();
+    json.endArray();
+    writeRegions(json, input.image);
+    json.endObject();
   }
   json.endArray().endObject().finish();
 }
