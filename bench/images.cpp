@@ -134,6 +134,75 @@ void filesRead(benchmark::State& state) {
   }
 }
 
+/// A file of 64 MiB that is gone at the end of the run.
+class LargeFile {
+ public:
+  explicit LargeFile(const QByteArray& bytes) {
+    std::ofstream(path_, std::ios::binary).write(bytes.data(), bytes.size());
+  }
+  LargeFile(const LargeFile&) = delete;
+  LargeFile& operator=(const LargeFile&) = delete;
+  ~LargeFile() { std::filesystem::remove(path_); }
+
+  /// Checks it by the command.
+  void check(benchmark::State& state) const {
+    for (auto _ : state) {
+      if (VelkBench::runProgram({VELK_COMMAND, "check", path_}) == -1) state.SkipWithError("velk check failed");
+    }
+  }
+
+ private:
+  static inline int made_ = 0;
+  std::string path_ = std::filesystem::temp_directory_path() /
+                      ("velk_bench_" + std::to_string(getpid()) + "_" + std::to_string(++made_));
+};
+
+QByteArray repeated(const QByteArray& bytes) {
+  return bytes.repeated(largeImage().size() / bytes.size() + 1).left(largeImage().size());
+}
+
+QByteArray randomBytes() {
+  std::mt19937 random(2);
+  QByteArray bytes(largeImage().size(), '\0');
+  for (char& byte : bytes) byte = static_cast<char>(random());
+  return bytes;
+}
+
+QByteArray contentsOf(const char* path) {
+  std::ifstream file(path, std::ios::binary);
+  const std::string contents{std::istreambuf_iterator<char>(file), {}};
+  return QByteArray::fromStdString(contents);
+}
+
+void cleanChecked(benchmark::State& state) {
+  static const LargeFile file(largeImage());
+  file.check(state);
+}
+void randomChecked(benchmark::State& state) {
+  static const LargeFile file(randomBytes());
+  file.check(state);
+}
+/// The command itself, again and again.
+void firmwareChecked(benchmark::State& state) {
+  static const LargeFile file(repeated(contentsOf(VELK_COMMAND)));
+  file.check(state);
+}
+/// Every fourth byte begins a header of a known id, whose block is as long as one can be.
+void slowIdsChecked(benchmark::State& state) {
+  static const LargeFile file(repeated(QByteArray::fromHex("0200FFFF")));
+  file.check(state);
+}
+/// Headers of blocks of 60,000 bytes with tables of strings.
+void slowTablesChecked(benchmark::State& state) {
+  static const LargeFile file(repeated(QByteArray::fromHex("100460EA00000000000000000100030001000019")));
+  file.check(state);
+}
+
+BENCHMARK(cleanChecked)->UseRealTime();
+BENCHMARK(randomChecked)->UseRealTime();
+BENCHMARK(firmwareChecked)->UseRealTime();
+BENCHMARK(slowIdsChecked)->UseRealTime();
+BENCHMARK(slowTablesChecked)->UseRealTime();
 BENCHMARK(imageWalked)->UseRealTime();
 BENCHMARK(imageChecked)->UseRealTime();
 BENCHMARK(imageRead)->UseRealTime();

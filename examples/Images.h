@@ -18,6 +18,12 @@ QByteArray rfBoardTables();
 /// No module's: a block of every id that has a class, with a few values in each.
 QByteArray everyId();
 
+/// Dumps that are not clean: a flash, a memory with an erased page, two of one memory.
+QByteArray flashDump();
+QByteArray erasedPage();
+QByteArray firstRead();
+QByteArray secondRead();
+
 /// The attenuator registers of that board as text, with one of them corrected.
 QByteArray attenuatorRegisters();
 

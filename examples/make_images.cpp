@@ -20,6 +20,10 @@ constexpr Image images[] = {
     {"detector.bin", Examples::detector},
     {"rf_board_tables.bin", Examples::rfBoardTables},
     {"every_id.bin", Examples::everyId},
+    {"flash.dump", Examples::flashDump},
+    {"erased_page.dump", Examples::erasedPage},
+    {"first_read.dump", Examples::firstRead},
+    {"second_read.dump", Examples::secondRead},
     {"attenuator_registers.txt", Examples::attenuatorRegisters},
 };
 

@@ -1,5 +1,8 @@
 // Any bytes as a memory image: the walk loses nothing, describes every block and prints it.
+#include <algorithm>
+
 #include "FuzzSupport.h"
+#include "ProofSupport.h"
 #include "velk/image/MemoryImage.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
@@ -24,19 +27,49 @@ void print(const BlockView& block) {
   if (!interpreter.printHwDatablockOldStyleInfo(&copy, stream)) copy.printToStream(stream);
 }
 
-/// Every byte is in one view, in order, but for erased memory behind an end block.
-void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize, bool printing) {
-  const MemoryImage image(bytes, start, sectorSize);
+/// What is found out of sequence proves itself, or has a right sum and adjoins one that is shown next.
+void prove(const std::vector<BlockView>& views) {
+  for (std::size_t i = 0; i < views.size(); ++i) {
+    if (views[i].found != Found::OutOfSequence) continue;
+    std::size_t last = i;
+    while (!VelkTest::provesItself(views[last].bytes)) {
+      FUZZ_EXPECT(VelkTest::isWorthASum(views[last].bytes) && last + 1 < views.size());
+      FUZZ_EXPECT(views[last + 1].offset == views[last].offset + views[last].bytes.size());
+      ++last;
+    }
+  }
+}
+
+/// No view overlaps another, and every byte is in one of them or in a region.
+void cover(const MemoryImage& image, const std::vector<BlockView>& views, std::uint64_t start) {
+  std::vector<unsigned char> covered(image.bytes().size() + 1);
   std::uint64_t position = std::min<std::uint64_t>(start, image.bytes().size());
-  for (const BlockView& block : image) {
+  for (std::uint64_t i = 0; i < position; ++i) covered[i] = 1;
+  for (const BlockView& block : views) {
     FUZZ_EXPECT(!block.bytes.empty() && block.bytes.data() == image.bytes().data() + block.offset);
     FUZZ_EXPECT(block.offset >= position && detail::fits(image.bytes().size(), block.offset, block.bytes.size()));
-    for (; position < block.offset; ++position) FUZZ_EXPECT(image.bytes()[position] == 0xFF);
-    position += block.bytes.size();
-    look(block);
-    if (printing) print(block);
+    position = block.offset + block.bytes.size();
+    if (block.kind != BlockKind::Stray) std::fill_n(covered.begin() + block.offset, block.bytes.size(), 1);
   }
-  for (; position < image.bytes().size(); ++position) FUZZ_EXPECT(image.bytes()[position] == 0xFF);
+  for (const Region& region : image.regions()) {
+    for (std::uint64_t i = 0; i < region.size; ++i) FUZZ_EXPECT(covered[region.offset + i]++ == 0);
+  }
+  FUZZ_EXPECT(std::count(covered.begin(), covered.end(), 0) == 1);
+}
+
+void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize, bool printing) {
+  for (const Search search : {Search::Everywhere, Search::SequenceOnly}) {
+    const MemoryImage image(bytes, start, sectorSize, search);
+    std::vector<BlockView> views;
+    for (const BlockView& block : image) views.push_back(block);
+    cover(image, views, start);
+    prove(views);
+    for (const BlockView& block : views) {
+      look(block);
+      if (printing) print(block);
+    }
+  }
+  MemoryImage(bytes, start).suggestedSectorSize();
 }
 
 }  // namespace

@@ -62,7 +62,9 @@ std::vector<std::string> OptionRow::choices() const {
   std::vector<std::string> choices;
   if (value.find('|') == value.npos) return choices;
   std::istringstream parts(value);
-  for (std::string part; std::getline(parts, part, '|');) choices.push_back(part);
+  for (std::string part; std::getline(parts, part, '|');) {
+    if (part != "N") choices.push_back(part);
+  }
   return choices;
 }
 

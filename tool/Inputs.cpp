@@ -40,6 +40,14 @@ std::function<std::string(std::string&)> takeStandardInputOnce() {
   };
 }
 
+CLI::Validator sectorSize() {
+  const auto rewrite = [number = plainNumber(sizeof(Velk::HwSDatablockHeader))](std::string& text) -> std::string {
+    if (text == "auto") text = std::to_string(Velk::automaticSectorSize);
+    return number(text);
+  };
+  return {rewrite, ""};
+}
+
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
   Choices<Velk::ImageFormat> formats;
@@ -59,10 +67,12 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
       ->transform(plainNumber())
       ->type_name("N");
   command
-      .add_option("--sector-size", inputs->sectorSize,
-                  "The image is a flash memory: each N bytes are a sequence of blocks of their own")
-      ->transform(plainNumber(sizeof(Velk::HwSDatablockHeader)))
-      ->type_name("N");
+      .add_option(
+          "--sector-size", inputs->sectorSize,
+          "The image is a flash memory: each N bytes are a sequence of blocks of their own; auto takes N from where "
+          "blocks begin")
+      ->transform(sectorSize())
+      ->type_name("N|auto");
   return inputs;
 }
 

@@ -18,8 +18,8 @@ struct Inputs {
   std::vector<std::string> files{};
   std::optional<Velk::ImageFormat> format{};  ///< nothing: told by the contents
   std::uint64_t offset = 0;
-  std::uint64_t sectorSize = 0;
-  bool redacted = false;  ///< as if `velk redact` had gone over them
+  std::uint64_t sectorSize = 0;  ///< or Velk::automaticSectorSize
+  bool redacted = false;         ///< as if `velk redact` had gone over them
 };
 
 /// Adds the FILE arguments, `count` of them or any number with 0, and the options about them to a subcommand; the

@@ -27,6 +27,7 @@ void writeBlockMembers(JsonWriter& json, const Velk::BlockView& block) {
   }
   json.member("kind", Velk::kindName(block.kind)).member("verdict", Velk::verdictName(block));
   json.member("sound", block.isSound());
+  if (block.kind != Velk::BlockKind::Stray) json.member("found", Velk::foundName(block.found));
   writeFindings(json, block);
 }
 
@@ -59,6 +60,15 @@ void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const 
   json.key("findings").beginArray();
   writeFinding(json, verdict, false, text);
   json.endArray().key("fields").beginObject().endObject().endObject().finish();
+}
+
+void writeRegions(JsonWriter& json, const Velk::MemoryImage& image) {
+  json.key("regions").beginArray();
+  for (const Velk::Region& region : image.regions()) {
+    json.beginObject().member("offset", region.offset).member("size", region.size);
+    json.member("look", Velk::lookName(region.look)).endObject();
+  }
+  json.endArray();
 }
 
 }  // namespace
@@ -94,7 +104,9 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
       describe(json, session, input, block);
       json.endObject();
     });
-    json.endArray().endObject();
+    json.endArray();
+    writeRegions(json, input.image);
+    json.endObject();
   }
   json.endArray().endObject().finish();
 }

@@ -1,6 +1,18 @@
 #include "TextReport.h"
 
+#include "velk/datablock/HexText.h"
+
 namespace VelkTool {
+namespace {
+
+void suggestSectors(Session& session, const Input& input) {
+  const std::uint64_t size = input.image.suggestedSectorSize();
+  if (size == 0) return;
+  session.complain(input.name, "looks like a flash memory; --sector-size " + Velk::detail::hexText(size, 0) +
+                                   " or auto walks it sector by sector");
+}
+
+}  // namespace
 
 void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, LineOf lineOf,
                      const BlockVisitor& visit) {
@@ -8,13 +20,16 @@ void writeTextReport(Session& session, const Inputs& inputs, std::string_view he
     if (!input.file.error.empty()) return;
     if (inputs.files.size() > 1) part.write(input.name + ":\n");
     part.write(heading);
+    bool isBroken = false;
     std::string line;  // one for all: there may be very many
     for (const Velk::BlockView& block : input.image) {
       line.clear();
       lineOf(line, block);
       part.write(line);
       visit(part, input, block);
+      isBroken = isBroken || block.found == Velk::Found::OutOfSequence;
     }
+    if (isBroken && inputs.sectorSize == 0) suggestSectors(part, input);
   });
 }
 

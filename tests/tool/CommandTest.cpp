@@ -43,6 +43,14 @@ TEST_F(Command, GoldenTextsOfTheExamples) {
   EXPECT_TRUE(VelkTest::isGolden("ids.txt", ids.output));
 }
 
+TEST_F(Command, GoldenListsOfDumpsThatAreNotClean) {
+  for (const char* const name : {"flash", "erased_page", "first_read", "second_read"}) {
+    const Outcome result = run({"list", QString(name) + ".dump"});
+    EXPECT_EQ(result.exitCode, 1) << name;
+    EXPECT_TRUE(VelkTest::isGolden(std::string(name) + ".list.txt", outputAndErrors(result)));
+  }
+}
+
 TEST_F(Command, LayoutsInTheDocumentationAreThoseOfTheCode) {
   const std::string page = VelkTest::readFile(VELK_SOURCE_DIR "/docs/layouts.md");
   const std::string layouts = run({"ids", "--layout"}).output;
@@ -180,6 +188,7 @@ TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
   EXPECT_EQ(completed("velk table import --a"), "--append\n");
   EXPECT_EQ(completed("velk export --format j"), "json jsonl\n");
   EXPECT_EQ(completed("velk print rf_board.bin --page s"), "summary\n");
+  EXPECT_EQ(completed("velk list --sector-size ''"), "auto\n");
   EXPECT_EQ(completed("velk set --in"), "--input --in-place\n");
   EXPECT_EQ(completed("velk list rf_board.b"), "rf_board.bin\n");
   EXPECT_EQ(completed("velk help re"), "redact\n");

@@ -143,7 +143,10 @@ TEST_F(Inputs, AFlashDumpIsWalkedSectorBySector) {
   const QByteArray sector = exampleImage("rf_board.bin");
   const QByteArray flash = sector + QByteArray(sector.size(), '\xFF') + sector;
   const QString path = file("flash", flash);
-  EXPECT_EQ(run({"check", path}).exitCode, 1) << "without sectors, bytes behind the end block are a finding";
+  const Outcome whole = run({"check", path});
+  EXPECT_EQ(whole.exitCode, 0) << "blocks behind an end block and erased memory prove themselves";
+  EXPECT_EQ(whole.errors, "velk: " + path.toStdString() +
+                              ": looks like a flash memory; --sector-size 0x800 or auto walks it sector by sector\n");
   const Outcome result = run({"check", "--sector-size", "0x400", path});
   EXPECT_EQ(result.exitCode, 0);
   EXPECT_EQ(
@@ -151,6 +154,10 @@ TEST_F(Inputs, AFlashDumpIsWalkedSectorBySector) {
       "0x00000000  IDENT_2: sound\n0x0000002C  IDENT_10: sound\n0x00000058  ID_4242: sound\n0x0000006E  END: sound\n"
       "0x00000400  END: sound\n"
       "0x00000800  IDENT_2: sound\n0x0000082C  IDENT_10: sound\n0x00000858  ID_4242: sound\n0x0000086E  END: sound\n");
+  const Outcome byItself = run({"check", "--sector-size", "auto", path});
+  EXPECT_EQ(byItself.output, run({"check", "--sector-size", "0x800", path}).output);
+  EXPECT_EQ(byItself.errors, "");
+  EXPECT_EQ(run({"list", "--sector-size", "automatic", path}).exitCode, 2);
 }
 
 }  // namespace

@@ -156,6 +156,17 @@ TEST_F(Json, TwoNamesNeverBecomeOne) {
   EXPECT_FALSE(difference.contains("firstBytes"));
 }
 
+TEST_F(Json, SaysHowBlocksAreFoundAndWhatLiesBetween) {
+  const QByteArray board = VelkTest::exampleImage("rf_board.bin").left(128);
+  const QString path = file("dirty.bin", QByteArray(300, 'x') + board);
+  const json report = json::parse(run({"list", "--json", path}).output)["files"][0];
+  EXPECT_FALSE(report["blocks"][0].contains("found"));
+  EXPECT_EQ(report["blocks"][1]["found"], "out-of-sequence");
+  EXPECT_EQ(report["blocks"][2]["found"], "in-sequence");
+  EXPECT_EQ(report["regions"], json::parse(R"([{"offset": 0, "size": 300, "look": "text"},
+                                               {"offset": 414, "size": 14, "look": "erased"}])"));
+}
+
 TEST_F(Json, HoldsAgainstItsSchema) {
   QStringList inputs = VelkTest::exampleImages();
   inputs << damaged() << "missing.bin" << file("gap.s19", "S1070100FFFF0000F9\nS1070200FFFFFFFFFA\n")

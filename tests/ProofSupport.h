@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+
+#include "velk/edition2/StoredTable.h"
+#include "velk/image/MemoryImage.h"
+
+namespace VelkTest {
+
+inline Velk::detail::ConstBytes asBytes(const QByteArray& bytes) {
+  return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
+}
+
+/// Whether a block's bytes are at least 12 and not all alike, and their words add up to 0: a plain second opinion.
+inline bool isWorthASum(Velk::detail::ConstBytes block) {
+  unsigned sum = 0;
+  bool varied = false;
+  for (std::size_t i = 0; i < block.size(); ++i) {
+    if (i + 1 < block.size() || i % 2 != 0) sum += i % 2 == 0 ? block[i] : block[i] * 0x100U;
+    varied = varied || block[i] != block[0];
+  }
+  return block.size() >= 12 && varied && sum % 0x10000 == 0;
+}
+
+/// CRC-32 bit by bit, without bytes 4 to 11.
+inline std::uint32_t plainCrc(Velk::detail::ConstBytes block) {
+  std::uint32_t crc = 0xFFFFFFFF;
+  for (std::size_t i = 0; i < block.size(); ++i) {
+    if (i >= 4 && i < 12) continue;
+    crc ^= block[i];
+    for (int bit = 0; bit < 8; ++bit) crc = crc >> 1U ^ ((crc & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  return ~crc;
+}
+
+/// Whether a block is believed wherever it stands.
+inline bool provesItself(Velk::detail::ConstBytes block) {
+  const auto word = [&](std::size_t at) { return at + 1 < block.size() ? block[at] | block[at + 1] << 8U : 0U; };
+  const unsigned id = word(0);
+  const auto size = static_cast<unsigned short>(word(2));
+  if (size < 8 || size != block.size() || id == 0xFFFF) return false;
+  unsigned sum = 0;
+  for (std::size_t i = 0; i + 1 < block.size(); i += 2) sum += word(i);
+  const Velk::CatalogueRow* const row = Velk::findCatalogueRow(static_cast<int>(id), size);
+  const bool ownSize = row != nullptr && (size == row->size || size == row->others.also);
+  if (ownSize && sum % 0x10000 == 0) return true;
+  if (word(6) != 0 || size < 16) return false;
+  if (word(8) == size && word(10) == 0x452D) return size % 4 == 0;
+  return word(16) != 0 && (word(8) | word(10) << 16U) == plainCrc(block) && Velk::isFilledByTables(block);
+}
+
+}  // namespace VelkTest

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <bitset>
+#include <cstdint>
+#include <vector>
+
+#include "velk/edition2/StoredTable.h"
+#include "velk/image/BlockHeader.h"
+
+namespace Velk::detail {
+
+/// The ids and sizes of blocks that have a class, the end block left out: asked far more often than the catalogue can
+/// be.
+class KnownBlocks {
+ public:
+  static const KnownBlocks& get();
+
+  /// False where the catalogue knows no such block; it may know none of that size all the same.
+  bool mayHave(unsigned id, std::size_t size) const {
+    return ids_[id] && (sizes_[id] == size || sizes_[id] == several);
+  }
+
+ private:
+  static constexpr unsigned short several = 0;
+
+  KnownBlocks();
+
+  std::bitset<0x10000> ids_;
+  std::vector<unsigned short> sizes_;  ///< by id
+};
+
+/// Whether the bytes of a block show, without regard to where they stand, that they are one.
+///
+/// They do with a right 16-bit sum, and the id of a class and the size that its blocks have: any longer one, which some
+/// classes take as well, would say little. Or with a cleared alignment word, and either a right CRC-32 and tables that
+/// fill the block, or the event counter identifier and whole counters.
+///
+/// Of a memory whose bytes would ask for very many CRC-32s, only some are made: `grant` allows for more.
+class BlockProof {
+ public:
+  /// For the first test of each `bytes` further bytes of the memory.
+  void grant(std::uint64_t bytes) { allowance_ += perByte * bytes; }
+
+  bool isOfClass(ConstBytes block) const;
+  bool isEventCounter(ConstBytes block) const;
+  bool isFilledByTablesWithCrc(ConstBytes block);
+
+ private:
+  static constexpr std::uint64_t perByte = 2;
+  static constexpr std::uint64_t freely = 1024 * 1024;
+
+  bool spend(std::uint64_t cost);
+
+  std::uint64_t allowance_ = freely;
+};
+
+/// Whether a block has an event counter identifier, or a first table with columns and types: a short look ahead of the
+/// tests proper.
+inline bool describesItself(ConstBytes block) {
+  if (hasCounterIdentifier(block)) return true;
+  constexpr std::size_t table = sizeof(HwSDatablockHeader2Edition);
+  constexpr std::size_t firstType = table + sizeof(HwSTableHeader2Edition);
+  return block.size() > firstType &&
+         load<unsigned short>(block, table + offsetof(HwSTableHeader2Edition, columns)) != 0 &&
+         block[table + offsetof(HwSTableHeader2Edition, rowIdType)] <= TYPE_ID_MAX &&
+         block[table + offsetof(HwSTableHeader2Edition, columnIdType)] <= TYPE_ID_MAX &&
+         typeSize(block[firstType]) != 0;
+}
+
+/// Whether a block is long and varied enough for its 16-bit sum to say something, where a block follows that proves
+/// itself.
+bool isWorthASum(ConstBytes block);
+
+}  // namespace Velk::detail

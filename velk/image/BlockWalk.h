@@ -1,0 +1,68 @@
+#pragma once
+
+#include <optional>
+
+#include "velk/image/BlockView.h"
+#include "velk/image/ProvenStarts.h"
+
+namespace Velk {
+
+/// Where blocks are looked for.
+enum class Search : unsigned char {
+  Everywhere,    ///< in sequence and, where that is broken, at every offset
+  SequenceOnly,  ///< where the one before ends, and nowhere else
+};
+
+/// The walk over one memory, from one block to the next.
+///
+/// Which blocks it believes is told in docs/memory_image.md.
+class VELK_EXPORT BlockWalk {
+ public:
+  /// Walks `image`; the offsets of its blocks count from `start` bytes before it.
+  explicit BlockWalk(detail::ConstBytes image, std::uint64_t start = 0, Search search = Search::Everywhere)
+      : image_(image), start_(start), search_(search) {}
+
+  /// Goes on to the next block; false behind the last.
+  bool next();
+  /// The block that the walk is at.
+  const BlockView& block() const { return block_; }
+
+ private:
+  /// Whether anything but erased memory is ahead; takes the walk over what is erased.
+  bool skipErased();
+  /// Each completes block_, which begins as all bytes ahead.
+  void takeStray(Finding finding, std::uint64_t end);
+  void takeBehindEnd();
+  void takeEnd();
+  void takeBlock();
+  void takeBroken(std::uint64_t end);
+
+  bool isBelieved(std::uint64_t end, std::uint64_t cut);
+  std::uint64_t cutOf(std::uint64_t end);
+  bool isPlausibleAt(std::uint64_t offset) const;
+  bool leadsOn(std::uint64_t offset);
+  std::uint64_t endBehind(std::uint64_t offset) const;
+
+  bool mayDoubt(std::uint64_t bytes);
+
+  const detail::ProvenStarts& proven();
+  bool isProven(std::uint64_t offset) { return search_ == Search::Everywhere && proven().has(offset); }
+  std::uint64_t nextProven(std::uint64_t offset) {
+    return search_ == Search::Everywhere ? proven().next(offset) : image_.size();
+  }
+  detail::ConstBytes from(std::uint64_t offset) const { return image_.subspan(offset); }
+
+  detail::ConstBytes image_;
+  std::uint64_t start_;
+  Search search_;
+  std::uint64_t position_ = 0;
+  bool ended_ = false;  ///< an end block is all that stands before the position
+  Found found_ = Found::InSequence;
+  BlockView block_;
+  /// Bytes that were looked at for blocks that are not as long as they claim.
+  std::uint64_t doubted_ = 0;
+  /// Known once they are needed: most memories are sound.
+  std::optional<detail::ProvenStarts> proven_;
+};
+
+}  // namespace Velk

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <vector>
+
+#include "velk/datablock/Bytes.h"
+
+namespace Velk::detail {
+
+/// The sums of the 16-bit words of blocks, asked for from the end of a memory to its beginning.
+///
+/// Each is the difference of two sums that reach from an offset to a common end. Those of 128 KiB are kept, twice as
+/// long as a block can be. Those of even and of odd offsets alternate and do not mix.
+class WindowedSums {
+ public:
+  explicit WindowedSums(ConstBytes memory) : memory_(memory), reached_(memory.size() + 2 * longest) {}
+
+  /// The sum of `size` bytes of the memory from an offset on, which is not much above the least one asked for before;
+  /// an odd last byte is no word.
+  unsigned short sum(std::size_t offset, std::size_t size) {
+    if (offset < reached_) reach(offset);
+    return static_cast<unsigned short>(toEnd(offset) - toEnd(offset + size / 2 * 2));
+  }
+
+ private:
+  static constexpr std::size_t longest = 0x10000;
+  static constexpr std::size_t atOnce = 0x1000;
+
+  void reach(std::size_t offset) {
+    if (reached_ > offset + longest) begin(std::min(memory_.size(), offset + longest));
+    unsigned short next = toEnd(reached_);
+    unsigned short afterNext = toEnd(reached_ + 1);
+    for (const std::size_t goal = offset - std::min(offset, atOnce); reached_ > goal;) {
+      const auto sum = static_cast<unsigned short>(afterNext + load<unsigned short>(memory_, --reached_));
+      toEnd(reached_) = sum;
+      afterNext = next;
+      next = sum;
+    }
+  }
+  /// Nobody asks so far ahead again.
+  void begin(std::size_t end) {
+    toEnd_.resize(std::bit_ceil(std::min(memory_.size() + 2, 2 * longest)));
+    reached_ = end;
+    toEnd(end) = 0;
+    toEnd(end + 1) = 0;
+  }
+  unsigned short& toEnd(std::size_t offset) { return toEnd_[offset & (toEnd_.size() - 1)]; }
+
+  ConstBytes memory_;
+  std::size_t reached_;  ///< the least offset whose sum is kept
+  std::vector<unsigned short> toEnd_;
+};
+
+}  // namespace Velk::detail
