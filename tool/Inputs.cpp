@@ -78,9 +78,9 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
 
 Input readInput(const Inputs& inputs, const std::string& name) try {
   Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
-  if (inputs.redacted) redactImage(inputs, file.bytes, [](const Redaction&) {});
+  const std::uint64_t hidden = inputs.redacted ? redactForShow(inputs, file.bytes) : 0;
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
-  return {name, std::move(file), std::move(image)};
+  return {name, std::move(file), std::move(image), hidden};
 } catch (const std::bad_alloc&) {
   return {name, {.error = std::strerror(ENOMEM)}, Velk::MemoryImage(QByteArray())};
 }
@@ -115,6 +115,10 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
   if (input.file.bytes.isEmpty() && input.file.warning.empty()) input.file.warning = "is empty";
   if (!input.file.warning.empty()) {
     session.complain(name, input.file.warning);
+    session.worsen(Exit::Findings);
+  }
+  if (input.hidden > 0) {
+    session.complain(name, std::to_string(input.hidden) + " bytes that cannot be interpreted are shown as zeros");
     session.worsen(Exit::Findings);
   }
   tellGaps(session, input);

@@ -34,6 +34,7 @@ struct Input {
   std::string name;
   Velk::ImageFile file;
   Velk::MemoryImage image;
+  std::uint64_t hidden = 0;  ///< bytes that redaction made zeros, since nothing says what they are
 };
 
 /// Looks at a block of an input; what there is to say of it belongs to `session`.

@@ -7,11 +7,15 @@
 
 namespace VelkTool {
 
-/// Collects a text up to a limit; the stream that fills it fails beyond that, which stops the printing.
+/// Collects a text up to a limit of bytes and lines; the stream that fills it fails beyond that, which stops the
+/// printing.
 class LimitedText : public std::streambuf {
  public:
   /// What is printed of one block at the most.
   static constexpr std::size_t limit = 4 * 1024 * 1024;
+  static constexpr std::size_t anyNumber = ~std::size_t{0};
+
+  explicit LimitedText(std::size_t lines = anyNumber) : linesLeft_(lines) {}
 
   bool full() const { return full_; }
   /// What fitted, up to the last whole line where something did not.
@@ -22,7 +26,7 @@ class LimitedText : public std::streambuf {
  protected:
   std::streamsize xsputn(const char* bytes, std::streamsize count) override {
     const auto wanted = static_cast<std::size_t>(count);
-    const std::size_t taken = std::min(wanted, limit - text_.size());
+    const std::size_t taken = std::min(inLines({bytes, wanted}), limit - text_.size());
     text_.append(bytes, taken);
     full_ = full_ || taken < wanted;
     return static_cast<std::streamsize>(taken);
@@ -33,6 +37,19 @@ class LimitedText : public std::streambuf {
   }
 
  private:
+  /// How much of a text the lines allow that are left.
+  std::size_t inLines(std::string_view text) {
+    if (linesLeft_ == anyNumber) return text.size();
+    std::size_t end = 0;
+    for (; linesLeft_ > 0 && end < text.size(); --linesLeft_) {
+      const std::size_t lineEnd = text.find('\n', end);
+      if (lineEnd == text.npos) return text.size();
+      end = lineEnd + 1;
+    }
+    return end;
+  }
+
+  std::size_t linesLeft_;
   std::string text_;
   bool full_ = false;
 };

@@ -1,5 +1,7 @@
 #include "Redaction.h"
 
+#include <algorithm>
+
 #include "Images.h"
 #include "velk/data/BlockEdit.h"
 
@@ -9,10 +11,32 @@ void tellLeft(Session& session, const std::string& name, const Velk::BlockView& 
   const Velk::RedactionReach reach = redactionReach(block);
   if (reach == Velk::RedactionReach::All) return;
   const char* const what = reach == Velk::RedactionReach::Nothing
-                               ? ": left as it is, nobody knows what its bytes tell"
-                               : ": bytes that belong to no field are left, nobody knows what they tell";
+                               ? ": left as it is, since the meaning of its bytes is unknown"
+                               : ": bytes that belong to no field are left, since their meaning is unknown";
   session.complain(name, placeText(block) + what);
   session.worsen(Exit::Findings);
+}
+
+bool isUninterpreted(const Velk::BlockView& block) {
+  const bool isUnsure = block.kind == Velk::BlockKind::Stray || block.has(Velk::Finding::UnbelievableSize);
+  return isUnsure && Velk::redactionReach(block) != Velk::RedactionReach::All;
+}
+
+std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image) {
+  std::uint64_t hidden = 0;
+  redactImage(inputs, image, [&](const Redaction& redaction) {
+    const Velk::BlockView& block = redaction.block;
+    if (!isUninterpreted(block)) return;
+    const bool isStray = block.kind == Velk::BlockKind::Stray;
+    const std::size_t known = isStray                ? 0
+                              : block.row != nullptr ? std::size_t{block.row->size}
+                                                     : sizeof(Velk::HwSDatablockHeader);
+    if (known >= block.bytes.size()) return;
+    const std::size_t count = block.bytes.size() - known;
+    std::fill_n(image.begin() + static_cast<qsizetype>(block.offset + known), count, '\0');
+    hidden += count;
+  });
+  return hidden;
 }
 
 void redactImage(const Inputs& inputs, QByteArray& image, const std::function<void(const Redaction& redaction)>& tell) {

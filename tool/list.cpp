@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Commands.h"
 #include "Images.h"
 #include "JsonReport.h"
@@ -9,9 +11,8 @@ namespace {
 constexpr std::string_view heading =
     "offset      id     name                                 size   kind            verdict\n";
 
-void padTo(std::string& line, std::size_t width) {
-  if (line.size() < width) line.resize(width, ' ');
-}
+/// A blank at least: columns never run together.
+void padTo(std::string& line, std::size_t width) { line.resize(std::max(width, line.size() + 1), ' '); }
 
 void appendRow(std::string& line, const Velk::BlockView& block) {
   const bool stray = block.kind == Velk::BlockKind::Stray;

@@ -79,6 +79,7 @@ int main(int argc, char** argv) {
   addDiff(app, session);
   addSet(app, session);
   addRedact(app, session);
+  addRecover(app, session);
   addTable(app, session);
   addCompletion(app, session);
   addManual(app, session);

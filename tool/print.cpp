@@ -9,6 +9,7 @@
 #include "LimitedText.h"
 #include "Pages.h"
 #include "Selection.h"
+#include "velk/data/BlockDoubts.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 #include "velk/platform/Console.h"
 
@@ -45,7 +46,8 @@ class Printer {
   Printer(Session& session, const Inputs& inputs, Page page) : session_(session), inputs_(inputs), page_(page) {}
 
   void print(const std::string& file, const BlockView& block) {
-    LimitedText text;
+    const std::size_t lines = mostLines(block);
+    LimitedText text(lines);
     std::ostream stream(&text);
     const LibraryOutput said;
     write(block, stream);
@@ -53,23 +55,37 @@ class Printer {
     for (const std::string& line : said.lines()) session_.complain(file, placeText(block) + ": " + line);
     for (const std::string& line : notOnPage(page_, block)) session_.complain(file, placeText(block) + ", " + line);
     if (text.full()) {
-      session_.complain(file, placeText(block) + ": the text is cut after 4 MiB");
+      const std::string where = lines == LimitedText::anyNumber
+                                    ? "after 4 MiB"
+                                    : std::to_string(linesAfterRows) + " lines after the last row that the block holds";
+      session_.complain(file, placeText(block) + ": the text is cut " + where);
       session_.worsen(Exit::Findings);
     }
     tellOf(session_, inputs_, file, block);
   }
 
  private:
+  static constexpr std::size_t linesAfterRows = 100;
+
+  /// A count may claim thousands of rows that the block does not hold, which print as zeros.
+  std::size_t mostLines(const BlockView& block) {
+    if (page_ == Page::Hex || block.row == nullptr) return LimitedText::anyNumber;
+    const QByteArray held = Velk::withHeldCounts(block);
+    if (held.isEmpty()) return LimitedText::anyNumber;
+    BlockView view = block;
+    view.bytes = {reinterpret_cast<const unsigned char*>(held.constData()), block.bytes.size()};
+    LimitedText text;
+    std::ostream stream(&text);
+    write(view, stream);
+    return static_cast<std::size_t>(std::ranges::count(text.text(), '\n')) + linesAfterRows;
+  }
+
   void write(const BlockView& block, std::ostream& stream) {
-    if (page_ == Page::Hex) return writeHexPage(block, stream);
+    if (page_ == Page::Hex || (block.row == nullptr && !hasTables(block))) return writeHexPage(block, stream);
     if (hasTables(block)) return writeTablePage(page_, block, stream);
     Velk::HwDatablock raw(true);
     raw.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
     if (isInDictionary(block) && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
-    if (block.row == nullptr) {
-      raw.printToStream(stream);  // the base form is there for what no class prints
-      return;
-    }
     const std::unique_ptr<Velk::HwDatablock> typed = block.row->make(block.id);
     typed->setDataWithoutChecksumCheck(&raw);
     typed->printToStream(stream);
@@ -98,7 +114,8 @@ void addPrint(CLI::App& app, Session& session) {
       [page](Page chosen) { *page = chosen; },
       "Of blocks that hold tables: complete (as without it), detail, summary or heading; hex: the bytes of any block");
   command->footer(
-      "Damaged blocks are printed too, and told on standard error. A block of an unknown id prints its bytes.\n\n"
+      "Damaged blocks are printed too, and reported on standard error. A block of an unknown id is shown as a hex\n"
+      "dump. A text whose rows run past what the block holds is cut 100 lines after them.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
   command->callback([&session, inputs, selection, page] {
     Printer printer(session, *inputs, *page);

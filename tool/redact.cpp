@@ -7,32 +7,65 @@
 namespace VelkTool {
 namespace {
 
-void run(Session& session, const Inputs& inputs, const Output& output) {
-  const std::string& name = inputs.files.front();
-  const std::optional<Destination> destination = output.open(session, name);
-  if (!destination) return;
-  Input input = openInput(session, inputs, name);
-  if (!input.file.error.empty()) return;
-  if (inputs.offset != 0) {
-    session.complain(name, "what stands before offset " + offsetText(inputs.offset) + " is left as it is");
-    session.worsen(Exit::Findings);
-  }
-  std::string taken;
-  redactImage(inputs, input.file.bytes, [&](const Redaction& redaction) {
-    for (const std::string& field : redaction.taken) {
-      taken +=
-          Velk::blockName(redaction.block) + " at offset " + offsetText(redaction.block.offset) + ": " + field + '\n';
+class Redactor {
+ public:
+  Redactor(Session& session, const Inputs& inputs, bool force)
+      : session_(session), inputs_(inputs), name_(inputs.files.front()), force_(force) {}
+
+  void run(const Output& output) {
+    const std::optional<Destination> destination = output.open(session_, name_);
+    if (!destination) return;
+    Input input = openInput(session_, inputs_, name_);
+    if (!input.file.error.empty()) return;
+    tellUnseen(input);
+    redact(input);
+    if (unseen_ && !force_) {
+      session_.complain(name_, "what velk cannot look into may hold anything; nothing is written without --force");
+      return session_.worsen(Exit::NoAccess);
     }
-    tellFindings(session, name, redaction.block);
-    tellLeft(session, name, redaction.block);
-  });
-  // What an S-record file says of itself is free text.
-  if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
-    header.clear();
-    taken += "header of the S-record file\n";
+    destination->write(session_, input.file, taken_);
   }
-  destination->write(session, input.file, taken);
-}
+
+ private:
+  void tellUnseen(const Input& input) {
+    unseen_ = !input.file.warning.empty();
+    if (inputs_.offset == 0) return;
+    tellUnseen("the bytes before offset " + offsetText(inputs_.offset) + " were not looked into");
+  }
+
+  void tellUnseen(const std::string& what) {
+    session_.complain(name_, what);
+    session_.worsen(Exit::Findings);
+    unseen_ = true;
+  }
+
+  void redact(Input& input) {
+    redactImage(inputs_, input.file.bytes, [&](const Redaction& redaction) {
+      const Velk::BlockView& block = redaction.block;
+      for (const std::string& field : redaction.taken) {
+        taken_ += Velk::blockName(block) + " at offset " + offsetText(block.offset) + ": " + field + '\n';
+      }
+      tellFindings(session_, name_, block);
+      if (isUninterpreted(block)) {
+        tellUnseen(placeText(block) + ": " + std::to_string(block.bytes.size()) + " bytes cannot be interpreted");
+      } else {
+        tellLeft(session_, name_, block);
+      }
+    });
+    // What an S-record file says of itself is free text.
+    if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
+      header.clear();
+      taken_ += "header of the S-record file\n";
+    }
+  }
+
+  Session& session_;
+  const Inputs& inputs_;
+  const std::string& name_;
+  bool force_;
+  bool unseen_ = false;
+  std::string taken_;
+};
 
 }  // namespace
 
@@ -40,15 +73,20 @@ void addRedact(CLI::App& app, Session& session) {
   CLI::App* const command =
       app.add_subcommand("redact", "Takes what tells a module and its users from others out of an image");
   const auto inputs = addInputs(*command, 1);
+  const auto force = std::make_shared<bool>(false);
+  command->add_flag("--force", *force, "Also write an image that velk could not look into everywhere");
   const auto output = addOutput(*command);
   command->footer(
       "Serial, lot, job and repair numbers, names, departments, descriptions, user data and network addresses\n"
       "become zeros; checksums follow, and what was taken is listed. A block that was damaged stays so.\n\n"
+      "Bytes that velk cannot look into may hold anything: a block whose size is damaged, bytes that belong to no\n"
+      "block, a damaged file, what comes before --offset. They are reported, and nothing is written (exit code 3);\n"
+      "--force writes the image with these bytes as they are.\n\n"
       "Blocks whose fields velk does not know, such as second-edition blocks, are left as they are, and so are bytes\n"
-      "of others that belong to no field. They are told on standard error and make the exit code 1: look into them\n"
-      "before you pass the image on.\n\n"
+      "of others that belong to no field. They are reported on standard error and make the exit code 1: look into\n"
+      "them before you pass the image on.\n\n"
       "Example:\n  velk redact module.bin -o public.bin");
-  command->callback([&session, inputs, output] { run(session, *inputs, *output); });
+  command->callback([&session, inputs, force, output] { Redactor(session, *inputs, *force).run(*output); });
 }
 
 }  // namespace VelkTool

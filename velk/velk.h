@@ -32,6 +32,7 @@
 #include "velk/image/ImageFile.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/MemoryImage.h"
+#include "velk/image/Recovery.h"
 #include "velk/image/Region.h"
 #include "velk/image/SRecord.h"
 #include "velk/image/SparseImage.h"

@@ -43,11 +43,11 @@ TEST(MemoryImage, IsBlocksUpToTheEndBlock) {
 
 TEST(MemoryImage, SmallestInputs) {
   EXPECT_EQ(walked({}), "");
-  EXPECT_EQ(walked(fromHex("02")), "0 - 1 too short for a block");
-  EXPECT_EQ(walked(fromHex("FF")), "0 - 1 too short for a block");
+  EXPECT_EQ(walked(fromHex("02")), "0 (bytes) 1 too short for a block");
+  EXPECT_EQ(walked(fromHex("FF")), "0 (bytes) 1 too short for a block");
   EXPECT_EQ(walked(fromHex("FF FF")), "0 END 2 sound");
   EXPECT_EQ(walked(fromHex("FF FF 00 00 FF")), "0 END 4 sound");
-  EXPECT_EQ(walked(fromHex("02 00 08 00 00 00 00")), "0 - 7 too short for a block");
+  EXPECT_EQ(walked(fromHex("02 00 08 00 00 00 00")), "0 (bytes) 7 too short for a block");
 }
 
 TEST(MemoryImage, SizesThatCannotBeBelievedAreSkippedToTheNextSoundBlock) {
@@ -118,7 +118,7 @@ TEST(MemoryImage, ASoundBlockMayHaveAnUnexpectedSize) {
 TEST(MemoryImage, BytesBehindTheEndBlockHaveToBeErased) {
   QByteArray image = twoIdents();
   image[120] = 0;
-  EXPECT_EQ(walked(image), "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 92 - 36 not erased");
+  EXPECT_EQ(walked(image), "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 92 (bytes) 36 not erased");
   const MemoryImage walkedImage(image);
   for (const BlockView& block : walkedImage) {
     if (block.kind == BlockKind::Stray) {
@@ -233,10 +233,10 @@ TEST(MemoryImage, BlocksAreFoundAtEveryOffset) {
   QByteArray more = twoIdents();
   more.insert(20, 'x');
   EXPECT_EQ(walked(more),
-            "0 IDENT_2 44 wrong checksum, 44 - 1 too short for a block, 45 IDENT_2 44 sound, 89 END 4 sound");
+            "0 IDENT_2 44 wrong checksum, 44 (bytes) 1 too short for a block, 45 IDENT_2 44 sound, 89 END 4 sound");
   QByteArray erasedHeader = twoIdents();
   erasedHeader.replace(0, 8, QByteArray(8, '\xFF'));
-  EXPECT_EQ(walked(erasedHeader), "0 END 4 sound, 4 - 40 not erased, 44 IDENT_2 44 sound, 88 END 4 sound");
+  EXPECT_EQ(walked(erasedHeader), "0 END 4 sound, 4 (bytes) 40 not erased, 44 IDENT_2 44 sound, 88 END 4 sound");
 }
 
 TEST(MemoryImage, UnknownBlocksAreFoundBeforeBlocksThatProveThemselves) {
@@ -244,10 +244,10 @@ TEST(MemoryImage, UnknownBlocksAreFoundBeforeBlocksThatProveThemselves) {
   const QByteArray unknown = ImageBuilder().add(4242, "two bytes more").add(4243, "four more").finish(0).chopped(4);
   const QByteArray front(40, 'x');
   EXPECT_EQ(walked(front + unknown + known.getByteArrayData()),
-            "0 - 40 no block, 40 ID_4242 22 sound, 62 ID_4243 17 sound, 79 IDENT_2 44 sound");
-  EXPECT_EQ(walked(front + unknown), "0 - 79 no block");
+            "0 (bytes) 40 no block, 40 ID_4242 22 sound, 62 ID_4243 17 sound, 79 IDENT_2 44 sound");
+  EXPECT_EQ(walked(front + unknown), "0 (bytes) 79 no block");
   const QByteArray uniform = fromHex("00 00 0C 00 F4 FF 00 00 00 00 00 00");
-  EXPECT_EQ(walked(front + uniform.left(8) + known.getByteArrayData()), "0 - 48 no block, 48 IDENT_2 44 sound");
+  EXPECT_EQ(walked(front + uniform.left(8) + known.getByteArrayData()), "0 (bytes) 48 no block, 48 IDENT_2 44 sound");
 }
 
 TEST(MemoryImage, ABlockInsideAnotherIsThatOnesOwn) {
@@ -257,7 +257,7 @@ TEST(MemoryImage, ABlockInsideAnotherIsThatOnesOwn) {
   const std::string whole = " ID_4242 56 sound, ";
   EXPECT_EQ(walked(outer + last.getByteArrayData()), "0" + whole + "56 IDENT_2 44 sound");
   EXPECT_EQ(walked(QByteArray(9, 'x') + outer + last.getByteArrayData()),
-            "0 - 9 no block, 9" + whole + "65 IDENT_2 44 sound");
+            "0 (bytes) 9 no block, 9" + whole + "65 IDENT_2 44 sound");
   // Its size is confirmed by what follows, whatever its sum.
   QByteArray damaged = outer;
   damaged[8] = 'x';
@@ -267,7 +267,7 @@ TEST(MemoryImage, ABlockInsideAnotherIsThatOnesOwn) {
   const QByteArray junk(20, 'y');
   EXPECT_EQ(walked(counter + junk), "0 ID_1042 64 sound, 64 ID_31097 20 damaged size");
   EXPECT_EQ(walked(junk + counter + last.getByteArrayData()),
-            "0 - 20 no block, 20 ID_1042 64 sound, 84 IDENT_2 44 sound");
+            "0 (bytes) 20 no block, 20 ID_1042 64 sound, 84 IDENT_2 44 sound");
   // A byte that it has lost makes the next block begin in it.
   counter.chop(1);
   EXPECT_EQ(walked(counter + last.getByteArrayData()), "0 ID_1042 63 damaged size, 63 IDENT_2 44 sound");
@@ -276,20 +276,20 @@ TEST(MemoryImage, ABlockInsideAnotherIsThatOnesOwn) {
 TEST(MemoryImage, BytesWithoutABlockAreOneView) {
   QByteArray noise(5000, '\0');
   for (unsigned i = 0; i < 5000; ++i) noise[i] = static_cast<char>(i * i * 2654435761U >> 16U);
-  EXPECT_EQ(walked(noise), "0 - 5000 no block");
+  EXPECT_EQ(walked(noise), "0 (bytes) 5000 no block");
   EXPECT_EQ(describe(*MemoryImage(noise).begin(), Finding::NoBlock),
             "5000 bytes hold no block; they look like high-entropy");
   EXPECT_EQ(walked(noise + twoIdents()),
-            "0 - 5000 no block, 5000 IDENT_2 44 sound, 5044 IDENT_2 44 sound, 5088 END 4 sound");
+            "0 (bytes) 5000 no block, 5000 IDENT_2 44 sound, 5044 IDENT_2 44 sound, 5088 END 4 sound");
   EXPECT_EQ(walked(twoIdents() + noise + twoIdents()),
-            "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 92 - 5036 not erased, "
+            "0 IDENT_2 44 sound, 44 IDENT_2 44 sound, 88 END 4 sound, 92 (bytes) 5036 not erased, "
             "5128 IDENT_2 44 sound, 5172 IDENT_2 44 sound, 5216 END 4 sound");
 }
 
 TEST(MemoryImage, TheWalkLooksNoFurtherBackThanItsStart) {
   const QByteArray image = twoIdents();
-  EXPECT_EQ(walked(image, 10), "10 - 34 no block, 44 IDENT_2 44 sound, 88 END 4 sound");
-  EXPECT_EQ(walked(image, 45), "45 - 83 no block");
+  EXPECT_EQ(walked(image, 10), "10 (bytes) 34 no block, 44 IDENT_2 44 sound, 88 END 4 sound");
+  EXPECT_EQ(walked(image, 45), "45 (bytes) 83 no block");
 }
 
 TEST(MemoryImage, AStrictWalkBelievesNothingButTheSequence) {

@@ -183,7 +183,7 @@ TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
             .arg(VELK_COMMAND, words);
     return run({"-c", line}, {}, "/bin/bash").output;
   };
-  EXPECT_EQ(completed("velk re"), "redact\n");
+  EXPECT_EQ(completed("velk re"), "redact recover\n");
   EXPECT_EQ(completed("velk table ''"), "export import\n");
   EXPECT_EQ(completed("velk table import --a"), "--append\n");
   EXPECT_EQ(completed("velk export --format j"), "json jsonl\n");
@@ -191,7 +191,7 @@ TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
   EXPECT_EQ(completed("velk list --sector-size ''"), "auto\n");
   EXPECT_EQ(completed("velk set --in"), "--input --in-place\n");
   EXPECT_EQ(completed("velk list rf_board.b"), "rf_board.bin\n");
-  EXPECT_EQ(completed("velk help re"), "redact\n");
+  EXPECT_EQ(completed("velk help red"), "redact\n");
 }
 
 TEST(Manual, HasEveryCommandAndItsExamples) {

@@ -154,7 +154,8 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
   EXPECT_EQ(result.output,
             "IDENT_2 at offset 0x00000000: serialNumber\nIDENT_2 at offset 0x00000000: name\n"
             "IDENT_10 at offset 0x0000002C: serialNumber\nIDENT_10 at offset 0x0000002C: name\n");
-  EXPECT_NE(result.errors.find("id 4242: left as it is"), result.errors.npos) << result.errors;
+  EXPECT_NE(result.errors.find("id 4242: left as it is, since the meaning of its bytes is unknown"), result.errors.npos)
+      << result.errors;
   EXPECT_EQ(run({"check", out()}).exitCode, 0);
   for (const char* const verb : {"print", "export"}) {
     const Outcome redacted = run({verb, "--redact", "rf_board.bin"});
@@ -162,7 +163,9 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
     EXPECT_EQ(redacted.output.find("100234"), redacted.output.npos);
   }
   EXPECT_EQ(run({"print", "--redact", "rf_board.bin"}).output, run({"print", out()}).output);
-  EXPECT_NE(run({"export", "--redact", "rf_board.bin"}).errors.find("id 4242: left as it is"), std::string::npos);
+  EXPECT_NE(run({"export", "--redact", "rf_board.bin"})
+                .errors.find("id 4242: left as it is, since the meaning of its bytes is unknown"),
+            std::string::npos);
   Velk::ImageFile records = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin");
   records.format = Velk::ImageFormat::SRecord;
   records.details.header = "RF-BOARD 100234";
@@ -170,19 +173,50 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
   EXPECT_EQ(Velk::readImageFile(out("public.s19").toStdString()).details.header, "");
   EXPECT_EQ(run({"export", "--redact", "rf_board.bin"}).exitCode, 1);
   EXPECT_EQ(run({"export", "--redact", "--id", "2", "rf_board.bin"}).errors, "") << "of blocks that are shown";
-  EXPECT_EQ(run({"redact", "--offset", "44", "mainboard.bin", "-o", out()}).exitCode, 1) << "some bytes were not seen";
-  // A damaged size makes one block of two, whose fields are those of the first.
-  QByteArray swallowing = VelkTest::exampleImage("rf_board.bin").left(88);
-  swallowing[3] = '\xF0';
-  swallowing[64] = '\x01';
-  const Outcome swallowed = run({"redact", file("swallowed.bin", swallowing), "-o", out()});
-  EXPECT_EQ(swallowed.exitCode, 1);
-  EXPECT_NE(swallowed.errors.find("bytes that belong to no field are left"), swallowed.errors.npos) << swallowed.errors;
   const Outcome mainboard = run({"redact", "mainboard.bin", "-o", out()});
   EXPECT_EQ(mainboard.exitCode, 0);
   for (const char* const taken : {"SERIAL_NUMBER", "MBRD_MAC at offset 0x00000060: mac\n"}) {
     EXPECT_NE(mainboard.output.find(taken), mainboard.output.npos) << mainboard.output;
   }
+}
+
+TEST_F(EditCommand, RedactWritesNothingThatItCouldNotLookInto) {
+  const QByteArray board = VelkTest::exampleImage("rf_board.bin");
+  // A damaged size makes one block of two, whose fields are those of the first.
+  QByteArray swallowing = board.left(88);
+  swallowing[3] = '\xF0';
+  swallowing[64] = '\x01';
+  QByteArray behindHeader = VelkTest::exampleImage("mainboard.bin");
+  behindHeader.replace(0, 8, QByteArray(8, '\xFF'));
+  Velk::ImageFile hex = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/mainboard.bin");
+  hex.format = Velk::ImageFormat::IntelHex;
+  const QByteArray lines = Velk::encodeImage(hex);
+  const QStringList unseen[] = {
+      {file("swallowed.bin", swallowing)},
+      {file("header.bin", behindHeader)},
+      {file("text.bin", "serial number 100234, of the department of measurements, and so on and on" + board)},
+      {file("cut.hex", lines.left(lines.lastIndexOf(':')))},
+      {file("empty.bin", {})},
+      {"mainboard.bin", "--offset", "44"},
+  };
+  for (const QStringList& arguments : unseen) {
+    SCOPED_TRACE(arguments.join(' ').toStdString());
+    const Outcome refused = run(QStringList{"redact", "-o", out()} + arguments);
+    EXPECT_EQ(refused.exitCode, 3);
+    EXPECT_EQ(refused.output, "");
+    EXPECT_NE(refused.errors.find("nothing is written without --force"), std::string::npos) << refused.errors;
+    EXPECT_FALSE(QFile::exists(out()));
+    EXPECT_EQ(run(QStringList{"redact", "--force", "-o", out()} + arguments).exitCode, 1);
+    EXPECT_TRUE(QFile::remove(out()));
+  }
+  const Outcome shown = run({"export", "--redact", unseen[2].front()});
+  EXPECT_EQ(shown.exitCode, 1);
+  EXPECT_EQ(shown.output.find("115, 101, 114, 105, 97, 108"), std::string::npos) << "the text as bytes";
+  EXPECT_NE(shown.errors.find("bytes that cannot be interpreted are shown as zeros"), std::string::npos);
+  const QString redacted = out("redacted");
+  EXPECT_EQ(run({"redact", "mainboard.bin", "-o", redacted}).exitCode, 0);
+  EXPECT_EQ(run({"redact", redacted, "-o", out()}).exitCode, 0) << "there is nothing left to take";
+  EXPECT_EQ(read(out()), read(redacted));
 }
 
 }  // namespace

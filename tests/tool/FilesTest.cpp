@@ -96,7 +96,7 @@ TEST_F(Files, TheOwnerIsKept) {
   EXPECT_EQ(result.output,
             "IDENT_2 serialNumber: 100234 -> 7\n4321:4322\n4321:4322\nvelk: in.bin: its owner and permissions cannot "
             "be kept: Operation not permitted\nexit 3\n"
-            "SN:              7\nSN:              303174162\nin.bin\nin.bin.bak\n");
+            "SN:              7\nSN:              4711\nin.bin\nin.bin.bak\n");
 }
 
 TEST_F(Files, ChangesAtOnceAreAllKept) {

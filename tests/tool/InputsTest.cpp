@@ -130,7 +130,8 @@ TEST_F(Inputs, TheWalkBeginsAtTheOffsetInEveryForm) {
   const QString raw = file("raw", image);
   const QString hex = file("hex", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));
   expectSameTexts({"--offset", "48", raw}, {"--offset", "0x30", hex});
-  EXPECT_EQ(run({"print", "--offset", "48", raw}).output, run({"print", "rf_board.bin"}).output);
+  EXPECT_EQ(run({"print", "--id", "2", "--offset", "48", raw}).output,
+            run({"print", "--id", "2", "rf_board.bin"}).output);
   const Outcome behind = run({"list", "--offset", "0x10000", raw});
   EXPECT_EQ(behind.exitCode, 2);
   EXPECT_EQ(behind.errors, "velk: " + raw.toStdString() + ": offset 0x00010000 is behind its 1072 bytes\n");

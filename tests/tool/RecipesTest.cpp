@@ -69,7 +69,7 @@ class Recipes : public testing::Test {
   /// Copies of the examples.
   void takeImages() {
     const QDir examples(VELK_SOURCE_DIR "/examples/images");
-    for (const QString& name : examples.entryList({"*.bin"}, QDir::Files)) {
+    for (const QString& name : examples.entryList({"*.bin", "*.dump"}, QDir::Files)) {
       EXPECT_TRUE(QFile::copy(examples.filePath(name), directory_.filePath(name)));
     }
   }

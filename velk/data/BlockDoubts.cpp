@@ -56,6 +56,22 @@ std::string detail::noSuchCount(const DataNode& record, std::string_view name, s
   return reason;
 }
 
+QByteArray withHeldCounts(const BlockView& block) {
+  QByteArray bytes(reinterpret_cast<const char*>(block.bytes.data()), static_cast<qsizetype>(block.bytes.size()));
+  const detail::MutableBytes changed(reinterpret_cast<unsigned char*>(bytes.data()), block.bytes.size());
+  const BlockData data(block, Extent::Capacity);
+  const DataNode root = data.root();
+  bool hasChanged = false;
+  forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    const auto member = root.find(counter);
+    if (!member || excess(integerValue(block.bytes, member->element()), capacity, counted).empty()) return;
+    const std::size_t held = counter == counted.usedRows ? root.find(counted.name)->size() : capacity;
+    const std::string text = std::to_string(held);
+    hasChanged = setFieldText(changed, member->element(), text) == FieldResult::Done || hasChanged;
+  });
+  return hasChanged ? bytes : QByteArray();
+}
+
 std::vector<std::string> doubtsAbout(const BlockView& block) {
   std::vector<std::string> doubts;
   const BlockData data(block, Extent::Capacity);

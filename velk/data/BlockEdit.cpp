@@ -146,7 +146,13 @@ void sealBlock(MutableBytes block, BlockKind kind) {
 }
 
 RedactionReach redactionReach(const BlockView& block) {
-  if (block.row == nullptr) return RedactionReach::Nothing;
+  constexpr unsigned char erased = 0xFF;
+  const auto isSilent = [](unsigned char byte) { return byte == 0 || byte == erased; };
+  if (block.row == nullptr) {
+    const std::size_t known = block.kind == BlockKind::Stray ? 0 : sizeof(HwSDatablockHeader);
+    const auto rest = block.bytes.subspan(std::min(known, block.bytes.size()));
+    return std::ranges::all_of(rest, isSilent) ? RedactionReach::All : RedactionReach::Nothing;
+  }
   std::vector<bool> isKnown(block.bytes.size());
   const auto know = [&](std::size_t offset, std::size_t size) {
     for (std::size_t i = offset; i < std::min(offset + size, isKnown.size()); ++i) isKnown[i] = true;
@@ -155,9 +161,8 @@ RedactionReach redactionReach(const BlockView& block) {
   const BlockData data(block, Extent::Capacity);
   const auto knowValue = [&](const DataPath&, const FieldElement& element) { know(element.offset, element.size); };
   forEachValue(data.root(), {}, knowValue);
-  constexpr unsigned char erased = 0xFF;
   for (std::size_t i = 0; i < isKnown.size(); ++i) {
-    if (!isKnown[i] && block.bytes[i] != 0 && block.bytes[i] != erased) return RedactionReach::Fields;
+    if (!isKnown[i] && !isSilent(block.bytes[i])) return RedactionReach::Fields;
   }
   return RedactionReach::All;
 }

@@ -62,7 +62,7 @@ const char* foundName(Found found) { return found == Found::InSequence ? "in-seq
 
 std::string blockName(const BlockView& block) {
   if (block.row != nullptr) return block.row->key(block.id);
-  return block.kind == BlockKind::Stray ? "-" : "ID_" + std::to_string(block.id);
+  return block.kind == BlockKind::Stray ? "(bytes)" : "ID_" + std::to_string(block.id);
 }
 
 const char* findingName(Finding finding) { return findingNames[static_cast<std::size_t>(finding)]; }
