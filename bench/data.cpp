@@ -9,7 +9,7 @@
 
 #include "../tool/DataJson.h"
 #include "RunProgram.h"
-#include "velk/datablock/FieldValue.h"
+#include "velk/fields/FieldValue.h"
 #include "velk/velk.h"
 
 namespace {
@@ -17,7 +17,7 @@ namespace {
 using namespace Velk;
 
 /// Puts all elements of a record's lists in use.
-void fillCounts(detail::MutableBytes block, std::span<const FieldInfo> fields) {
+void fillCounts(MutableBytes block, std::span<const FieldInfo> fields) {
   for (const FieldInfo& list : fields) {
     for (const auto& [counter, capacity] : {std::pair(list.usedRows, list.rows), std::pair(list.usedCols, list.cols)}) {
       const auto field = std::ranges::find(fields, std::string_view(counter), &FieldInfo::name);
@@ -40,7 +40,7 @@ QByteArray calibratedImage(qsizetype size) {
       if (image.size() > size - 1000) break;
       continue;
     }
-    const detail::MutableBytes view(reinterpret_cast<unsigned char*>(bytes.data()), std::size_t(bytes.size()));
+    const MutableBytes view(reinterpret_cast<unsigned char*>(bytes.data()), std::size_t(bytes.size()));
     const BlockData data(view, row.fields, Extent::Capacity);
     const auto fill = [&](const DataPath&, const FieldElement& element) {
       const double thousandths = isFloating(element.field->type) ? 1000 : 1;
@@ -69,7 +69,7 @@ struct LargeTable {
     }
   }
   void store(std::size_t offset, int value) { detail::store(view(), offset, value); }
-  detail::MutableBytes view() { return bytes; }
+  MutableBytes view() { return bytes; }
 
   static constexpr int rows = 20;
   static constexpr int columns = 1500;
@@ -136,7 +136,7 @@ const std::vector<std::string>& twoVersions() {
     const MemoryImage image(first);
     for (const BlockView& block : image) {
       auto* const at = reinterpret_cast<unsigned char*>(second.data()) + block.offset;
-      const detail::MutableBytes bytes(at, block.bytes.size());
+      const MutableBytes bytes(at, block.bytes.size());
       bytes[bytes.size() / 2] ^= 1U;
       sealBlock(bytes, block.kind);
     }

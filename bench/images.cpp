@@ -53,7 +53,7 @@ void imageWalked(benchmark::State& state) {
 
 /// Nothing but the checks that tell what a block is and whether it is sound.
 void imageChecked(benchmark::State& state) {
-  std::vector<Velk::detail::ConstBytes> blocks;
+  std::vector<Velk::ConstBytes> blocks;
   for (const Velk::BlockView& block : Velk::MemoryImage(largeImage())) blocks.push_back(block.bytes);
   for (auto _ : state) {
     std::uint32_t checks = 0;

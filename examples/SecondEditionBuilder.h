@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "velk/datablock/ByteOrder.h"
+#include "velk/bytes/ByteOrder.h"
 #include "velk/edition2/HwDatablock2Edition.h"
 #include "velk/edition2/StoredTable.h"
 

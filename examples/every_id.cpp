@@ -75,7 +75,7 @@ class Filler {
     }
   }
 
-  Velk::detail::MutableBytes bytes_;
+  Velk::MutableBytes bytes_;
   int number_ = 0;
 };
 

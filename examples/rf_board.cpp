@@ -1,6 +1,6 @@
 #include "ImageBuilder.h"
 #include "Images.h"
-#include "velk/datablock/PackedDate.h"
+#include "velk/bytes/PackedDate.h"
 
 namespace Examples {
 

@@ -4,8 +4,8 @@
 #include <random>
 
 #include "CatalogueSupport.h"
+#include "velk/bytes/HexText.h"
 #include "velk/datablock/Checksums.h"
-#include "velk/datablock/HexText.h"
 #include "velk/platform/Console.h"
 #include "velk/platform/ErrorManager.h"
 

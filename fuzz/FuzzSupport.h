@@ -7,7 +7,7 @@
 #include <streambuf>
 #include <vector>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 
 /// What holds for every input whatsoever; a fuzzer reports the input where it does not.
 #define FUZZ_EXPECT(condition) ((condition) ? void() : VelkFuzz::fail(#condition, __FILE__, __LINE__))
@@ -48,13 +48,13 @@ const std::vector<unsigned short>& catalogueIds();
 
 /// Makes the checks of a block right, which then is what it claims to be: the 16-bit sum, and with `crc` the CRC-32
 /// before it. Does nothing to a block without a whole header.
-void mendBlock(Velk::detail::MutableBytes block, bool crc);
+void mendBlock(Velk::MutableBytes block, bool crc);
 
 /// Makes a mutated image one that is worth a walk: sizes that reach to the next block or the end, and right checks, but
 /// for what `seed` picks out to stay damaged.
-void mendImage(Velk::detail::MutableBytes image, unsigned seed);
+void mendImage(Velk::MutableBytes image, unsigned seed);
 
 /// Gives every line of an Intel HEX or S-record text a right checksum.
-void mendText(Velk::detail::MutableBytes text);
+void mendText(Velk::MutableBytes text);
 
 }  // namespace VelkFuzz

@@ -11,8 +11,6 @@
 namespace {
 
 using namespace Velk;
-using detail::ConstBytes;
-using detail::MutableBytes;
 
 ConstBytes view(const QByteArray& bytes) {
   return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};

@@ -13,7 +13,6 @@
 namespace {
 
 using namespace Velk;
-using detail::MutableBytes;
 
 constexpr std::size_t longest = 0x1000;  // many small inputs find more than few large ones
 constexpr std::size_t mostBlocks = 32;

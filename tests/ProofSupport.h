@@ -7,12 +7,12 @@
 
 namespace VelkTest {
 
-inline Velk::detail::ConstBytes asBytes(const QByteArray& bytes) {
+inline Velk::ConstBytes asBytes(const QByteArray& bytes) {
   return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
 /// Whether a block's bytes are at least 12 and not all alike, and their words add up to 0: a plain second opinion.
-inline bool isWorthASum(Velk::detail::ConstBytes block) {
+inline bool isWorthASum(Velk::ConstBytes block) {
   unsigned sum = 0;
   bool varied = false;
   for (std::size_t i = 0; i < block.size(); ++i) {
@@ -23,7 +23,7 @@ inline bool isWorthASum(Velk::detail::ConstBytes block) {
 }
 
 /// CRC-32 bit by bit, without bytes 4 to 11.
-inline std::uint32_t plainCrc(Velk::detail::ConstBytes block) {
+inline std::uint32_t plainCrc(Velk::ConstBytes block) {
   std::uint32_t crc = 0xFFFFFFFF;
   for (std::size_t i = 0; i < block.size(); ++i) {
     if (i >= 4 && i < 12) continue;
@@ -34,7 +34,7 @@ inline std::uint32_t plainCrc(Velk::detail::ConstBytes block) {
 }
 
 /// Whether a block is believed wherever it stands.
-inline bool provesItself(Velk::detail::ConstBytes block) {
+inline bool provesItself(Velk::ConstBytes block) {
   const auto word = [&](std::size_t at) { return at + 1 < block.size() ? block[at] | block[at + 1] << 8U : 0U; };
   const unsigned id = word(0);
   const auto size = static_cast<unsigned short>(word(2));

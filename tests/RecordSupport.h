@@ -4,7 +4,7 @@
 
 #include "FieldSupport.h"
 #include "TestSupport.h"
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace VelkTest {
 

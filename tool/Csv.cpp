@@ -4,7 +4,7 @@
 #include <set>
 
 #include "Utf8.h"
-#include "velk/datablock/FieldValue.h"
+#include "velk/fields/FieldValue.h"
 
 namespace VelkTool {
 namespace {
@@ -32,7 +32,7 @@ void appendText(std::string& line, std::string_view text) {
   line += '"';
 }
 
-void appendValue(std::string& line, Velk::detail::ConstBytes block, const FieldElement& element, ValueForm form) {
+void appendValue(std::string& line, Velk::ConstBytes block, const FieldElement& element, ValueForm form) {
   Velk::detail::withValue(block, element, form, [&]<class T>(T value) {
     if constexpr (std::is_arithmetic_v<T>) {
       char digits[64];

@@ -1,6 +1,6 @@
 #include "DataJson.h"
 
-#include "velk/datablock/FieldValue.h"
+#include "velk/fields/FieldValue.h"
 
 namespace VelkTool {
 namespace {
@@ -136,8 +136,7 @@ void writeDataNotes(JsonWriter& json, const BlockData& data, bool stored) {
   }
 }
 
-void writeDataValue(JsonWriter& json, Velk::detail::ConstBytes block, const Velk::FieldElement& element,
-                    ValueForm form) {
+void writeDataValue(JsonWriter& json, Velk::ConstBytes block, const Velk::FieldElement& element, ValueForm form) {
   Velk::detail::withValue(block, element, form, [&](auto value) { json.value(value); });
 }
 

@@ -14,7 +14,6 @@ void writeData(JsonWriter& json, const Velk::BlockData& data, Velk::ValueForm fo
 void writeDataNotes(JsonWriter& json, const Velk::BlockData& data, bool stored);
 
 /// Writes one value.
-void writeDataValue(JsonWriter& json, Velk::detail::ConstBytes block, const Velk::FieldElement& element,
-                    Velk::ValueForm form);
+void writeDataValue(JsonWriter& json, Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form);
 
 }  // namespace VelkTool

@@ -2,12 +2,11 @@
 
 #include <unistd.h>
 
+#include "velk/bytes/ByteArray.h"
 #include "velk/image/ImageFile.h"
 
 namespace VelkTool {
 namespace {
-
-std::string_view textOf(const QByteArray& bytes) { return {bytes.constData(), static_cast<std::size_t>(bytes.size())}; }
 
 /// Reports that a file could not be written.
 bool fail(Session& session, const std::string& name, const std::string& reason) {
@@ -54,10 +53,10 @@ bool isSameFile(const std::string& path, const std::string& other) {
 bool writeFile(Session& session, const std::string& name, const Velk::FileTarget& target, const QByteArray& bytes,
                std::string_view report, const Velk::FileTarget& model) {
   if (target.descriptor == STDOUT_FILENO) {
-    session.write(textOf(bytes));
+    session.write(Velk::textOf(bytes));
     return session.flush();
   }
-  Velk::FileReplacement file(target, textOf(bytes), model);
+  Velk::FileReplacement file(target, Velk::textOf(bytes), model);
   if (!file.error().empty()) return fail(session, name, file.error());
   session.write(report);
   return session.flush() && finish(session, name, file);

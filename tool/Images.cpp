@@ -1,6 +1,6 @@
 #include "Images.h"
 
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 
 namespace VelkTool {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Utf8.h"
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 
 namespace VelkTool {
 namespace {

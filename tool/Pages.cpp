@@ -1,9 +1,9 @@
 #include "Pages.h"
 
 #include "Images.h"
-#include "velk/datablock/TextWriter.h"
 #include "velk/edition2/HwDatablock2Edition.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/text/TextWriter.h"
 
 namespace VelkTool {
 namespace {

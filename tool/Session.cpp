@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "Utf8.h"
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 #include "velk/files/Descriptor.h"
 
 namespace VelkTool {

@@ -1,6 +1,6 @@
 #include "TextReport.h"
 
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 
 namespace VelkTool {
 namespace {

@@ -1,7 +1,7 @@
 #include "ValueText.h"
 
 #include "JsonWriter.h"
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 
 namespace VelkTool {
 namespace {
@@ -18,7 +18,7 @@ std::string bytesText(const Velk::BlockView& block, const std::optional<Velk::Fi
 
 }  // namespace
 
-std::string valueText(Velk::detail::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form) {
+std::string valueText(Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form) {
   std::string text = fieldText(block, element, form);
   if (element.field->kind == Velk::FieldKind::Text) return jsonText(text);
   const char* const unit = element.field->unit;
@@ -42,7 +42,7 @@ std::string sidesText(const Velk::BlockView& first, const Velk::BlockView& secon
 void forEachChange(const Velk::BlockView& block, const QByteArray& changed,
                    const std::function<void(const std::string& change)>& act) {
   Velk::BlockView after = block;
-  after.bytes = {reinterpret_cast<const unsigned char*>(changed.constData()), static_cast<std::size_t>(changed.size())};
+  after.bytes = Velk::bytesOf(changed);
   compareBlocks(block, after, [&](const Velk::Difference& difference) {
     act(Velk::blockName(block) + ' ' + difference.path.text() + ": " + sidesText(block, after, difference));
   });

@@ -9,7 +9,7 @@
 namespace VelkTool {
 
 /// One value of a block for people: texts in quotes, with escapes, presented numbers with their unit.
-std::string valueText(Velk::detail::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form);
+std::string valueText(Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form);
 
 /// The two sides of a difference, as "1 -> 2"; with their bytes where the values read alike.
 std::string sidesText(const Velk::BlockView& first, const Velk::BlockView& second, const Velk::Difference& difference);

@@ -67,7 +67,7 @@ class Editor {
   std::optional<std::string> edit(Input& input, const BlockView& found) {
     // The image goes on viewing the bytes as they were.
     auto* const image = reinterpret_cast<unsigned char*>(input.file.bytes.data());
-    const Velk::detail::MutableBytes bytes(image + found.offset, found.bytes.size());
+    const Velk::MutableBytes bytes(image + found.offset, found.bytes.size());
     BlockView block = found;
     block.bytes = bytes;
     const ValueForm form = edit_.stored ? ValueForm::Stored : ValueForm::Presented;

@@ -11,8 +11,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 /// Larger images are damaged in samples, the headers of their blocks in every bit; the largest in samples only, for
 /// each walk over them takes its time.
 constexpr std::size_t wholly = 4096;
@@ -112,7 +110,7 @@ void forEachExample(Act act) {
   for (const QString& name : VelkTest::exampleImages()) {
     SCOPED_TRACE(name.toStdString());
     QByteArray image = VelkTest::exampleImage(name);
-    act(detail::MutableBytes(reinterpret_cast<unsigned char*>(image.data()), static_cast<std::size_t>(image.size())));
+    act(MutableBytes(reinterpret_cast<unsigned char*>(image.data()), static_cast<std::size_t>(image.size())));
   }
 }
 
@@ -127,7 +125,7 @@ TEST(Damage, EveryTruncationIsReported) {
 }
 
 TEST(Damage, EveryFlippedBitIsReported) {
-  forEachExample([](detail::MutableBytes image) {
+  forEachExample([](MutableBytes image) {
     const std::vector<BlockView> blocks = walk(image);
     for (const std::size_t bit : bitsToFlip(image.size(), blocks)) {
       if (isDamagedAt(blocks, bit / 8)) continue;

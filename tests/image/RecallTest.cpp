@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <map>
 #include <random>
+#include <set>
 
 #include "ProofSupport.h"
 #include "TestSupport.h"
@@ -12,7 +13,6 @@ namespace Velk {
 namespace {
 
 using Random = std::mt19937;
-using detail::ConstBytes;
 
 /// What replaces some bytes of an image.
 struct Edit {
@@ -125,6 +125,7 @@ struct Figures {
   int unprovable = 0;
   int unprovableShown = 0;
   int inventions = 0;
+  std::set<unsigned> unprovableIds{};
 
   double recall() const { return provable == 0 ? 1 : static_cast<double>(provableShown) / provable; }
 };
@@ -150,7 +151,9 @@ class Trial {
       if (block.found == Found::OutOfSequence && !untouched.contains(at)) ++figures.inventions;
     }
     for (const auto& [at, size] : untouched) {
-      count(isProvable(VelkTest::asBytes(bytes), untouched, at, size), shown.contains(at) && shown[at] == size);
+      const bool provable = isProvable(VelkTest::asBytes(bytes), untouched, at, size);
+      count(provable, shown.contains(at) && shown[at] == size);
+      if (!provable) figures.unprovableIds.insert(detail::load<unsigned short>(VelkTest::asBytes(bytes), at));
     }
   }
 
@@ -187,7 +190,7 @@ TEST(Recall, NearlyAllBlocksThatCanProveThemselvesAreShown) {
   constexpr int trials = 200;
   constexpr int trialsOfLarge = 4;
   constexpr qsizetype large = 0x20000;
-  std::printf("%-17s %-20s %10s %10s %12s %10s\n", "damage", "image", "provable", "shown", "unprovable", "shown");
+  std::printf("%-17s %-20s %10s %10s %12s %s\n", "damage", "image", "provable", "shown", "unprovable", "shown, ids");
   for (const QString& name : VelkTest::exampleImages()) {
     const Image image(name);
     for (const Damage& damage : damages) {
@@ -197,8 +200,10 @@ TEST(Recall, NearlyAllBlocksThatCanProveThemselvesAreShown) {
         trial.damage(damage.make(image, random));
       }
       const Figures& figures = trial.figures;
-      std::printf("%-17s %-20s %10d %9.2f%% %12d %10d\n", damage.name, qPrintable(name), figures.provable,
+      std::printf("%-17s %-20s %10d %9.2f%% %12d %10d ", damage.name, qPrintable(name), figures.provable,
                   100 * figures.recall(), figures.unprovable, figures.unprovableShown);
+      for (const unsigned id : figures.unprovableIds) std::printf(" %u", id);
+      std::printf("\n");
       EXPECT_GE(figures.recall(), 0.99) << damage.name << " of " << name.toStdString();
       EXPECT_EQ(figures.inventions, 0) << damage.name << " of " << name.toStdString();
     }

@@ -2,7 +2,7 @@
 #include <random>
 
 #include "TestSupport.h"
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/SRecord.h"
 

@@ -122,8 +122,7 @@ TYPED_TEST(EveryExchangeTable, FullComesBackFromItsText) {
   const unsigned rows = table.getRowCapacity();
   const unsigned cols = table.getColCapacity();
   QByteArray bytes = table.getByteArrayData();
-  const detail::MutableBytes cells(reinterpret_cast<unsigned char*>(bytes.data()),
-                                   static_cast<std::size_t>(bytes.size()));
+  const MutableBytes cells(reinterpret_cast<unsigned char*>(bytes.data()), static_cast<std::size_t>(bytes.size()));
   using Cell = typename TypeParam::StorageType;
   for (unsigned i = 0; i < rows * cols; ++i) {
     const unsigned value = std::is_integral_v<Cell> ? i * 0x9E3779B9U : i;

@@ -8,8 +8,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 const char* typeName(std::int64_t type) { return detail::typeRow(static_cast<unsigned>(type)).typeName; }
 
 constexpr FieldInfo typeField(const char* name, std::size_t offset) {

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "velk/Export.h"
-#include "velk/datablock/Fields.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/fields/Fields.h"
 #include "velk/image/MemoryImage.h"
 
 namespace Velk {
@@ -137,19 +137,19 @@ class VELK_EXPORT BlockData {
  public:
   explicit BlockData(const BlockView& block, Extent extent = Extent::InUse);
   /// The data of a record whose fields are these.
-  BlockData(detail::ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent = Extent::InUse);
+  BlockData(ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent = Extent::InUse);
   BlockData(const BlockData&) = delete;
   BlockData& operator=(const BlockData&) = delete;
 
   DataNode root() const;
-  detail::ConstBytes bytes() const { return bytes_; }
+  ConstBytes bytes() const { return bytes_; }
   const std::vector<DataTable>& tables() const { return tables_; }
   Extent extent() const { return extent_; }
   /// Whether the data are those of a second-edition block.
   bool isSelfDescribing() const { return selfDescribing_; }
 
  private:
-  detail::ConstBytes bytes_;
+  ConstBytes bytes_;
   std::span<const FieldInfo> fields_;
   Extent extent_;
   bool selfDescribing_ = false;

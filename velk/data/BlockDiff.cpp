@@ -9,8 +9,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 constexpr FieldInfo headerFields[] = {
     VELK_FIELD(HwSDatablockHeader, id),
     detail::describeField<unsigned short>("size", offsetof(HwSDatablockHeader, blockSize)),

@@ -58,7 +58,7 @@ std::string detail::noSuchCount(const DataNode& record, std::string_view name, s
 
 QByteArray withHeldCounts(const BlockView& block) {
   QByteArray bytes(reinterpret_cast<const char*>(block.bytes.data()), static_cast<qsizetype>(block.bytes.size()));
-  const detail::MutableBytes changed(reinterpret_cast<unsigned char*>(bytes.data()), block.bytes.size());
+  const MutableBytes changed(reinterpret_cast<unsigned char*>(bytes.data()), block.bytes.size());
   const BlockData data(block, Extent::Capacity);
   const DataNode root = data.root();
   bool hasChanged = false;

@@ -6,12 +6,10 @@
 #include "velk/data/BlockDoubts.h"
 #include "velk/data/NearestName.h"
 #include "velk/datablock/Checksums.h"
-#include "velk/datablock/FieldValue.h"
+#include "velk/fields/FieldValue.h"
 
 namespace Velk {
 namespace {
-
-using detail::MutableBytes;
 
 std::string noMember(const DataNode& record, std::string_view name) {
   std::vector<std::string> names;
@@ -67,7 +65,7 @@ std::optional<DataNode> take(const DataNode& node, const Step& step, std::string
 }
 
 /// The sum of all that the checksum of a block covers.
-unsigned short restOfSum(detail::ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
+unsigned short restOfSum(ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
 
 bool takesFractions(const FieldInfo& field, ValueForm form) {
   return isFloating(field.type) || (form == ValueForm::Presented && detail::isScaled(field));

@@ -3,8 +3,8 @@
 #include <ostream>
 #include <string>
 
+#include "velk/bytes/HexText.h"
 #include "velk/datablock/Checksums.h"
-#include "velk/datablock/HexText.h"
 #include "velk/diag/HwErrors.h"
 #include "velk/platform/Console.h"
 
@@ -25,9 +25,7 @@ HwDatablock::HwDatablock(bool stopConversionOnError)
   store<unsigned short>(sizeOffset, sizeof(HwSDatablockHeader));
 }
 
-detail::MutableBytes HwDatablock::mutableBytes() {
-  return {reinterpret_cast<unsigned char*>(data_.data()), static_cast<std::size_t>(data_.size())};
-}
+MutableBytes HwDatablock::mutableBytes() { return mutableBytesOf(data_); }
 
 unsigned short HwDatablock::getId() { return load<unsigned short>(idOffset); }
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <iosfwd>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/datablock/HwDatablockTypes.h"
 #include "velk/diag/HwObject.h"
 
@@ -136,11 +136,9 @@ class VELK_EXPORT HwDatablock : public HwObject {
   static void registerErrors();
 
  protected:
-  detail::ConstBytes bytes() const {
-    return {reinterpret_cast<const unsigned char*>(data_.constData()), static_cast<std::size_t>(data_.size())};
-  }
+  ConstBytes bytes() const { return bytesOf(data_); }
   /// The buffer, detached.
-  detail::MutableBytes mutableBytes();
+  MutableBytes mutableBytes();
 
   /// A word of the header; 0 where it is not wholly inside the buffer.
   template <class T>
@@ -160,7 +158,7 @@ class VELK_EXPORT HwDatablock : public HwObject {
 
  private:
   /// The bytes that the header's size covers, cut to the buffer; a cut is reported under the caller's name.
-  detail::ConstBytes checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const;
+  ConstBytes checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const;
   void reportWrongChecksum();
 
   bool stopConversionOnError_;

@@ -24,7 +24,7 @@ void warnOfOddSize(unsigned short size) {
   }
 }
 
-detail::ConstBytes record(const unsigned short* words, unsigned short byteCount) {
+ConstBytes record(const unsigned short* words, unsigned short byteCount) {
   return {reinterpret_cast<const unsigned char*>(words), byteCount};
 }
 
@@ -64,8 +64,8 @@ class StoredLayout {
 
 }  // namespace
 
-detail::ConstBytes HwDatablock::checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const {
-  const detail::ConstBytes all = bytes();
+ConstBytes HwDatablock::checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const {
+  const ConstBytes all = bytes();
   if (blockSize <= all.size()) return all.first(blockSize);
   reportSize(operation, id, blockSize, all.size());
   return all;
@@ -100,7 +100,7 @@ bool HwDatablock::verifyChecksum() {
   unsigned short id = 0;
   {
     const StoredLayout stored(*this);
-    const detail::ConstBytes block = checkedBytes(stored.id(), stored.blockSize(), "verifyChecksum");
+    const ConstBytes block = checkedBytes(stored.id(), stored.blockSize(), "verifyChecksum");
     if (!block.empty() && detail::sumOfWords(block) == 0) return true;
     reportWrongChecksum();
     size = block.size();
@@ -114,7 +114,7 @@ unsigned int HwDatablock::computeChecksum32(unsigned char* bytes, unsigned int c
   if (getDataFormatTyp() == INTEL_Conform) return detail::crcOf({bytes, count});
   QByteArray copy(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(count));
   swapBlock(INTEL_Conform, copy.data(), static_cast<unsigned short>(count));
-  return detail::crcOf({reinterpret_cast<const unsigned char*>(copy.constData()), count});
+  return detail::crcOf(bytesOf(copy));
 }
 
 unsigned int HwDatablock::computeChecksum32() {

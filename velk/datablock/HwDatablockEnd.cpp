@@ -1,6 +1,6 @@
 #include "velk/datablock/HwDatablockEnd.h"
 
-#include "velk/datablock/TextWriter.h"
+#include "velk/text/TextWriter.h"
 
 namespace Velk {
 

@@ -2,8 +2,8 @@
 
 #include <concepts>
 
-#include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
+#include "velk/fields/Fields.h"
 
 namespace Velk {
 

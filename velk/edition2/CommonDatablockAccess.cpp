@@ -1,21 +1,17 @@
 #include "velk/edition2/CommonDatablockAccess.h"
 
+#include "velk/bytes/ByteArray.h"
 #include "velk/datablock/Checksums.h"
-#include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
+#include "velk/fields/Fields.h"
 
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
 using Header = HwSDatablockHeader2Edition;
 
 constexpr std::size_t longestBlock = 0xFFFF;
 constexpr std::size_t alignmentModulus = 4;
-
-ConstBytes viewOf(const QByteArray& bytes) {
-  return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
-}
 
 /// The bytes that the block says it has, and really has.
 QByteArray imageOf(IHwDatablockAccess& block) {
@@ -108,8 +104,7 @@ class ImageWriter {
 
 template <class T>
 void storeField(QByteArray& image, std::size_t offset, T value) {
-  detail::store({reinterpret_cast<unsigned char*>(image.data()), static_cast<std::size_t>(image.size())}, offset,
-                value);
+  detail::store(mutableBytesOf(image), offset, value);
 }
 
 }  // namespace
@@ -134,14 +129,14 @@ CommonDatablockAccess::~CommonDatablockAccess() = default;
 
 void CommonDatablockAccess::parse() {
   const QByteArray image = block_ ? imageOf(*block_) : QByteArray();
-  header_ = headerOf(viewOf(image));
+  header_ = headerOf(bytesOf(image));
   if (block_ && block_->isListFormat()) {
     header_.checksum32 = 0;
     header_.updateIndex = 0;
-    tables_.push_back(listTable(viewOf(image)));
+    tables_.push_back(listTable(bytesOf(image)));
     return;
   }
-  TableWalk walk(viewOf(image));
+  TableWalk walk(bytesOf(image));
   bool open = false;
   while (auto stored = walk.next()) {
     open = !stored->isComplete();

@@ -3,10 +3,10 @@
 #include <functional>
 #include <string_view>
 
-#include "velk/datablock/Fields.h"
-#include "velk/datablock/NumberConversion.h"
+#include "velk/bytes/NumberConversion.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/RowIdTexts.h"
+#include "velk/fields/Fields.h"
 #include "velk/platform/Console.h"
 
 namespace Velk {

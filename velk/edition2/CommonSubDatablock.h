@@ -18,7 +18,7 @@ class VELK_EXPORT TableCells {
     Column(const StoredTable& table, std::size_t column) : table_(table), column_(column) {}
 
     std::span<const char> operator[](std::size_t row) const {
-      const detail::ConstBytes cell = table_.cell(column_, row);
+      const ConstBytes cell = table_.cell(column_, row);
       return {reinterpret_cast<const char*>(cell.data()), cell.size()};
     }
     CellRun run() const { return table_.run(column_); }

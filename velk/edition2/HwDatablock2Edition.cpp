@@ -1,8 +1,8 @@
 #include "velk/edition2/HwDatablock2Edition.h"
 
 #include "velk/datablock/Checksums.h"
-#include "velk/datablock/Fields.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/fields/Fields.h"
 
 namespace Velk {
 namespace {

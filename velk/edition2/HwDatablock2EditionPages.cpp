@@ -4,17 +4,16 @@
 #include <ostream>
 #include <string_view>
 
-#include "velk/datablock/FieldValue.h"
-#include "velk/datablock/TextWriter.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablock2Edition.h"
 #include "velk/edition2/RowIdTexts.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/fields/FieldValue.h"
+#include "velk/text/TextWriter.h"
 
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
 using detail::TextWriter;
 
 constexpr std::string_view behindValue = "    ";

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 #include "velk/edition2/TypeIds.h"
 
 namespace Velk::detail {

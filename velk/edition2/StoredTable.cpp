@@ -5,8 +5,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 constexpr std::size_t alignment = 4;
 /// A reader of these blocks holds a cell in a buffer of this size: a longer string, its terminating zero included, is
 /// the last thing that it takes.

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "velk/Export.h"
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 #include "velk/datablock/HwDatablockTypes.h"
 #include "velk/edition2/TypeIds.h"
 
@@ -52,7 +52,7 @@ class VELK_EXPORT StoredTable {
   /// A table without bytes.
   StoredTable() = default;
   /// The table that begins at `offset` of a block.
-  StoredTable(detail::ConstBytes block, std::size_t offset);
+  StoredTable(ConstBytes block, std::size_t offset);
 
   unsigned int rows() const { return rows_; }
   unsigned int columns() const { return columns_; }
@@ -60,12 +60,12 @@ class VELK_EXPORT StoredTable {
   ETypeId columnIdType() const { return columnIdType_; }
 
   /// One type byte a column; fewer where the block ends.
-  detail::ConstBytes columnTypes() const { return columnTypes_; }
+  ConstBytes columnTypes() const { return columnTypes_; }
   /// The stored ids back to back, strings with their terminating zeros.
-  detail::ConstBytes rowIds() const { return rowIds_; }
-  detail::ConstBytes columnIds() const { return columnIds_; }
+  ConstBytes rowIds() const { return rowIds_; }
+  ConstBytes columnIds() const { return columnIds_; }
   /// A cell's bytes, without the zero that ends a string; empty where the table has no such cell, or not its bytes.
-  detail::ConstBytes cell(std::size_t column, std::size_t row) const {
+  ConstBytes cell(std::size_t column, std::size_t row) const {
     if (column >= columns() || row >= rows()) return {};
     return starts_.empty() ? placedCell(column, row) : foundCell(column, row);
   }
@@ -81,25 +81,25 @@ class VELK_EXPORT StoredTable {
 
   /// The row ids of a table without columns, of which only the header is parsed: `block` has them where it ends with
   /// them, or where nothing behind the header reads as a table. Empty where it has not all of them.
-  detail::ConstBytes rowIdsBehindHeader(detail::ConstBytes block) const;
+  ConstBytes rowIdsBehindHeader(ConstBytes block) const;
 
  private:
   /// Each goes on at end_ and returns whether the block has all of the part.
-  bool takeHeader(detail::ConstBytes block);
-  bool takeColumnTypes(detail::ConstBytes block);
-  bool takeIds(detail::ConstBytes block, ETypeId type, std::size_t count, detail::ConstBytes& ids);
-  bool takeIdBytes(detail::ConstBytes block, ETypeId type, std::size_t count, detail::ConstBytes& ids);
-  bool takePadding(detail::ConstBytes block);
-  bool placeCells(detail::ConstBytes rest);
-  bool findCells(detail::ConstBytes rest);
+  bool takeHeader(ConstBytes block);
+  bool takeColumnTypes(ConstBytes block);
+  bool takeIds(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids);
+  bool takeIdBytes(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids);
+  bool takePadding(ConstBytes block);
+  bool placeCells(ConstBytes rest);
+  bool findCells(ConstBytes rest);
 
-  detail::ConstBytes placedCell(std::size_t column, std::size_t row) const {
+  ConstBytes placedCell(std::size_t column, std::size_t row) const {
     if (column + 1 >= places_.size()) return {};
     const std::size_t at = row * places_.back() + places_[column];
     const std::size_t size = places_[column + 1] - places_[column];
-    return detail::fits(cells_.size(), at, size) ? cells_.subspan(at, size) : detail::ConstBytes{};
+    return detail::fits(cells_.size(), at, size) ? cells_.subspan(at, size) : ConstBytes{};
   }
-  detail::ConstBytes foundCell(std::size_t column, std::size_t row) const;
+  ConstBytes foundCell(std::size_t column, std::size_t row) const;
 
   unsigned short rows_ = 0;
   unsigned short columns_ = 0;
@@ -107,10 +107,10 @@ class VELK_EXPORT StoredTable {
   ETypeId columnIdType_ = TYPE_ID_NONE;
   bool complete_ = false;
   std::size_t end_ = 0;
-  detail::ConstBytes columnTypes_{};
-  detail::ConstBytes rowIds_{};
-  detail::ConstBytes columnIds_{};
-  detail::ConstBytes cells_{};
+  ConstBytes columnTypes_{};
+  ConstBytes rowIds_{};
+  ConstBytes columnIds_{};
+  ConstBytes cells_{};
   /// Where cells have fixed sizes: the offset of each column in a row, then the size of a row.
   std::vector<std::uint32_t> places_;
   /// Where some are strings: the offset of each cell that is there, row by row, then where the next one would begin.
@@ -120,18 +120,18 @@ class VELK_EXPORT StoredTable {
 /// The tables of a block one after the other. The last may be incomplete, the walk ends there.
 class VELK_EXPORT TableWalk {
  public:
-  explicit TableWalk(detail::ConstBytes block) : block_(block) {}
+  explicit TableWalk(ConstBytes block) : block_(block) {}
 
   /// The next table, or nothing where the block has no further byte.
   std::optional<StoredTable> next();
 
  private:
-  detail::ConstBytes block_;
+  ConstBytes block_;
   std::size_t position_ = sizeof(HwSDatablockHeader2Edition);
 };
 
 /// Whether a block reads as tables that end where it ends, at least one of them with a cell: what a second-edition
 /// block looks like whose CRC is wrong.
-VELK_EXPORT bool isFilledByTables(detail::ConstBytes block);
+VELK_EXPORT bool isFilledByTables(ConstBytes block);
 
 }  // namespace Velk

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 #include "velk/datablock/Checksums.h"
 #include "velk/datablock/HwDatablock.h"
 

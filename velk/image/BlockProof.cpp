@@ -71,11 +71,12 @@ bool BlockProof::isEventCounter(ConstBytes block) const {
 }
 
 bool BlockProof::isFilledByTablesWithCrc(ConstBytes block) {
-  const FirstTable first(block);
-  if (!first.isPossible()) return false;
   constexpr std::uint64_t perRead = 64;
   constexpr std::uint64_t perString = 32;
-  if (!spend(block.size() + perRead) || !hasRightCrc(block)) return false;
+  const std::uint64_t cost = block.size() + perRead;
+  if (cost > allowance_) return false;  // before the table is looked at, which takes time in such a memory
+  const FirstTable first(block);
+  if (!first.isPossible() || !spend(cost) || !hasRightCrc(block)) return false;
   return spend(first.hasStrings() ? perString * block.size() : first.columns()) && isFilledByTables(block);
 }
 

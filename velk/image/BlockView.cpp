@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 #include "velk/image/BlockHeader.h"
 #include "velk/image/Region.h"
 

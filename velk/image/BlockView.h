@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 
 namespace Velk {
@@ -40,7 +40,7 @@ enum class Found : unsigned char {
 /// One block of an image, or bytes that belong to none. `bytes` points into the image.
 struct VELK_EXPORT BlockView {
   std::uint64_t offset = 0;
-  detail::ConstBytes bytes{};       ///< as many as the image holds of the block
+  ConstBytes bytes{};               ///< as many as the image holds of the block
   unsigned short id = 0;            ///< as the header claims
   unsigned short declaredSize = 0;  ///< as the header claims
   BlockKind kind = BlockKind::Unknown;

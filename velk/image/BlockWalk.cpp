@@ -6,8 +6,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 constexpr std::uint64_t endSize = 4;
 
 bool beginsWithEnd(ConstBytes bytes) {

@@ -19,7 +19,7 @@ enum class Search : unsigned char {
 class VELK_EXPORT BlockWalk {
  public:
   /// Walks `image`; the offsets of its blocks count from `start` bytes before it.
-  explicit BlockWalk(detail::ConstBytes image, std::uint64_t start = 0, Search search = Search::Everywhere)
+  explicit BlockWalk(ConstBytes image, std::uint64_t start = 0, Search search = Search::Everywhere)
       : image_(image), start_(start), search_(search) {}
 
   /// Goes on to the next block; false behind the last.
@@ -50,9 +50,9 @@ class VELK_EXPORT BlockWalk {
   std::uint64_t nextProven(std::uint64_t offset) {
     return search_ == Search::Everywhere ? proven().next(offset) : image_.size();
   }
-  detail::ConstBytes from(std::uint64_t offset) const { return image_.subspan(offset); }
+  ConstBytes from(std::uint64_t offset) const { return image_.subspan(offset); }
 
-  detail::ConstBytes image_;
+  ConstBytes image_;
   std::uint64_t start_;
   Search search_;
   std::uint64_t position_ = 0;

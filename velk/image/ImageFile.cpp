@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/ByteArray.h"
+#include "velk/bytes/HexText.h"
 #include "velk/files/ReadFile.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/SRecord.h"
@@ -28,10 +29,6 @@ constexpr TextFormat textFormats[] = {
 
 const TextFormat& textFormat(ImageFormat format) {
   return *std::ranges::find(textFormats, format, &TextFormat::format);
-}
-
-std::string_view textOf(const QByteArray& contents) {
-  return {contents.constData(), static_cast<std::size_t>(contents.size())};
 }
 
 std::string errorOf(const SparseImage& image) { return "line " + std::to_string(image.errorLine) + ": " + image.error; }

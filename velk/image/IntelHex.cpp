@@ -5,8 +5,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 enum RecordType : unsigned { Data, End, SegmentBase, SegmentEntry, LinearBase, LinearEntry };
 
 /// Bytes of the records of each type but Data.

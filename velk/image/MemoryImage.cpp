@@ -1,4 +1,5 @@
 #include "velk/image/MemoryImage.h"
+#include "velk/bytes/ByteArray.h"
 
 #include <algorithm>
 #include <bit>
@@ -6,8 +7,6 @@
 
 namespace Velk {
 namespace {
-
-using detail::ConstBytes;
 
 /// The greatest power of two that divides the distances of all sequences from the start, told block by block.
 class SectorGrid {
@@ -48,9 +47,7 @@ MemoryImage::MemoryImage(QByteArray bytes, std::uint64_t start, std::uint64_t se
   if (sectorSize == automaticSectorSize) sectorSize_ = suggestedSectorSize();
 }
 
-ConstBytes MemoryImage::bytes() const {
-  return {reinterpret_cast<const unsigned char*>(bytes_.constData()), static_cast<std::size_t>(bytes_.size())};
-}
+ConstBytes MemoryImage::bytes() const { return bytesOf(bytes_); }
 
 MemoryImage::Iterator MemoryImage::begin() const { return Iterator(*this); }
 

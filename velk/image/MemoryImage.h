@@ -37,7 +37,7 @@ class VELK_EXPORT MemoryImage {
   Iterator begin() const;
   static std::default_sentinel_t end() { return {}; }
 
-  detail::ConstBytes bytes() const;
+  ConstBytes bytes() const;
   /// As it is walked: 0 for one memory without sectors.
   std::uint64_t sectorSize() const { return sectorSize_; }
 
@@ -72,11 +72,11 @@ class VELK_EXPORT MemoryImage::Iterator {
   bool operator==(std::default_sentinel_t) const { return !atBlock_; }
 
  private:
-  detail::ConstBytes takeSector();
+  ConstBytes takeSector();
 
   std::uint64_t sectorSize_;
   std::uint64_t sectorStart_;
-  detail::ConstBytes ahead_;  ///< what is behind the sector that is walked
+  ConstBytes ahead_;  ///< what is behind the sector that is walked
   Search search_;
   BlockWalk walk_;
   bool atBlock_ = false;

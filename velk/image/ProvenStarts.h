@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 
 namespace Velk::detail {
 

@@ -8,8 +8,6 @@
 namespace Velk {
 namespace {
 
-using detail::ConstBytes;
-
 /// How often each byte occurs in samples that are spread over all bytes.
 class Histogram {
  public:

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "velk/Export.h"
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 
 namespace Velk {
 
@@ -20,7 +20,7 @@ enum class RegionLook : unsigned char {
 VELK_EXPORT const char* lookName(RegionLook look);
 
 /// What bytes look like. Of many bytes, samples decide on text and entropy.
-VELK_EXPORT RegionLook lookOf(detail::ConstBytes bytes);
+VELK_EXPORT RegionLook lookOf(ConstBytes bytes);
 
 /// Bytes of an image that no block covers.
 struct Region {

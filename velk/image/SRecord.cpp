@@ -1,11 +1,10 @@
 #include "velk/image/SRecord.h"
 
+#include "velk/bytes/ByteArray.h"
 #include "velk/image/TextRecords.h"
 
 namespace Velk {
 namespace {
-
-using detail::ConstBytes;
 
 /// Bytes of the address, or of what stands in its place, by the digit behind the S; 0 where there is no such record.
 constexpr std::size_t addressLengths[] = {2, 2, 3, 4, 0, 2, 3, 4, 3, 2};
@@ -88,8 +87,7 @@ QByteArray writeSRecords(const SparseImage& image) {
       std::min<std::size_t>(image.details.recordLength, longestRecord - 1 - addressLengths[type]);
   detail::RecordWriter records(image.details);
   if (const QByteArray& header = image.details.header; !header.isEmpty()) {
-    writeRecord(records, 0, 0,
-                {reinterpret_cast<const unsigned char*>(header.constData()), static_cast<std::size_t>(header.size())});
+    writeRecord(records, 0, 0, bytesOf(header));
   }
   detail::forEachPiece(image.segments, longest,
                        [&](std::uint64_t address, ConstBytes bytes) { writeRecord(records, type, address, bytes); });

@@ -2,7 +2,7 @@
 
 #include <numeric>
 
-#include "velk/datablock/HexText.h"
+#include "velk/bytes/HexText.h"
 
 namespace Velk::detail {
 namespace {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <map>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/ByteArray.h"
+#include "velk/bytes/Bytes.h"
 #include "velk/image/SparseImage.h"
 
 namespace Velk::detail {
@@ -82,8 +83,7 @@ void forEachPiece(const std::vector<ImageSegment>& segments, std::size_t longest
     for (std::uint64_t at = segment.address; at < segment.end();) {
       const std::uint64_t windowEnd = (at / window + 1) * window;
       const std::uint64_t to = std::min({at + longest, windowEnd, segment.end()});
-      const auto* const data = reinterpret_cast<const unsigned char*>(segment.bytes.constData());
-      act(at, ConstBytes(data + (at - segment.address), to - at));
+      act(at, bytesOf(segment.bytes).subspan(at - segment.address, to - at));
       at = to;
     }
   }

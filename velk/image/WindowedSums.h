@@ -4,7 +4,7 @@
 #include <bit>
 #include <vector>
 
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bytes.h"
 
 namespace Velk::detail {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "velk/datablock/HwCountedBlock.h"
-#include "velk/datablock/HwGridBlock.h"
-#include "velk/datablock/HwInstance.h"
+#include "velk/layer/HwCountedBlock.h"
+#include "velk/layer/HwGridBlock.h"
+#include "velk/layer/HwInstance.h"
 
 namespace Velk {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "velk/datablock/HwInstance.h"
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/HwInstance.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 

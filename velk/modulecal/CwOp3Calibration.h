@@ -1,7 +1,7 @@
 #pragma once
 
-#include "velk/datablock/HwGridBlock.h"
-#include "velk/datablock/HwInstance.h"
+#include "velk/layer/HwGridBlock.h"
+#include "velk/layer/HwInstance.h"
 #include "velk/modulecal/FrequencyList.h"
 
 namespace Velk {

@@ -1,6 +1,6 @@
 #include "velk/modulecal/IpcUser.h"
 
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 

@@ -2,8 +2,8 @@
 
 #include <iterator>
 
-#include "velk/datablock/NumberConversion.h"
-#include "velk/datablock/RecordText.h"
+#include "velk/bytes/NumberConversion.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 namespace {

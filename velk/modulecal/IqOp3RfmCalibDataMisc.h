@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 #include "velk/modulecal/DbSteps.h"
 
 namespace Velk {

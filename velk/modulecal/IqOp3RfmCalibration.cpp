@@ -15,7 +15,7 @@ constexpr const FieldInfo& levAtt30 = fieldNamed(iqOp3CalibBlockFields, "levAtt3
 constexpr const FieldInfo& levAtt45 = fieldNamed(iqOp3CalibBlockFields, "levAtt45");
 
 std::int64_t part(const HwSIqOp3RfmCalibDataBlock& block, const FieldInfo& field) {
-  const detail::ConstBytes bytes(reinterpret_cast<const unsigned char*>(&block), sizeof block);
+  const ConstBytes bytes(reinterpret_cast<const unsigned char*>(&block), sizeof block);
   return integerValue(bytes, {&field, field.offset});
 }
 

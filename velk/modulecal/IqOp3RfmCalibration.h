@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/datablock/HwCountedBlock.h"
+#include "velk/layer/HwCountedBlock.h"
 #include "velk/modulecal/DbSteps.h"
 
 namespace Velk {

@@ -6,7 +6,7 @@ namespace {
 using detail::TextWriter;
 
 /// The COUNT line, the column comments and all rows of a table, the last field of its record.
-void printTable(TextWriter& text, detail::ConstBytes block, const RecordTraits& traits) {
+void printTable(TextWriter& text, ConstBytes block, const RecordTraits& traits) {
   const FieldInfo& cells = traits.fields.back();
   text.key(traits.text.countKey, traits.text.countWidth).text(traits.text.countText).endLine();
   detail::printColumnComments(text, traits.text);

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "velk/datablock/HwDatablock.h"
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 

@@ -13,7 +13,7 @@ std::unique_ptr<HwDatablock> makePrototype(const CatalogueRow& row, unsigned sho
   return prototype;
 }
 
-void convertInPlace(detail::MutableBytes block, const CatalogueRow& row) {
+void convertInPlace(MutableBytes block, const CatalogueRow& row) {
   switch (row.conversion) {
     case Conversion::Record:
       detail::applyRecordRules(block, *row.record, row.record->onSwap);

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 namespace {

@@ -3,7 +3,7 @@
 #include <QString>
 
 #include "velk/datablock/HwDatablockIds.h"
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 

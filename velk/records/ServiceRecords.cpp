@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 

@@ -2,9 +2,9 @@
 
 #include <vector>
 
+#include "velk/bytes/PackedDate.h"
 #include "velk/datablock/HwDatablockIds.h"
-#include "velk/datablock/HwRecordBlock.h"
-#include "velk/datablock/PackedDate.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 

@@ -1,5 +1,6 @@
 #include "velk/tables/HwTableBlock.h"
 
+#include "velk/bytes/ByteArray.h"
 #include "velk/tables/TableReader.h"
 #include "velk/tables/TableText.h"
 
@@ -22,7 +23,7 @@ void HwTableBlock::setCounts(unsigned rows, unsigned cols) {
 
 void HwTableBlock::swapImage(const void* image) {
   if (image == nullptr) return;
-  const detail::ConstBytes header(static_cast<const unsigned char*>(image), sizeof(HwSDatablockHeader));
+  const ConstBytes header(static_cast<const unsigned char*>(image), sizeof(HwSDatablockHeader));
   const auto size = detail::load<unsigned short>(header, offsetof(HwSDatablockHeader, blockSize));
   swapRecord(image);
   store(offsetof(HwSDatablockHeader, blockSize), size);
@@ -34,9 +35,7 @@ std::ostream& HwTableBlock::printToStream(std::ostream& os) {
 
 std::ostream& HwTableBlock::conv2ascii(std::ostream& os, HwDatablock& block) const {
   const QByteArray shared = block.getByteArrayData();
-  const detail::ConstBytes image(reinterpret_cast<const unsigned char*>(shared.constData()),
-                                 static_cast<std::size_t>(shared.size()));
-  detail::writeDump(os, blockString_, {*layout_, scale_, image});
+  detail::writeDump(os, blockString_, {*layout_, scale_, bytesOf(shared)});
   return os;
 }
 
@@ -49,7 +48,7 @@ std::istream& HwTableBlock::readExchangeText(std::istream& is, std::vector<std::
   if (exchange_ == nullptr) return is;
   detail::TableReader reader(*exchange_, *layout_, blockString_, baseId_, scale_);
   reader.read(is);
-  const detail::MutableBytes image = reader.image();
+  const MutableBytes image = reader.image();
   auto* const words = reinterpret_cast<unsigned short*>(image.data());
   detail::store(image, offsetof(HwSDatablockHeader, checksum), computeChecksum(words, layout_->record.size));
   setRecord(image.data());

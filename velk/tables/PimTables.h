@@ -1,7 +1,7 @@
 #pragma once
 
-#include "velk/datablock/HwCountedBlock.h"
-#include "velk/datablock/HwSingleValueBlock.h"
+#include "velk/layer/HwCountedBlock.h"
+#include "velk/layer/HwSingleValueBlock.h"
 
 namespace Velk {
 

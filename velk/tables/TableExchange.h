@@ -1,7 +1,7 @@
 #pragma once
 
-#include "velk/datablock/TextWriter.h"
 #include "velk/tables/TableLayout.h"
+#include "velk/text/TextWriter.h"
 
 namespace Velk::detail {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <limits>
 
-#include "velk/datablock/HwRecordBlock.h"
-#include "velk/datablock/NumberConversion.h"
+#include "velk/bytes/NumberConversion.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 

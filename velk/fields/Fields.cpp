@@ -1,4 +1,4 @@
-#include "velk/datablock/Fields.h"
+#include "velk/fields/Fields.h"
 
 #include <array>
 #include <chrono>
@@ -7,13 +7,10 @@
 #include <system_error>
 #include <utility>
 
-#include "velk/datablock/FieldValue.h"
+#include "velk/fields/FieldValue.h"
 
 namespace Velk {
 namespace {
-
-using detail::ConstBytes;
-using detail::MutableBytes;
 
 constexpr std::size_t extendedSize = 10;
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "velk/datablock/PackedDate.h"
-#include "velk/datablock/ScalarDispatch.h"
+#include "velk/bytes/PackedDate.h"
+#include "velk/fields/ScalarDispatch.h"
 
 namespace Velk::detail {
 

@@ -1,9 +1,9 @@
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 #include <ostream>
 #include <string>
 
-#include "velk/datablock/ScalarDispatch.h"
+#include "velk/fields/ScalarDispatch.h"
 
 namespace Velk::detail {
 namespace {

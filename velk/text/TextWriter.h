@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "velk/Export.h"
-#include "velk/datablock/PackedDate.h"
+#include "velk/bytes/PackedDate.h"
 
 namespace Velk::detail {
 

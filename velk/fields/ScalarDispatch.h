@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/datablock/Fields.h"
+#include "velk/fields/Fields.h"
 
 namespace Velk::detail {
 

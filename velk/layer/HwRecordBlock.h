@@ -9,8 +9,8 @@
 #include <string_view>
 #include <type_traits>
 
-#include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
+#include "velk/fields/Fields.h"
 
 namespace Velk {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 

@@ -1,4 +1,4 @@
-#include "velk/datablock/NumberText.h"
+#include "velk/text/NumberText.h"
 
 namespace Velk {
 

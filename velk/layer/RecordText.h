@@ -2,8 +2,8 @@
 
 #include <iosfwd>
 
-#include "velk/datablock/HwRecordBlock.h"
-#include "velk/datablock/TextWriter.h"
+#include "velk/layer/HwRecordBlock.h"
+#include "velk/text/TextWriter.h"
 
 namespace Velk::detail {
 

@@ -1,4 +1,4 @@
-#include "velk/datablock/HwSingleValueBlock.h"
+#include "velk/layer/HwSingleValueBlock.h"
 
 #include "velk/diag/HwErrors.h"
 #include "velk/platform/ErrorManager.h"

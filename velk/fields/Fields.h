@@ -8,8 +8,8 @@
 #include <type_traits>
 
 #include "velk/Export.h"
-#include "velk/datablock/Bits.h"
-#include "velk/datablock/Bytes.h"
+#include "velk/bytes/Bits.h"
+#include "velk/bytes/Bytes.h"
 
 namespace Velk {
 
@@ -240,10 +240,10 @@ constexpr bool hasItsCounters(std::span<const FieldInfo> fields) {
 }  // namespace detail
 
 /// The stored integer (of a floating field: 0) and its text forms below; bytes outside the block count as 0.
-VELK_EXPORT std::int64_t integerValue(detail::ConstBytes block, FieldElement element);
+VELK_EXPORT std::int64_t integerValue(ConstBytes block, FieldElement element);
 
 /// The value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
-VELK_EXPORT std::string fieldText(detail::ConstBytes block, FieldElement element, ValueForm form = ValueForm::Stored);
+VELK_EXPORT std::string fieldText(ConstBytes block, FieldElement element, ValueForm form = ValueForm::Stored);
 
 /// "-32768 to 32767": what a number or date field takes, as text.
 VELK_EXPORT std::string fieldLimits(const FieldInfo& field, ValueForm form);
@@ -259,7 +259,7 @@ enum class FieldResult {
 /// Stores what `text` says, in the form that fieldText gives; any other result leaves the block unchanged. A presented
 /// number becomes the nearest that the field can store. Dates are such as a calendar has, or 1980-00-00, which is none;
 /// in the stored form they may be numbers as well. The block's checksum is the caller's.
-VELK_EXPORT FieldResult setFieldText(detail::MutableBytes block, FieldElement element, std::string_view text,
+VELK_EXPORT FieldResult setFieldText(MutableBytes block, FieldElement element, std::string_view text,
                                      ValueForm form = ValueForm::Stored);
 
 }  // namespace Velk

@@ -1,4 +1,4 @@
-#include "velk/datablock/HwRecordBlock.h"
+#include "velk/layer/HwRecordBlock.h"
 
 #include <algorithm>
 #include <cstring>

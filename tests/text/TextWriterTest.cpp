@@ -1,9 +1,9 @@
-#include "velk/datablock/TextWriter.h"
+#include "velk/text/TextWriter.h"
 
 #include <limits>
 
 #include "TestSupport.h"
-#include "velk/datablock/NumberText.h"
+#include "velk/text/NumberText.h"
 
 namespace Velk {
 namespace {

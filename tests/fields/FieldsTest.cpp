@@ -1,4 +1,4 @@
-#include "velk/datablock/Fields.h"
+#include "velk/fields/Fields.h"
 
 #include "FieldSupport.h"
 #include "TestSupport.h"

@@ -3,7 +3,7 @@
 #include <charconv>
 #include <string_view>
 
-#include "velk/datablock/Bits.h"
+#include "velk/bytes/Bits.h"
 
 namespace Velk {
 

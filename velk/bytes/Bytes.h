@@ -7,12 +7,17 @@
 #include <span>
 #include <string_view>
 
-#include "velk/datablock/ByteOrder.h"
+#include "velk/bytes/ByteOrder.h"
 
-namespace Velk::detail {
+namespace Velk {
 
+/// The bytes of a block or an image that somebody else owns.
 using ConstBytes = std::span<const unsigned char>;
 using MutableBytes = std::span<unsigned char>;
+
+}  // namespace Velk
+
+namespace Velk::detail {
 
 /// Whether `count` bytes from `offset` lie wholly inside `size` bytes; cannot overflow.
 constexpr bool fits(std::size_t size, std::size_t offset, std::size_t count) noexcept {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "velk/datablock/RecordText.h"
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 

@@ -1,9 +1,9 @@
-#include "velk/datablock/TextWriter.h"
+#include "velk/text/TextWriter.h"
 
 #include <ostream>
 
-#include "velk/datablock/HexText.h"
-#include "velk/datablock/NumberText.h"
+#include "velk/bytes/HexText.h"
+#include "velk/text/NumberText.h"
 
 namespace Velk::detail {
 namespace {
