@@ -27,7 +27,7 @@ done
 
 pages=$work/moved/share/doc/velk
 for page in "$pages"/*.md "$pages"/docs/*.md; do
-  for target in $(grep -oE '\]\([^)#:]+' "$page" | cut -c 3-); do
+  for target in $(grep -v '^    ' "$page" | grep -oE '\]\([^)#:]+' | cut -c 3-); do
     [ -e "$(dirname "$page")/$target" ] || { echo "$page links to $target, which is not installed" >&2; exit 1; }
   done
 done
