@@ -4,7 +4,7 @@ namespace {
 std::size_t count = 0;
 }
 
-// The names behind the allocator's own: what a program defines as malloc is what everything in it calls.
+// The allocator of the C library under its internal names, since `malloc` in this program is the counting one below.
 extern "C" void* __libc_malloc(std::size_t size);
 extern "C" void* __libc_realloc(void* memory, std::size_t size);
 extern "C" void* __libc_calloc(std::size_t number, std::size_t size);

@@ -10,7 +10,8 @@
 
 namespace VelkBench {
 
-/// Runs a program with standard output thrown away; its exit status as waitpid gives it, or -1 where it cannot start.
+/// Runs a program with its standard output discarded. Returns the status of waitpid, or -1 if it cannot be
+/// started.
 inline int runProgram(std::vector<std::string> words) {
   std::vector<char*> arguments;
   for (std::string& word : words) arguments.push_back(word.data());

@@ -5,7 +5,7 @@
 
 namespace VelkBench {
 
-/// The bare loop over 16-bit words.
+/// Sums 16-bit words in a plain loop.
 [[gnu::noinline]] inline unsigned short sumOf(const unsigned char* bytes, std::size_t size) {
   unsigned short sum = 0;
   for (std::size_t i = 0; i + 1 < size; i += 2) {

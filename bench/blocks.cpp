@@ -1,4 +1,4 @@
-// Checksums and the life of one block, each against the least that its work can cost.
+// Checksums and the life cycle of one block, each compared with the minimum cost of its work.
 #include <benchmark/benchmark.h>
 #include <libdeflate.h>
 
@@ -14,7 +14,7 @@ namespace {
 using Velk::HwDatablock;
 using VelkBench::sumOf;
 
-/// A new block of `size` bytes whose checks are both right.
+/// Returns a new block of `size` bytes with valid checksums.
 HwDatablock makeSoundBlock(std::size_t size) {
   QByteArray bytes(static_cast<qsizetype>(size), '\0');
   for (qsizetype i = 12; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7);
@@ -27,8 +27,8 @@ HwDatablock makeSoundBlock(std::size_t size) {
   return block;
 }
 
-/// The block that everything with this argument looks at: what is measured and what it is held against see the same
-/// bytes at the same place.
+/// Returns the block of this size, which the measured code and its reference share: both see the same bytes at the same
+/// address.
 HwDatablock& soundBlock(const benchmark::State& state) {
   static std::map<std::int64_t, HwDatablock> blocks;
   const std::int64_t size = state.range(0);
@@ -82,7 +82,7 @@ void identLife(benchmark::State& state) {
                                                      benchmark::Counter::kAvgIterations);
 }
 
-/// The same with a plain record in a buffer of its own.
+/// Does the same with a plain record in its own buffer.
 void identBare(benchmark::State& state) {
   for (auto _ : state) {
     QByteArray bytes(sizeof(Velk::HwSDatablockIdent), '\0');

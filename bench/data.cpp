@@ -1,4 +1,4 @@
-// Blocks as data: numbers exported against writing them down, two images compared against reading and checking them.
+// Blocks as data: export compared with formatting the same numbers, diff compared with reading and checking the images.
 #include <benchmark/benchmark.h>
 
 #include <charconv>
@@ -16,7 +16,7 @@ namespace {
 
 using namespace Velk;
 
-/// Puts all elements of a record's lists in use.
+/// Sets the counts of all lists of a record to their capacity.
 void fillCounts(MutableBytes block, std::span<const FieldInfo> fields) {
   for (const FieldInfo& list : fields) {
     for (const auto& [counter, capacity] : {std::pair(list.usedRows, list.rows), std::pair(list.usedCols, list.cols)}) {
@@ -26,8 +26,8 @@ void fillCounts(MutableBytes block, std::span<const FieldInfo> fields) {
   }
 }
 
-/// Sound blocks of classes drawn from the whole dictionary, full of numbers such as calibration gives, one behind the
-/// other up to `size` bytes.
+/// Returns sound blocks of random classes of the dictionary, one after another, up to `size` bytes. Their values look
+/// like calibration data.
 QByteArray calibratedImage(qsizetype size) {
   std::mt19937 random(20261125);
   QByteArray image;
@@ -56,7 +56,7 @@ QByteArray calibratedImage(qsizetype size) {
   return image;
 }
 
-/// A table of 20 rows and 1500 columns of numbers, and what export shows of it.
+/// A table of 20 rows and 1500 columns of numbers, and its export.
 struct LargeTable {
   LargeTable() {
     for (int row = 0; row < rows; ++row) {
@@ -105,7 +105,7 @@ void tableAsDigits(benchmark::State& state) {
   }
 }
 
-/// Files that are gone at the end of the run.
+/// Files that are removed at the end of the run.
 class Folder {
  public:
   Folder() { std::filesystem::create_directories(path_); }
@@ -128,7 +128,7 @@ const Folder& folder() {
   return files;
 }
 
-/// Two images of 1 MB; one value in each block of the second is another.
+/// Two images of 1 MB that differ in one value per block.
 const std::vector<std::string>& twoVersions() {
   static const std::vector<std::string> names = [] {
     const QByteArray first = calibratedImage(1'000'000);
@@ -200,7 +200,7 @@ void fleetExported(benchmark::State& state) {
   }
 }
 
-/// The numbers that the export of an image shows, as their types have them.
+/// The numbers in the export of an image, in their own types.
 struct Numbers {
   std::vector<std::int64_t> integers;
   std::vector<float> floats;

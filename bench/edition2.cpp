@@ -1,4 +1,4 @@
-// Second-edition blocks parsed, read column by column and written, each against the least that its work can cost.
+// Parsing, reading by column and writing of second-edition blocks, each compared with the minimum cost of its work.
 #include <benchmark/benchmark.h>
 
 #include <cstring>
@@ -13,7 +13,7 @@ using namespace Velk;
 using Examples::SecondEditionBuilder;
 using Examples::Table;
 
-/// A block of about 64 KB: one table of these columns.
+/// Returns a block of about 64 KB with one table of these columns.
 HwDatablock2Edition largeBlock(const std::vector<ETypeId>& types) {
   std::size_t rowSize = 0;
   for (const ETypeId type : types) rowSize += detail::typeSize(type);
@@ -42,7 +42,7 @@ void tablesParsed1(benchmark::State& state) { parse(state, largeBlock(oneByte));
 void tablesParsed1Wide(benchmark::State& state) { parse(state, largeBlock(oneByteWide)); }
 void tablesParsed8(benchmark::State& state) { parse(state, largeBlock(eightBytes)); }
 
-/// A copy of the bytes and one look at each.
+/// Copies the bytes and reads each once.
 void bytesCopiedAndCounted(benchmark::State& state) {
   HwDatablock2Edition block = largeBlock(oneByte);
   for (auto _ : state) {
@@ -88,7 +88,7 @@ void decode(const unsigned char* cell, std::size_t rows, std::size_t rowSize) {
   benchmark::DoNotOptimize(values.data());
 }
 
-/// The columns of `mixed`, by someone who knows them.
+/// Reads the columns of `mixed` with their layout known in advance.
 void columnsDecoded(benchmark::State& state) {
   HwDatablock2Edition block = largeBlock(mixed);
   constexpr std::size_t rowSize = 19;
@@ -114,7 +114,7 @@ void tablesWritten1(benchmark::State& state) { write(state, largeBlock(oneByte))
 void tablesWritten1Wide(benchmark::State& state) { write(state, largeBlock(oneByteWide)); }
 void tablesWritten8(benchmark::State& state) { write(state, largeBlock(eightBytes)); }
 
-/// The bytes copied three times and their checks computed as often as a writer has to.
+/// Copies the bytes three times and computes their checksums as often as a writer has to.
 void bytesChecked(benchmark::State& state) {
   HwDatablock2Edition block = largeBlock(eightBytes);
   for (auto _ : state) {

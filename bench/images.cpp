@@ -1,4 +1,4 @@
-// Whole images: the walk against reading the bytes once, the command over many files against reading them.
+// Whole images: the walk compared with reading the bytes once, the command on many files compared with reading them.
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <libdeflate.h>
@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Sound blocks of ids that nobody knows, of 1 to 3 KiB each, up to `size` bytes.
+/// Returns sound blocks of unknown ids, of 1 to 3 KiB each, up to `size` bytes.
 QByteArray blocks(qsizetype size) {
   std::mt19937 random(1);
   QByteArray image;
@@ -51,7 +51,7 @@ void imageWalked(benchmark::State& state) {
   }
 }
 
-/// Nothing but the checks that tell what a block is and whether it is sound.
+/// Computes only the checksums that classify a block and decide whether it is sound.
 void imageChecked(benchmark::State& state) {
   std::vector<Velk::ConstBytes> blocks;
   for (const Velk::BlockView& block : Velk::MemoryImage(largeImage())) blocks.push_back(block.bytes);
@@ -79,7 +79,7 @@ void imageRead(benchmark::State& state) {
   }
 }
 
-/// Ten thousand images of 8 KiB in files that are gone at the end of the run.
+/// Ten thousand images of 8 KiB in files that are removed at the end of the run.
 class ManyFiles {
  public:
   ManyFiles() {
@@ -134,7 +134,7 @@ void filesRead(benchmark::State& state) {
   }
 }
 
-/// A file of 64 MiB that is gone at the end of the run.
+/// A file of 64 MiB that is removed at the end of the run.
 class LargeFile {
  public:
   explicit LargeFile(const QByteArray& bytes) {
@@ -144,7 +144,7 @@ class LargeFile {
   LargeFile& operator=(const LargeFile&) = delete;
   ~LargeFile() { std::filesystem::remove(path_); }
 
-  /// Checks it by the command.
+  /// Runs `velk check` on the file.
   void check(benchmark::State& state) const {
     for (auto _ : state) {
       if (VelkBench::runProgram({VELK_COMMAND, "check", path_}) == -1) state.SkipWithError("velk check failed");
@@ -182,12 +182,12 @@ void randomChecked(benchmark::State& state) {
   static const LargeFile file(randomBytes());
   file.check(state);
 }
-/// The command itself, again and again.
+/// Runs the command repeatedly.
 void firmwareChecked(benchmark::State& state) {
   static const LargeFile file(repeated(contentsOf(VELK_COMMAND)));
   file.check(state);
 }
-/// Every fourth byte begins a header of a known id, whose block is as long as one can be.
+/// A header of a known id with the maximum size at every fourth byte.
 void slowIdsChecked(benchmark::State& state) {
   static const LargeFile file(repeated(QByteArray::fromHex("0200FFFF")));
   file.check(state);

@@ -1,4 +1,4 @@
-// Loads the libraries that the velk command loads, and does nothing with them.
+// Loads the same libraries as the velk command and exits.
 #include "velk/oldstyle/BlockCatalogue.h"
 
 int main() { return Velk::dictionaryRows().empty() ? 1 : 0; }

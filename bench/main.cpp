@@ -1,4 +1,4 @@
-// Runs every bench in one go, in mixed order, and compares the medians: figures of one run on one machine.
+// Runs all benches in one run, in mixed order, and compares their medians.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -52,7 +52,7 @@ constexpr Comparison comparisons[] = {
     {"block printed by the command", "commandPrints/real_time", "librariesLoaded/real_time", "empty program", 2},
 };
 
-/// What a bench counts, beside time.
+/// A quantity other than time that a bench counts.
 struct Count {
   const char* what;
   const char* counter;
@@ -78,7 +78,7 @@ class Medians : public benchmark::BenchmarkReporter {
     }
   }
 
-  /// Not of benches that a filter left out.
+  /// Skips benches that a filter left out.
   bool has(const std::string& name) const { return nanoseconds.count(name) != 0; }
 
   std::map<std::string, double> nanoseconds;
@@ -118,7 +118,7 @@ int main(int argc, char** argv) {
   for (std::string& option : options) arguments.insert(arguments.begin() + 1, option.data());
   int count = static_cast<int>(arguments.size());
   arguments.push_back(nullptr);
-  // Odd sizes are measured too, and told.
+  // Odd sizes are measured and printed too.
   Velk::Console::redirect([](Velk::Console::Stream, std::string_view) {});
   benchmark::Initialize(&count, arguments.data());
   Medians medians;

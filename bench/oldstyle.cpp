@@ -1,4 +1,4 @@
-// The old-style interpreter: built, and printing a block of every id; and the command that prints one block.
+// The old-style interpreter: its construction, and printing a block of every id; and the command printing one block.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -16,7 +16,7 @@ namespace {
 using Velk::HwDatablock;
 using Velk::HwDatablockOldStyleInterpreter;
 
-/// Bytes that the heap has given out.
+/// Bytes allocated on the heap.
 double heapBytes() { return static_cast<double>(mallinfo2().uordblks); }
 
 void interpreterBuilt(benchmark::State& state) {
@@ -29,7 +29,7 @@ void interpreterBuilt(benchmark::State& state) {
   }
 }
 
-/// As many blocks without a class in a map of their own.
+/// Puts the same number of plain blocks into a map.
 void interpreterBare(benchmark::State& state) {
   for (auto _ : state) {
     std::map<int, std::unique_ptr<HwDatablock>> blocks;
@@ -42,7 +42,7 @@ void interpreterBare(benchmark::State& state) {
   }
 }
 
-/// The example image that holds a block of every id.
+/// Returns the blocks of the example image that has every id.
 std::vector<std::unique_ptr<HwDatablock>> blocksOfEveryId() {
   std::vector<std::unique_ptr<HwDatablock>> blocks;
   const Velk::ImageFile image = Velk::readImageFile(VELK_EXAMPLES "/every_id.bin");
@@ -53,7 +53,7 @@ std::vector<std::unique_ptr<HwDatablock>> blocksOfEveryId() {
   return blocks;
 }
 
-/// The numbers in a text: labels of lines and values, but for what a comment says.
+/// Counts the numbers in a text, line labels and values, without those in comments.
 benchmark::IterationCount numbersIn(const std::string& text) {
   benchmark::IterationCount numbers = 0;
   std::istringstream lines(text);
@@ -68,7 +68,7 @@ benchmark::IterationCount numbersIn(const std::string& text) {
   return numbers;
 }
 
-/// Time for one number of the text.
+/// The time per number of the text.
 void numberPrinted(benchmark::State& state) {
   HwDatablockOldStyleInterpreter interpreter;
   const auto blocks = blocksOfEveryId();

@@ -1,4 +1,4 @@
-// The largest table: loaded, changed in one cell, printed.
+// The largest table: loading it, changing one cell, printing it.
 #include <benchmark/benchmark.h>
 
 #include <charconv>
@@ -66,7 +66,7 @@ void cellSetBare(benchmark::State& state) {
   }
 }
 
-/// Time for one cell of the text.
+/// The time per cell of the text.
 void cellPrinted(benchmark::State& state) {
   Table table = fullTable();
   std::ostringstream os;

@@ -1,4 +1,4 @@
-# What "cmake --install" puts where. The installed tree may be moved as a whole.
+# Install rules. The installed tree is relocatable.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -23,8 +23,10 @@ install(FILES ${PROJECT_BINARY_DIR}/velkConfig.cmake ${PROJECT_BINARY_DIR}/velkC
   DESTINATION ${package_dir})
 install(FILES ${PROJECT_BINARY_DIR}/velk.pc DESTINATION ${pc_dir})
 install(DIRECTORY velk DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
-install(FILES README.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# The pages refer to each other and to the example images by relative paths.
+install(FILES README.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY examples/images DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 
 set(documents ${VELK_DOCUMENTS_DIR})
 install(FILES ${documents}/velk DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
@@ -32,7 +34,7 @@ install(FILES ${documents}/_velk DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-f
 install(FILES ${documents}/velk.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES ${documents}/velk.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
-# One Debian package of all of it: ./dev package.
+# A single Debian package of everything: ./dev package.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME velk)
 set(CPACK_PACKAGE_CONTACT "The velk developers")

@@ -7,14 +7,14 @@
 
 namespace Examples {
 
-/// Puts a module memory together: block after block, then the end block and erased memory.
+/// Builds a module memory: blocks one after another, then the end block and erased memory.
 class ImageBuilder {
  public:
   ImageBuilder& add(Velk::HwDatablock& block) {
     bytes_ += block.getByteArrayData();
     return *this;
   }
-  /// A block of an id that no class serves.
+  /// Adds a block of an id without a class.
   ImageBuilder& add(unsigned short id, const QByteArray& payload) {
     Velk::HwDatablock block(true);
     QByteArray bytes = block.getByteArrayData() + payload;

@@ -6,7 +6,7 @@
 
 namespace Examples {
 
-/// The memories of example modules, as the library's own classes write them.
+/// The memories of example modules, written with the classes of the library.
 QByteArray rfBoard();
 QByteArray synthesizer();
 QByteArray iqModule();
@@ -15,19 +15,19 @@ QByteArray dacBoard();
 QByteArray detector();
 /// An RF board with calibration tables of every layout.
 QByteArray rfBoardTables();
-/// No module's: a block of every id that has a class, with a few values in each.
+/// A block of every id that has a class, with a few values in each; not the memory of a real module.
 QByteArray everyId();
 
-/// Dumps that are not clean: a flash, a memory with an erased page, two of one memory.
+/// Damaged dumps: a flash, a memory with an erased page, two reads of one memory.
 QByteArray flashDump();
 QByteArray erasedPage();
 QByteArray firstRead();
 QByteArray secondRead();
 
-/// The attenuator registers of that board as text, with one of them corrected.
+/// The attenuator registers of rfBoardTables() as text, with one value corrected.
 QByteArray attenuatorRegisters();
 
-/// What the examples have in common: an ident block with a name, a part number and a serial number.
+/// Returns an ident block with this name, part number and serial number.
 Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber);
 
 }  // namespace Examples

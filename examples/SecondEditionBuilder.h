@@ -12,7 +12,7 @@
 
 namespace Examples {
 
-/// A number or a text, to be stored as the type of its place says: fixed-point types take the number that they show.
+/// A number or a text, stored in the type of its column or id. For fixed-point types, the number is the presented one.
 struct Value {
   Value(std::convertible_to<long double> auto shown) : number(static_cast<long double>(shown)) {}
   Value(const char* shown) : text(shown) {}
@@ -27,10 +27,10 @@ struct Table {
   Velk::ETypeId columnIdType = Velk::TYPE_ID_NONE;
   std::vector<Value> columnIds{};
   std::vector<Velk::ETypeId> columnTypes{};
-  std::vector<std::vector<Value>> rows{};  ///< as they are stored: row by row
+  std::vector<std::vector<Value>> rows{};  ///< row by row, as stored
 };
 
-/// Puts a second-edition block together, table behind table.
+/// Builds a second-edition block from its tables.
 class SecondEditionBuilder {
  public:
   explicit SecondEditionBuilder(unsigned short id, short updateIndex = 100) {
@@ -52,7 +52,7 @@ class SecondEditionBuilder {
     return *this;
   }
 
-  /// The block with its size and checksums.
+  /// Returns the block, with its size and checksums set.
   Velk::HwDatablock2Edition finish() const {
     Velk::HwDatablock2Edition block;
     block.setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(bytes_.constData()),
@@ -97,7 +97,7 @@ class SecondEditionBuilder {
     } else {
       add(static_cast<unsigned long long>(std::round(value.number / unitOf(type))));
     }
-    bytes_.truncate(end);  // little-endian: the lower bytes come first
+    bytes_.truncate(end);  // the low bytes come first (little-endian)
   }
 
   static long double unitOf(Velk::ETypeId type) {

@@ -23,7 +23,7 @@ HwDatablock2Edition corrections() {
       .finish();
 }
 
-/// A least and a greatest value of every type, and a table that nobody gave columns.
+/// The least and the greatest value of every type, and a table without columns.
 HwDatablock2Edition everyType() {
   Table table{.rowIdType = TYPE_ID_CHAR5, .rowIds = {"LEAST", "MOST"}};
   for (int type = TYPE_ID_UINT8; type <= TYPE_ID_STRING; ++type) table.columnTypes.push_back(ETypeId(type));
@@ -69,7 +69,7 @@ HwDatablockEventCount eventCounts() {
 
 }  // namespace
 
-/// A power detector whose calibration is in blocks that describe themselves.
+/// A power detector with its calibration in second-edition blocks.
 QByteArray detector() {
   HwDatablockIdent ident = identOf("DETECTOR", 14225300, 100871);
   HwDatablock2Edition correctionBlock = corrections();

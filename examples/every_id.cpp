@@ -13,10 +13,10 @@ namespace {
 using Velk::CatalogueRow;
 using Velk::FieldInfo;
 
-/// Values of each list, rows and columns of each table that are used.
+/// The number of elements in use of each list, and of rows and columns of each table.
 constexpr int used = 3;
 
-/// How many elements a count says are in use, or nothing where a field is no count.
+/// Returns the value of a count field, or nothing for other fields.
 std::optional<int> countOf(const FieldInfo& field, std::span<const FieldInfo> fields) {
   const std::string_view name = field.name;
   if (name == "counts") return used;  // of each row
@@ -27,7 +27,7 @@ std::optional<int> countOf(const FieldInfo& field, std::span<const FieldInfo> fi
   return std::nullopt;
 }
 
-/// The value of the field that is filled as the number-th: each of a block's values is another one.
+/// Returns a value for the field that is filled as the number-th, different for each value of a block.
 std::string valueOf(const FieldInfo& field, int number) {
   if (field.kind == Velk::FieldKind::Date) return "2019-05-" + std::to_string(1 + number % 28);
   if (field.kind == Velk::FieldKind::Text) return std::string("T").append(std::to_string(number));
@@ -41,7 +41,7 @@ std::string valueOf(const FieldInfo& field, int number) {
   return std::to_string(isSigned && number % 2 != 0 ? -value : value);
 }
 
-/// Fills a block's fields, its lists and tables as far as they are used.
+/// Fills the fields of a block, and the elements in use of its lists and tables.
 class Filler {
  public:
   Filler(Velk::HwDatablock& block, std::span<const FieldInfo> fields)
@@ -88,7 +88,7 @@ void addBlocks(ImageBuilder& image, std::span<const CatalogueRow> rows) {
         block->resizeData(row.size + used * sizeof(unsigned));
         block->setBlockSize(static_cast<unsigned short>(block->getByteArrayData().size()));
       }
-      // Some classes serve ids that they do not give to a new block.
+      // Some classes serve several ids, but always create blocks with the same one.
       block->setBlockId(static_cast<unsigned short>(id));
       Filler(*block, row.fields);
       block->setChecksum(block->computeChecksum());

@@ -1,4 +1,4 @@
-// Makes the example images, and the text of a table.
+// Writes the example images, and the text of a table.
 #include <QFile>
 #include <cstdio>
 

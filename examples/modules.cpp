@@ -18,7 +18,7 @@ Velk::HwDatablockServiceData service(Velk::HwEVariantEepromDatablock id, Velk::P
   return record;
 }
 
-/// A value that looks like a measured correction: smooth over the points, other for each row.
+/// Returns a value that looks like a measured correction: smooth over the points, different for each row.
 int ripple(int row, int point, int amplitude) {
   return static_cast<int>(std::lround(amplitude * std::sin(0.37 * point + 0.9 * row) + row));
 }
@@ -137,7 +137,7 @@ QByteArray iqModule() {
       .finish(16384);
 }
 
-/// A mainboard: who the instrument is, and the calibration of its paths A and B.
+/// A mainboard: the identification of the instrument, and the calibration of its paths A and B.
 QByteArray mainboard() {
   Velk::HwDatablockIdent ident = identOf("MAINBOARD", 11414009, 400005);
   Velk::HwDatablockMbrdSerialNumber serialNumber;

@@ -18,7 +18,7 @@ Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned s
   return ident;
 }
 
-/// An RF board that identifies itself, with a second identification record and a block that nobody knows.
+/// An RF board with two identification records and a block of an unknown id.
 QByteArray rfBoard() {
   Velk::HwDatablockIdent ident = identOf("RF-BOARD", 11411000, 100234);
   ident.setEepromSize(1024);

@@ -8,7 +8,7 @@
 namespace Examples {
 namespace {
 
-/// Fills a table with what `valueOf` gives for each row and column in use.
+/// Fills the rows and columns in use of a table with the results of `valueOf`.
 template <class Table, class ValueOf>
 Table filled(Table table, unsigned rows, unsigned cols, ValueOf valueOf) {
   table.setCounts(rows, cols);

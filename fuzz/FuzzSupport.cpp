@@ -17,7 +17,7 @@ using namespace Velk::detail;
 constexpr std::size_t sizeOffset = offsetof(Velk::HwSDatablockHeader, blockSize);
 constexpr std::size_t checksumOffset = offsetof(Velk::HwSDatablockHeader, checksum);
 
-/// A size for the block at the start of `rest`: its own, that of its class, or all there is.
+/// Returns a size for the block at the start of `rest`: its own, that of its class, or all of `rest`.
 std::size_t pickSize(ConstBytes rest, unsigned choice) {
   const std::size_t own = load<unsigned short>(rest, sizeOffset);
   if (choice % 4 != 0 && own >= sizeof(Velk::HwSDatablockHeader) && own <= rest.size()) return own;
@@ -30,7 +30,7 @@ unsigned valueOf(unsigned char digit) {
   return static_cast<unsigned>(std::min(hexDigits.find(static_cast<char>(digit)), std::size_t{15}));
 }
 
-/// Mends a line of which `mark` characters are no digits.
+/// Repairs the checksum of a line that starts with `mark` characters that are not digits.
 void mendLine(MutableBytes line, std::size_t mark, bool complement) {
   if (line.size() < mark + 4) return;
   const MutableBytes digits = line.subspan(mark);

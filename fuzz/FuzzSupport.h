@@ -9,7 +9,7 @@
 
 #include "velk/bytes/Bytes.h"
 
-/// What holds for every input whatsoever; a fuzzer reports the input where it does not.
+/// Aborts if the condition is false, so that the fuzzer reports the input.
 #define FUZZ_EXPECT(condition) ((condition) ? void() : VelkFuzz::fail(#condition, __FILE__, __LINE__))
 
 namespace VelkFuzz {
@@ -19,10 +19,10 @@ namespace VelkFuzz {
   std::abort();
 }
 
-/// Drops what the library says of damaged blocks; to be called before each input.
+/// Discards the messages of the library about damaged blocks. To be called before each input.
 void quieten();
 
-/// A stream that takes a limited text and fails then: printing has to stop, and to be bounded by that alone.
+/// A stream that fails after a limited amount of text. Printing has to stop then.
 class LimitedStream : private std::streambuf, public std::ostream {
  public:
   LimitedStream() : std::ostream(static_cast<std::streambuf*>(this)) {}
@@ -43,18 +43,18 @@ class LimitedStream : private std::streambuf, public std::ostream {
   int refused_ = 0;
 };
 
-/// Every id with a class: those of the dictionary and the others.
+/// Returns every id that has a class.
 const std::vector<unsigned short>& catalogueIds();
 
-/// Makes the checks of a block right, which then is what it claims to be: the 16-bit sum, and with `crc` the CRC-32
-/// before it. Does nothing to a block without a whole header.
+/// Updates the checksums of a block: with `crc` first the CRC-32, then the 16-bit checksum. Does nothing to a block
+/// with an incomplete header.
 void mendBlock(Velk::MutableBytes block, bool crc);
 
-/// Makes a mutated image one that is worth a walk: sizes that reach to the next block or the end, and right checks, but
-/// for what `seed` picks out to stay damaged.
+/// Repairs the sizes and checksums of the blocks in a mutated image, except for some that `seed` selects to stay
+/// damaged. Repaired sizes reach to the next block or to the end.
 void mendImage(Velk::MutableBytes image, unsigned seed);
 
-/// Gives every line of an Intel HEX or S-record text a right checksum.
+/// Updates the checksum of every line of an Intel HEX or S-record text.
 void mendText(Velk::MutableBytes text);
 
 }  // namespace VelkFuzz

@@ -1,4 +1,4 @@
-// Mends the checks of mutated blocks: an input with wrong ones is of no interest beyond the check itself.
+// Repairs the checksums of mutated blocks, since an input with wrong ones only reaches the checksum test.
 #include "FuzzSupport.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(unsigned char* data, std::size_t size, std::size_t maxSize);

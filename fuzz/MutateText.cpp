@@ -1,4 +1,4 @@
-// Mends the checksums of mutated lines, without which none of them would be looked at.
+// Repairs the checksums of mutated lines, since the readers reject all others.
 #include "FuzzSupport.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(unsigned char* data, std::size_t size, std::size_t maxSize);

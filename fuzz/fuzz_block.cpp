@@ -1,4 +1,4 @@
-// Any bytes as a block of any catalogued id: printed, every field set, converted both ways, verified.
+// Reads any bytes as a block of a catalogued id: prints it, sets every field, converts it both ways and verifies it.
 #include <algorithm>
 #include <cstring>
 
@@ -16,7 +16,7 @@ ConstBytes view(const QByteArray& bytes) {
   return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
-/// Gives the block an id with a class, and returns the class's row.
+/// Sets the id of the block to one with a class, and returns the row of that class.
 const CatalogueRow& claimId(MutableBytes block) {
   const auto id = detail::load<unsigned short>(block, 0);
   if (const CatalogueRow* const row = findCatalogueRow(id)) return *row;
@@ -26,7 +26,7 @@ const CatalogueRow& claimId(MutableBytes block) {
   return *findCatalogueRow(known);
 }
 
-/// Printing leaves the block as it is, in whichever format.
+/// Checks that printing does not change the block, in either data format.
 void print(HwDatablock& block, HwDatablock& raw) {
   static HwDatablockOldStyleInterpreter interpreter;
   VelkFuzz::LimitedStream stream;
@@ -40,7 +40,7 @@ void print(HwDatablock& block, HwDatablock& raw) {
   raw.setDataFormatTyp(INTEL_Conform);
 }
 
-/// A conversion keeps the length and what a checksum protects.
+/// Checks that a conversion keeps the length and the id, and that verifying changes nothing.
 void convert(HwDatablock& block) {
   const QByteArray before = block.getByteArrayData();
   const unsigned short id = block.getId();
@@ -54,7 +54,7 @@ void convert(HwDatablock& block) {
   }
 }
 
-/// Sets a field to a text that may or may not fit it; nothing but the field may change.
+/// Sets a field to a text that may or may not be valid, and checks that only the field changes.
 void setField(QByteArray& bytes, FieldElement element, std::string_view text) {
   const QByteArray before(bytes.constData(), bytes.size());
   const std::string shown = fieldText(view(bytes), element);
@@ -71,7 +71,7 @@ void setField(QByteArray& bytes, FieldElement element, std::string_view text) {
   if (text == shown) FUZZ_EXPECT(fieldText(block, element) == shown);
 }
 
-/// Sets fields: all of a record, a sample of a long table.
+/// Sets all fields of a record, or a sample of a long table.
 void setFields(const CatalogueRow& row, QByteArray bytes) {
   constexpr std::size_t most = 48;
   constexpr std::string_view texts[] = {"0", "-1", "255", "65536", "1.5", "1e300", "2017-03-15", "", "nan", "ab"};
@@ -89,7 +89,7 @@ void setFields(const CatalogueRow& row, QByteArray bytes) {
   });
 }
 
-/// A fresh checksum makes a block right, wherever it has room for one.
+/// Checks that a block with a new checksum passes verification, if it has room for one.
 void edit(HwDatablock& block) {
   constexpr unsigned short checksumEnd = 6;
   block.setBlockId(block.getId());

@@ -1,4 +1,4 @@
-// Any bytes as an image whose blocks are edited, compared, redacted and exported, one step after another.
+// Reads any bytes as an image, and edits, compares, redacts and exports its blocks in turn.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <random>
@@ -18,7 +18,7 @@ constexpr std::size_t longest = 0x1000;  // many small inputs find more than few
 constexpr std::size_t mostBlocks = 32;
 constexpr std::size_t mostValues = 512;
 
-/// The block of these bytes, as an image of their own has it.
+/// Returns the first block of an image of these bytes.
 BlockView walked(const QByteArray& bytes) { return *MemoryImage(bytes).begin(); }
 
 QByteArray copyOf(const BlockView& block) {
@@ -44,13 +44,13 @@ bool isCheck(const BlockView& block, std::size_t at) {
   return (at >= 4 && at < 6) || (block.kind == BlockKind::SecondEdition && at >= 8 && at < 12);
 }
 
-/// Whether a right checksum is all that the block needs to be sound.
+/// Returns whether a valid checksum is enough to make the block sound.
 bool canBeSound(const BlockView& block) {
   return block.kind != BlockKind::Stray && block.bytes.size() == block.declaredSize &&
          block.bytes.size() >= sizeof(HwSDatablockHeader);
 }
 
-/// Sets one value; what is not the value and no check stays as it was, and the result is what it claims to be.
+/// Sets one value, and checks that only the value and the checksums change and that the result is as reported.
 void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
   constexpr std::string_view texts[] = {"0", "-1", "255", "65535", "1.5", "1e300", "2017-03-15", "", "nan", "abcde"};
   const auto values = valuesOf(block);
@@ -85,7 +85,7 @@ void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
   bytes = edited;
 }
 
-/// The commas of a line that stand between its cells.
+/// Counts the commas that separate the cells of a line.
 std::ptrdiff_t separators(std::string_view line) {
   bool quoted = false;
   return std::ranges::count_if(line, [&](char c) {
@@ -94,7 +94,7 @@ std::ptrdiff_t separators(std::string_view line) {
   });
 }
 
-/// What is written of a block is JSON, and the lines of its tables have the same columns.
+/// Checks that the export of a block is valid JSON, and that all lines of a CSV table have the same number of columns.
 void exportBlock(const BlockView& block) {
   const BlockData data(block);
   for (const ValueForm form : {ValueForm::Presented, ValueForm::Stored}) {
@@ -115,7 +115,7 @@ void exportBlock(const BlockView& block) {
   }
 }
 
-/// What is doubted of a count is what an edit to it is refused for, and but the last table may be cut off.
+/// Checks that every doubtful count would be refused as an edit, and that only the last table is cut off.
 void doubt(const BlockView& block) {
   const BlockData data(block, Extent::Capacity);
   std::size_t tables = 0;
@@ -142,7 +142,7 @@ void redact(const BlockView& block) {
   view.bytes = writable(bytes);
   FUZZ_EXPECT((redactionReach(view) == RedactionReach::Nothing) == (view.row == nullptr));
   redactBlock(writable(bytes), view);
-  // With the zeros, the CRC-32 that a damaged block of the first edition happens to carry can come to match.
+  // The zeros may by chance make the CRC-32 of a damaged old-style block match.
   const BlockView after = walked(bytes);
   if (canBeSound(block) && after.kind == block.kind) FUZZ_EXPECT(after.isSound() == block.isSound());
   FUZZ_EXPECT(redactBlock(writable(bytes), view).empty());

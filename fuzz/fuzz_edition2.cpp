@@ -1,4 +1,5 @@
-// Any bytes as a second-edition block: parsed, read by every reader, printed on every page, written and parsed again.
+// Reads any bytes as a second-edition block: parses it, calls every reader, prints every page, writes it and parses the
+// result.
 #include <algorithm>
 #include <memory>
 #include <tuple>
@@ -56,7 +57,7 @@ void readAll(const CommonDatablockAccess& access) {
     const CommonSubDatablock& parsed = access.tables()[table];
     std::vector<std::string> texts;
     access.getDataTypeList(texts, table);
-    // A caller asks for columns one by one; claims alone are not worth the time.
+    // Columns are read one by one; reading claimed columns that do not exist only costs time.
     const bool believable = parsed.rows + parsed.columns < 1000;
     for (unsigned column = 0; believable && column < std::min(parsed.columns, 3U); ++column) {
       [&]<class... T>(std::tuple<T...>) {
@@ -97,7 +98,7 @@ class Store : public IHwVariantEeprom {
   std::unique_ptr<HwDatablock> block;
 };
 
-/// Whether writing and parsing give a table back as it was.
+/// Returns whether a table survives writing and parsing unchanged.
 bool survives(const CommonSubDatablock& table) {
   return table.columns <= 1 && std::ranges::count(table.columnTypes, 25U) == 0;
 }
@@ -105,7 +106,7 @@ bool survives(const CommonSubDatablock& table) {
 void writeAndReadBack(const QByteArray& bytes) {
   Store store;
   CommonDatablockAccess access(blockOf(bytes).release(), &store, true);
-  // The id of erased memory makes any block one of four bytes.
+  // The id of erased memory turns any block into an end block of four bytes.
   if (access.getId() == erasedBlockId || !access.write()) return;
   const QByteArray image = store.block->getByteArrayData();
   FUZZ_EXPECT(store.block->verifyChecksum32() && store.block->verifyChecksum());

@@ -1,4 +1,4 @@
-// Any text as each of the tables that travel as text: what is read is a right block, and can be written and read again.
+// Reads any text as each table that has a text form: the result is a valid block that can be written and read again.
 #include <span>
 #include <sstream>
 
@@ -14,10 +14,10 @@ using VelkTest::written;
 
 constexpr bool isExact(int) { return true; }
 constexpr bool isExact(unsigned) { return true; }
-/// Floating values are rounded on their way.
+/// Floating-point values are rounded by the text form.
 constexpr bool isExact(double) { return false; }
 
-/// Whether all words that were taken for numbers are numbers.
+/// Returns whether every word that was read as a number is a number.
 template <class Table>
 bool read(Table& table, const std::string& text) {
   std::istringstream is(text);

@@ -1,4 +1,4 @@
-// Any bytes as a memory image: the walk loses nothing, describes every block and prints it.
+// Reads any bytes as a memory image: the walk covers every byte, describes every block and prints it.
 #include <algorithm>
 
 #include "FuzzSupport.h"
@@ -27,7 +27,8 @@ void print(const BlockView& block) {
   if (!interpreter.printHwDatablockOldStyleInfo(&copy, stream)) copy.printToStream(stream);
 }
 
-/// What is found out of sequence proves itself, or has a right sum and adjoins one that is shown next.
+/// Checks that every block found out of sequence is verified by itself, or has a valid checksum and is followed
+/// directly by such a block.
 void prove(const std::vector<BlockView>& views) {
   for (std::size_t i = 0; i < views.size(); ++i) {
     if (views[i].found != Found::OutOfSequence) continue;
@@ -40,7 +41,7 @@ void prove(const std::vector<BlockView>& views) {
   }
 }
 
-/// No view overlaps another, and every byte is in one of them or in a region.
+/// Checks that views do not overlap, and that every byte is in exactly one view or region.
 void cover(const MemoryImage& image, const std::vector<BlockView>& views, std::uint64_t start) {
   std::vector<unsigned char> covered(image.bytes().size() + 1);
   std::uint64_t position = std::min<std::uint64_t>(start, image.bytes().size());

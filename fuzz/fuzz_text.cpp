@@ -1,4 +1,4 @@
-// Any text as Intel HEX and as S-records: what is read can be written, and reads back as the same.
+// Reads any text as Intel HEX and as S-records: the result can be written and reads back unchanged.
 #include <cstring>
 
 #include "FuzzSupport.h"
@@ -32,7 +32,7 @@ void roundTrip(std::string_view text, Read read, Write write) {
   if (image.details.entry) FUZZ_EXPECT(again.details.entry == image.details.entry);
 }
 
-/// The same bytes as a recipe for an image: pairs of a distance and a length.
+/// Builds an image from the bytes, as pairs of a distance and a length.
 SparseImage recipe(std::string_view bytes) {
   SparseImage image;
   std::uint64_t address = 0;
@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   const SparseImage image = recipe(text);
   writeAndRead(image, readIntelHex, writeIntelHex);
   writeAndRead(image, readSRecords, writeSRecords);
-  // Far segments would be laid out in up to 16 MiB, which is right but slow.
+  // Distant segments are laid out in up to 16 MiB, which is correct but slow.
   if (size > 0 && data[0] % 64 == 0) {
     const ImageFile file = decodeImage(QByteArray(text.data(), static_cast<qsizetype>(size)));
     if (file.error.empty()) FUZZ_EXPECT(decodeImage(encodeImage(file), file.format).bytes == file.bytes);

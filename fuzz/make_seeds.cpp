@@ -1,4 +1,4 @@
-// Makes the seed corpora of the fuzz targets: from the examples, and a new block of every catalogued id.
+// Writes the seed corpora of the fuzz targets, from the example images and from a new block of every catalogued id.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -31,7 +31,8 @@ void seedFrom(const fs::path& file, const fs::path& seeds) {
     return write(seeds / "exchange" / name, std::string(std::istreambuf_iterator<char>(text), {}));
   }
   ImageFile image = readImageFile(file.string());
-  // A fuzzer makes inputs as long as its longest seed, and slowly so: of a large image only the blocks are seeds.
+  // A fuzzer generates inputs up to the length of its longest seed, and long inputs are slow. So only the blocks of a
+  // large image are seeds.
   constexpr qsizetype longestSeed = 65536;
   const bool isLarge = image.bytes.size() > longestSeed;
   if (!isLarge) write(seeds / "image" / name, image.bytes);

@@ -1,4 +1,4 @@
-// Runs a fuzz target over folders of inputs, as far as they are there, without a fuzzer: an ordinary test.
+// Runs a fuzz target on the files of folders, as a test without a fuzzer. Missing folders are skipped.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

@@ -6,7 +6,7 @@
 
 namespace VelkTest {
 
-/// The rows of the dictionary and the others.
+/// Returns the rows of both catalogues.
 inline std::vector<Velk::CatalogueRow> allRows() {
   const auto dictionary = Velk::dictionaryRows();
   const auto others = Velk::otherRows();

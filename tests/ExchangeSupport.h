@@ -5,7 +5,7 @@
 
 namespace VelkTest {
 
-/// A table as the text that can be read back.
+/// Returns the exchange text of a table.
 template <class Table>
 std::string written(Table& table) {
   std::ostringstream os;

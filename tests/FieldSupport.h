@@ -6,7 +6,7 @@
 
 namespace VelkTest {
 
-/// Calls `act` with the path and the element of every value that blocks of `size` bytes with these fields have.
+/// Calls `act` with the path and the element of every value in a block of `size` bytes with these fields.
 template <class Act>
 void forEachField(std::span<const Velk::FieldInfo> fields, std::size_t size, Act act) {
   const std::vector<unsigned char> block(size);
@@ -15,7 +15,7 @@ void forEachField(std::span<const Velk::FieldInfo> fields, std::size_t size, Act
   forEachValue(data.root(), {}, visit);
 }
 
-/// The value at a path of a block that has room for all, or nothing.
+/// Returns the value at a path of a block of full size, or nothing.
 inline std::optional<Velk::FieldElement> findField(std::span<const Velk::FieldInfo> fields, std::string_view path) {
   const std::vector<unsigned char> block(0xFFFF);
   const Velk::BlockData data(block, fields, Velk::Extent::Capacity);

@@ -11,7 +11,7 @@ inline Velk::ConstBytes asBytes(const QByteArray& bytes) {
   return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
-/// Whether a block's bytes are at least 12 and not all alike, and their words add up to 0: a plain second opinion.
+/// Returns whether a block has at least 12 bytes, not all equal, whose words add up to 0. Independent of the library.
 inline bool isWorthASum(Velk::ConstBytes block) {
   unsigned sum = 0;
   bool varied = false;
@@ -22,7 +22,7 @@ inline bool isWorthASum(Velk::ConstBytes block) {
   return block.size() >= 12 && varied && sum % 0x10000 == 0;
 }
 
-/// CRC-32 bit by bit, without bytes 4 to 11.
+/// Computes the CRC-32 bit by bit, without bytes 4 to 11.
 inline std::uint32_t plainCrc(Velk::ConstBytes block) {
   std::uint32_t crc = 0xFFFFFFFF;
   for (std::size_t i = 0; i < block.size(); ++i) {
@@ -33,7 +33,7 @@ inline std::uint32_t plainCrc(Velk::ConstBytes block) {
   return ~crc;
 }
 
-/// Whether a block is believed wherever it stands.
+/// Returns whether a block is accepted at any offset.
 inline bool provesItself(Velk::ConstBytes block) {
   const auto word = [&](std::size_t at) { return at + 1 < block.size() ? block[at] | block[at + 1] << 8U : 0U; };
   const unsigned id = word(0);

@@ -8,14 +8,14 @@
 
 namespace VelkTest {
 
-/// What a record class has to be, told by someone who has not seen its code.
+/// The expected properties of a record class. Tests state them as literals, not through the traits of the class.
 struct RecordClass {
   unsigned short id;
   unsigned short size;
   std::string idLine;
-  std::string refusal;  ///< the error that a record with a wrong checksum signals; empty where none is signalled
+  std::string refusal;  ///< the error signalled for a record with a wrong checksum; empty if none is
   bool keepsAlignment = false;
-  bool headerIsEnough = false;  ///< its own id and size make a record with a wrong checksum acceptable
+  bool headerIsEnough = false;  ///< a record with the id and size of the class is accepted despite a wrong checksum
 };
 
 inline RecordClass acceptedByHeader(RecordClass expected) {
@@ -23,7 +23,7 @@ inline RecordClass acceptedByHeader(RecordClass expected) {
   return expected;
 }
 
-/// Fills every field with a value of its own, so that no two are mixed up unnoticed.
+/// Fills every field with a different value, so that swapped fields are noticed.
 inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo> fields) {
   const auto size = static_cast<std::size_t>(block.getByteArrayData().size());
   int next = 1;
@@ -42,7 +42,7 @@ inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo
   block.setChecksum(block.computeChecksum());
 }
 
-/// Makes a block of the class and holds it, its text and its acceptance of records against the expectation.
+/// Checks a new block of the class, its text and which records it accepts.
 template <class Block, class... Arguments>
 void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
   SCOPED_TRACE(expected.idLine);
@@ -81,7 +81,7 @@ void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
   EXPECT_EQ(errors.errors, expected.headerIsEnough ? std::vector<std::string>() : refusal);
 }
 
-/// The first lines of a text, long ones cut, and its length and CRC-32, which stand for the rest.
+/// Returns the first lines of a text, shortened, and the length and CRC-32 of the whole.
 inline std::string abridged(const std::string& text) {
   constexpr int shownLines = 16;
   constexpr std::size_t shownColumns = 150;

@@ -16,7 +16,7 @@
 
 namespace VelkTest {
 
-/// Collects what the library writes to the standard streams while it lives.
+/// Collects the output of the library to the standard streams during its lifetime.
 class ConsoleCapture {
  public:
   ConsoleCapture()
@@ -34,7 +34,7 @@ class ConsoleCapture {
   Velk::Console::Handler former_;
 };
 
-/// Collects the errors that are signalled while it lives, as "1040001:text".
+/// Collects the errors that are signalled during its lifetime, as "1040001:text".
 class ErrorCapture {
  public:
   ErrorCapture()
@@ -51,7 +51,7 @@ class ErrorCapture {
   Velk::CErrorManager::Sink former_;
 };
 
-/// "01 00 FF" as bytes.
+/// Returns the bytes of a text such as "01 00 FF".
 inline QByteArray fromHex(const char* text) { return QByteArray::fromHex(text); }
 
 inline std::string hexOf(Velk::HwDatablock& block) {
@@ -64,7 +64,7 @@ inline std::string printed(Velk::HwDatablock& block) {
   return os.str();
 }
 
-/// Writes numbers with a decimal comma and groups of digits, and with every flag that could reach a text.
+/// Returns a stream with a decimal comma, digit grouping and every format flag that could affect a text.
 inline std::ostringstream hostileStream() {
   class Comma : public std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
@@ -86,7 +86,7 @@ inline std::string readFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The file names of all example images.
+/// Returns the file names of all example images.
 inline QStringList exampleImages() {
   return QDir(VELK_SOURCE_DIR "/examples/images").entryList({"*.bin"}, QDir::Files, QDir::Name);
 }
@@ -95,14 +95,15 @@ inline QByteArray exampleImage(const QString& name) {
   return QByteArray::fromStdString(readFile((VELK_SOURCE_DIR "/examples/images/" + name).toStdString()));
 }
 
-/// The expected text in tests/golden/; VELK_UPDATE_GOLDEN in the environment writes it anew instead.
+/// Returns the expected text in tests/golden/. If VELK_UPDATE_GOLDEN is set in the environment, writes `actual` to it
+/// first.
 inline std::string golden(const std::string& name, const std::string& actual) {
   const std::string path = std::string(VELK_SOURCE_DIR "/tests/golden/") + name;
   if (std::getenv("VELK_UPDATE_GOLDEN") != nullptr) std::ofstream(path, std::ios::binary) << actual;
   return readFile(path);
 }
 
-/// Whether two texts are equal; tells the first line that is not, where EXPECT_EQ would compare all of a long text.
+/// Returns whether two texts are equal, and reports the first different line. EXPECT_EQ would print a long text whole.
 inline testing::AssertionResult isSameText(const std::string& actual, const std::string& expected) {
   if (actual == expected) return testing::AssertionSuccess();
   std::istringstream actualLines(actual);
@@ -119,7 +120,7 @@ inline testing::AssertionResult isSameText(const std::string& actual, const std:
   return testing::AssertionFailure() << "line " << number << " is\n  " << actualLine << "\nand not\n  " << expectedLine;
 }
 
-/// Whether a text is the expected one in tests/golden/.
+/// Returns whether a text equals the expected one in tests/golden/.
 inline testing::AssertionResult isGolden(const std::string& name, const std::string& actual) {
   return isSameText(actual, golden(name, actual)) << "\nin " << name;
 }

@@ -9,7 +9,7 @@
 
 namespace VelkTest {
 
-/// Bytes of one block, and the block as an image has it.
+/// The bytes of one block, and its view.
 struct OwnedBlock {
   std::string name;
   std::vector<unsigned char> bytes;
@@ -23,7 +23,7 @@ struct OwnedBlock {
   }
 };
 
-/// A value that a field can hold, as text, another each time.
+/// Returns a value for a field as text, different in each call.
 inline std::string anyText(const Velk::FieldElement& element, std::mt19937& random) {
   const Velk::FieldInfo& field = *element.field;
   const auto below = [&](unsigned long limit) { return std::to_string(random() % limit); };
@@ -40,7 +40,7 @@ inline std::string anyText(const Velk::FieldElement& element, std::mt19937& rand
   return (isSigned && random() % 2 == 0 ? "-" : "") + below(most);
 }
 
-/// Fills every field with a value of its own; lists and tables are full.
+/// Fills every field with a different value; lists and tables are full.
 inline void fill(OwnedBlock& block, std::mt19937& random) {
   const Velk::BlockView view = block.view();
   const Velk::BlockData data(view, Velk::Extent::Capacity);
@@ -58,8 +58,8 @@ inline void fill(OwnedBlock& block, std::mt19937& random) {
   sealBlock(block.bytes, view.kind);
 }
 
-/// A block of every catalogued class, of every second-edition type, an event counter and one that nobody knows: each
-/// sound, its fields zero but for texts of variable length.
+/// Returns a block of every catalogued class, of every second-edition type, an event counter and a block of an unknown
+/// id. All are sound; their fields are zero, except texts of variable length.
 inline std::vector<OwnedBlock> everyKindOfBlock() {
   std::vector<OwnedBlock> blocks;
   const auto add = [&](const std::string& name, QByteArray bytes) {

@@ -14,33 +14,33 @@ inline std::span<const unsigned char> viewOf(const QByteArray& bytes) {
   return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
-/// A block of these bytes as they are, for an accessor to own.
+/// Returns a block of these bytes, unchecked, for an accessor to own.
 inline Velk::HwDatablock2Edition* newBlock(const QByteArray& bytes) {
   auto* const block = new Velk::HwDatablock2Edition;
   block->setDataWithoutChecksumCheck(viewOf(bytes).data(), static_cast<unsigned>(bytes.size()));
   return block;
 }
 
-/// The bytes of a block; what is said of an odd size does not matter here.
+/// Returns the bytes of a block. Messages about an odd size are discarded.
 inline QByteArray bytesOf(const SecondEditionBuilder& builder) {
   ConsoleCapture oddSize;
   return builder.finish().getByteArrayData();
 }
 
-/// Puts the bytes' own length into their size field.
+/// Sets the size field to the number of bytes.
 inline QByteArray sized(QByteArray bytes) {
   for (int i = 0; i < 2 && 2 + i < bytes.size(); ++i) bytes[2 + i] = static_cast<char>(bytes.size() >> (8 * i));
   return bytes;
 }
 
-/// The accessor of one table, parsed.
+/// A parsed accessor.
 class Parsed : public Velk::CommonDatablockAccess {
  public:
   explicit Parsed(const Table& table) : Parsed(bytesOf(SecondEditionBuilder(1).add(table))) {}
   explicit Parsed(const QByteArray& bytes) : CommonDatablockAccess(newBlock(bytes), nullptr, true) {}
 };
 
-/// "1|2|-3": a list of numbers or texts.
+/// Returns a list of numbers or texts as "1|2|-3".
 template <class T>
 std::string joined(const std::vector<T>& values) {
   std::string text;
@@ -57,7 +57,7 @@ std::string joined(const std::vector<T>& values) {
   return text;
 }
 
-/// That a table has what the reference has of it, bytes and all.
+/// Checks that a table equals that of the reference.
 inline void expectSameTable(const Velk::CommonSubDatablock& table, const ReferenceTable& expected, std::size_t rows) {
   EXPECT_EQ(table.rows, expected.rows);
   EXPECT_EQ(table.columns, expected.columns);
@@ -81,7 +81,7 @@ inline void expectSameTable(const Velk::CommonSubDatablock& table, const Referen
   }
 }
 
-/// That the library comes to the tables of the reference. The bytes are the whole block.
+/// Checks that the library parses a whole block into the same tables as the reference.
 inline void expectSameTables(const QByteArray& bytes) {
   const Parsed parsed(bytes);
   constexpr qsizetype sizeFieldEnd = 4;  // a block without a size field has no bytes

@@ -19,11 +19,11 @@ struct ReferenceTable {
   std::vector<unsigned> types;
   std::string rowIds;
   std::string columnIds;
-  std::map<std::pair<unsigned, unsigned>, std::string> cells;  ///< by column and row, those that have a byte
+  std::map<std::pair<unsigned, unsigned>, std::string> cells;  ///< by column and row; only cells with at least one byte
 };
 
-/// Steps through a second-edition block byte by byte, as the readers in the instruments do. It takes counts at their
-/// word, knows nothing of places and is slow; the library's parser has to come to the same tables.
+/// Parses a second-edition block byte by byte, as the instruments do: simple, slow and independent of the parser of the
+/// library, which has to produce the same tables.
 class ReferenceParser {
  public:
   explicit ReferenceParser(std::span<const unsigned char> block) {

@@ -1,8 +1,8 @@
-// Makes one call of the operating system fail: preloaded into the command, it stands before the C library.
+// Makes one system call fail. It is preloaded into the command and replaces functions of the C library.
 //
 // VELK_FAULT is "CALL FAULT N": the N-th of the calls counted under CALL has FAULT, one of ENOSPC, EDQUOT, EIO, EINTR
 // (an error that is returned once), FULL (ENOSPC from then on), SHORT (fewer bytes are written) and KILL (the process
-// ends there). The file that VELK_FAULT_MARK names is made when that happens.
+// is killed there). The file named by VELK_FAULT_MARK is created when the fault occurs.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/file.h>

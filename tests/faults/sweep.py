@@ -1,12 +1,12 @@
-"""Makes every system call by which the command writes fail in turn, and looks at what is left of the files.
+"""Makes every system call that the command uses for writing fail in turn, and checks the files afterwards.
 
 usage: sweep.py VELK SHIM IMAGES TABLE
 
-VELK is the command, SHIM the library that makes calls fail, IMAGES the folder of the example images. TABLE is a page that
-holds the table of outcomes; with VELK_UPDATE_GOLDEN in the environment its table is written anew.
+VELK is the command, SHIM the library that makes calls fail, IMAGES the folder of the example images. TABLE is the page with
+the table of outcomes, which is rewritten if VELK_UPDATE_GOLDEN is set in the environment.
 
-Whatever fails, a file has its old contents or the new ones, whole, and the exit code says which: 0, the new ones; 1, the
-new ones, though a crash of the machine may lose them; 3, the old ones.
+Whichever call fails, a file has its complete old or new contents, and the exit code says which: 0, the new ones; 1, the
+new ones, which a crash of the machine may still lose; 3, the old ones.
 """
 import collections
 import concurrent.futures

@@ -25,6 +25,14 @@ for document in bash-completion/completions/velk zsh/site-functions/_velk fish/v
   [ -s "$work/moved/share/$document" ] || { echo "share/$document is not installed" >&2; exit 1; }
 done
 
+pages=$work/moved/share/doc/velk
+for page in "$pages"/*.md "$pages"/docs/*.md; do
+  for target in $(grep -v '^    ' "$page" | grep -oE '\]\([^)#:]+' | cut -c 3-); do
+    [ -e "$(dirname "$page")/$target" ] || { echo "$page links to $target, which is not installed" >&2; exit 1; }
+  done
+done
+[ -s "$pages/examples/images/rf_board.bin" ] || { echo "the example images are not installed" >&2; exit 1; }
+
 pc=$(dirname "$(find "$work/moved" -name velk.pc)")
 read -ra options <<<"$flags $(PKG_CONFIG_PATH=$pc pkg-config --cflags velk)"
 read -ra libraries <<<"$(PKG_CONFIG_PATH=$pc pkg-config --libs velk)"

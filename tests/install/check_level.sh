@@ -1,5 +1,5 @@
 #!/bin/bash
-# Builds the 16-bit sum with g++ at a level of optimisation that is not its own.
+# Builds the 16-bit sum with g++ in a build whose optimisation level differs from its own.
 set -euo pipefail
 source=$1 build=$2 level=$3
 rm -rf "$build"

@@ -1,4 +1,4 @@
-// How many blocks are found in bytes that hold none: in random bytes, zeros, programs, texts and archives.
+// Counts the blocks found in data without blocks: random bytes, zeros, programs, texts and archives.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Takes a name and bytes; false once there are enough.
+/// Takes a name and bytes; returns false when it has enough.
 using Take = std::function<bool(const std::string& name, const QByteArray& bytes)>;
 
 void forEachFile(const std::vector<std::string>& folders, const std::function<bool(const fs::path& path)>& isWanted,

@@ -13,7 +13,7 @@ struct Outcome {
   std::string errors;
 };
 
-/// Runs a program, the velk command unless another is named, beside the example images.
+/// Runs a program, by default the velk command, in the folder of the example images.
 inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, const char* program = VELK_COMMAND) {
   QProcess process;
   process.setWorkingDirectory(VELK_SOURCE_DIR "/examples/images");
@@ -26,7 +26,7 @@ inline Outcome run(const QStringList& arguments, const QByteArray& input = {}, c
           process.readAllStandardError().toStdString()};
 }
 
-/// Tests of the command with files of their own.
+/// Base of tests of the command that create files.
 class Command : public testing::Test {
  protected:
   QString file(const QString& name, const QByteArray& bytes) {

@@ -1,8 +1,8 @@
-"""Holds JSON documents against a schema: hold_against_schema.py SCHEMA DOCUMENT...
+"""Validates JSON documents against a schema: hold_against_schema.py SCHEMA DOCUMENT...
 
-A file of JSON lines, whose name ends with .jsonl, is a document a line.
+In a file whose name ends with .jsonl, each line is a document.
 
-Members that the schema does not name are errors here: readers may meet new ones, but this schema has to describe all.
+Members that the schema does not describe are errors here: programs have to accept them, but this schema has to be complete.
 """
 import json
 import sys
