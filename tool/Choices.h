@@ -8,22 +8,22 @@
 
 namespace VelkTool {
 
-/// What an option or argument may be, by name, in the order in which the names are offered.
+/// The values an option or argument accepts, by name, in the order in which they are listed.
 template <class T>
 using Choices = std::vector<std::pair<std::string, T>>;
 
-/// Has an option take one of `names` only.
+/// Returns a check that accepts only one of `names`.
 inline CLI::Validator oneOf(std::vector<std::string> names) {
   return {[names = std::move(names)](const std::string& text) -> std::string {
             for (const std::string& name : names) {
               if (name == text) return {};
             }
-            return (text.empty() ? "\"\"" : text) + " is none of " + CLI::detail::join(names, ", ");
+            return (text.empty() ? "\"\"" : text) + " is not one of " + CLI::detail::join(names, ", ");
           },
           ""};
 }
 
-/// Adds an option or argument that takes one of `choices`, which goes to `take`.
+/// Adds an option or argument that accepts one of `choices` and passes it to `take`.
 template <class T>
 CLI::Option* addChoice(CLI::App& command, const std::string& name, const Choices<T>& choices,
                        const std::function<void(T chosen)>& take, const std::string& description) {

@@ -14,12 +14,12 @@ OptionRow rowOf(const CLI::Option& option) {
   if (row.isArgument) row.names.push_back(option.get_name());
   for (const std::string& name : option.get_snames()) row.names.push_back("-" + name);
   for (const std::string& name : option.get_lnames()) row.names.push_back("--" + name);
-  // The name of a type goes on with what the parser checks, behind a colon.
+  // The parser appends a colon and the names of its checks to the type name.
   if (option.get_expected_max() > 0) row.value = option.get_type_name().substr(0, option.get_type_name().find(':'));
   return row;
 }
 
-/// Parts the text behind the options into notes and examples.
+/// Splits the footer of a help text into notes and examples.
 void takeFooter(const std::string& footer, CommandRow& row) {
   std::istringstream lines(footer);
   bool examples = false;
@@ -46,7 +46,7 @@ void addRows(const CLI::App& app, const std::string& name, std::vector<CommandRo
   };
   takeOptions(app);
   for (const CLI::App* const part : app.get_subcommands([](const CLI::App*) { return true; })) {
-    // What has no name is a group of options.
+    // A subcommand without a name is a group of options.
     part->get_name().empty() ? takeOptions(*part) : below.push_back(part);
   }
   row.hasSubcommands = !below.empty();

@@ -6,25 +6,25 @@
 
 namespace VelkTool {
 
-/// What the command line takes at one place: an option, a flag or an argument.
+/// An option, flag or argument of the command line.
 struct OptionRow {
-  std::vector<std::string> names{};  ///< as typed, "-o" before "--output"; of an argument what it is called
-  std::string value{};               ///< what the value is called; empty for flags
+  std::vector<std::string> names{};  ///< as typed, "-o" before "--output"; the name of an argument
+  std::string value{};               ///< name of the value; empty for flags
   std::string description{};
   bool isArgument = false;
   bool isRequired = false;
   bool repeats = false;
-  int atMost = 1;  ///< how often it may be given
+  int atMost = 1;  ///< maximum number of occurrences
 
-  /// The values that are possible, where the option says so.
+  /// Returns the accepted values; empty if the option takes any.
   std::vector<std::string> choices() const;
 };
 
 /// One subcommand.
 struct CommandRow {
-  std::string name{};  ///< with the names of those above it: "table export"; empty for velk itself
+  std::string name{};  ///< with the names of its parents: "table export"; empty for velk itself
   std::string description{};
-  std::string notes{};                  ///< what its help says behind the options
+  std::string notes{};                  ///< the help text after the options
   std::vector<std::string> examples{};  ///< command lines
   std::vector<OptionRow> options{};
   bool hasSubcommands = false;
@@ -33,8 +33,8 @@ struct CommandRow {
   std::string parent() const { return name.substr(0, name.size() - lastName().size() - (lastName() == name ? 0 : 1)); }
 };
 
-/// The command line as the parser knows it, velk itself first, each subcommand behind the one that it belongs to: what
-/// completions and the manual are made from.
+/// Returns the command line as the parser defines it: velk itself first, each subcommand after its parent. Completion
+/// scripts and the manual page are generated from it.
 std::vector<CommandRow> commandTable(const CLI::App& app);
 
 }  // namespace VelkTool

@@ -6,7 +6,7 @@
 
 namespace VelkTool {
 
-/// Each adds one subcommand to the command line; its work is done while the line is parsed.
+/// Each function adds one subcommand to the command line. The subcommand runs while the line is parsed.
 void addList(CLI::App& app, Session& session);
 void addCheck(CLI::App& app, Session& session);
 void addPrint(CLI::App& app, Session& session);
@@ -19,7 +19,7 @@ void addRecover(CLI::App& app, Session& session);
 void addRedact(CLI::App& app, Session& session);
 void addCompletion(CLI::App& app, Session& session);
 void addManual(CLI::App& app, Session& session);
-/// To be added last: it offers the names of those before it.
+/// Adds `help`. Call it last: it offers the commands that were added before it.
 void addHelp(CLI::App& app, Session& session);
 
 }  // namespace VelkTool

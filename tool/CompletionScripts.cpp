@@ -19,7 +19,7 @@ std::vector<std::string> optionNames(const CommandRow& command) {
   return names;
 }
 
-/// The last names of the commands directly below one.
+/// Returns the last names of the direct subcommands of `name`.
 std::vector<std::string> namesBelow(const std::vector<CommandRow>& commands, const std::string& name) {
   std::vector<std::string> names;
   for (const CommandRow& command : commands) {
@@ -28,7 +28,7 @@ std::vector<std::string> namesBelow(const std::vector<CommandRow>& commands, con
   return names;
 }
 
-/// Puts a backslash before each of `special`.
+/// Puts a backslash before each character of `special`.
 std::string escaped(std::string_view text, std::string_view special) {
   std::string result;
   for (const char c : text) {
@@ -38,7 +38,7 @@ std::string escaped(std::string_view text, std::string_view special) {
   return result;
 }
 
-/// A text between single quotes.
+/// Returns the text in single quotes.
 std::string singleQuoted(std::string_view text) {
   std::string result = "'";
   for (const char c : text) result += c == '\'' ? "'\\''" : std::string(1, c);
@@ -51,7 +51,7 @@ std::string functionName(const CommandRow& command) {
   return name;
 }
 
-/// What an argument is completed by: choices, or files unless it is something else by its name.
+/// Returns how zsh completes a value: by its choices, not at all for numbers and assignments, else by files.
 std::string zshAction(const OptionRow& option) {
   if (const std::vector<std::string> choices = option.choices(); !choices.empty()) return "(" + joined(choices) + ")";
   const bool isNumber = option.value == "N" || option.value == "K";
@@ -73,7 +73,7 @@ std::string zshOptions(const CommandRow& command) {
   return text;
 }
 
-/// A condition under which fish completes parts of a command.
+/// Returns the condition under which fish completes a command.
 std::string fishCondition(const std::vector<CommandRow>& commands, const CommandRow& command) {
   const auto seen = [](const std::string& names) { return "__fish_seen_subcommand_from " + names; };
   if (command.name.empty()) return "__fish_use_subcommand";
@@ -88,7 +88,7 @@ std::string fishCondition(const std::vector<CommandRow>& commands, const Command
   return condition;
 }
 
-/// What follows the condition for one option; nothing for arguments that are files.
+/// Returns the part after the condition for one option; empty for arguments that are files.
 std::string fishOption(const OptionRow& option) {
   const std::string choices = joined(option.choices());
   const std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
@@ -101,7 +101,7 @@ std::string fishOption(const OptionRow& option) {
   return line + (option.value.empty() ? "" : " -r") + values + " -d " + singleQuoted(option.description) + '\n';
 }
 
-/// The case of the bash script that knows an option's values.
+/// Returns the case of the bash script that lists an option's values.
 std::string bashValues(const std::string& command, const std::string& option, const std::string& choices) {
   return "    \"" + command + ' ' + option + "\") words=" + singleQuoted(choices) + " ;;\n";
 }

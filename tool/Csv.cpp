@@ -43,7 +43,7 @@ void appendValue(std::string& line, Velk::ConstBytes block, const FieldElement& 
   });
 }
 
-/// The fields of a record that only say how much of its lists is in use.
+/// Returns the names of the fields that count the elements in use of other fields.
 std::set<std::string_view> counters(const DataNode& record) {
   std::set<std::string_view> names;
   for (std::size_t i = 0; i < record.size(); ++i) {
@@ -52,7 +52,7 @@ std::set<std::string_view> counters(const DataNode& record) {
   return names;
 }
 
-/// How many columns an element takes.
+/// Returns the number of columns of an element.
 std::size_t width(const FieldElement& element, bool stored) {
   return stored && Velk::detail::isScaled(*element.field) ? 2 : 1;
 }
@@ -88,7 +88,7 @@ void CsvTable::addTable(const DataNode& table) {
     const std::size_t id = column++;
     return id < ids.size() ? fieldText(data_.bytes(), ids[id].element(), ValueForm::Presented) : path.text();
   });
-  // Rows whose cells a damaged block does not have would be nothing but separators, and there may be very many.
+  // Without cells a damaged block would give rows of separators only, possibly very many.
   if (cells.sample().size() != 0) rows_ = cells.size();
 }
 
@@ -117,7 +117,7 @@ void CsvTable::appendCells(std::string& line, const DataNode& node, std::size_t 
 }
 
 void CsvTable::write(const std::function<void(std::string_view text)>& sink) const {
-  // Without lists the index has no place, and each line is one separator too long.
+  // Without lists there is no index column; skip the separator before the first value.
   const std::size_t first = hasLists_ ? 0 : 1;
   std::string line = hasLists_ ? "row" : "";
   for (const Columns& columns : columns_) {

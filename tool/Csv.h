@@ -11,26 +11,26 @@ namespace VelkTool {
 
 /// A block's data, or one table of a second-edition block, as a table for spreadsheets and data frames.
 ///
-/// A line for each index of the block's lists, a column for each value at that index; single values stand in every
-/// line, counts are left out, a list that is shorter leaves its cells empty. The first line names the columns: by the
-/// fields without their first index, those of a second-edition table by its column ids.
+/// There is a line for each index of the block's lists and a column for each value at that index. Single values are
+/// repeated in every line, counts are omitted, shorter lists leave their cells empty. The first line names the columns:
+/// by the fields without their first index, or by the column ids of a second-edition table.
 class CsvTable {
  public:
-  /// How many tables a block's data make.
+  /// Returns the number of tables in the data of a block.
   static std::size_t count(const Velk::BlockData& data);
 
-  /// Table `index` of the data, which have to outlive it. With `stored`, a column of stored values follows each column
-  /// that presents them as other numbers.
+  /// Takes table `index` of `data`, which must outlive it. With `stored`, each scaled column is followed by a column of
+  /// the stored values.
   CsvTable(const Velk::BlockData& data, std::size_t index, bool stored);
 
-  /// Hands the text on in pieces.
+  /// Passes the text to `sink` in pieces.
   void write(const std::function<void(std::string_view text)>& sink) const;
 
  private:
-  /// Neighbouring columns that one field gives.
+  /// The adjacent columns of one field.
   struct Columns {
     Velk::DataNode node;
-    bool isList;  ///< an element a line
+    bool isList;  ///< one element per line
     std::vector<std::string> names{};
   };
 

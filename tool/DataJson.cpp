@@ -10,7 +10,7 @@ using Velk::DataNode;
 using Velk::DataPath;
 using Velk::ValueForm;
 
-/// Whether some value of a part is presented as another number than the stored one.
+/// Returns whether a node has a value that is presented scaled.
 bool isPresentedOtherwise(const DataNode& node) {
   if (node.kind() == DataNode::Kind::Value) return Velk::detail::isScaled(*node.element().field);
   const std::size_t parts = node.run() ? std::min<std::size_t>(node.size(), 1) : node.size();
@@ -22,7 +22,7 @@ bool isPresentedOtherwise(const DataNode& node) {
 
 using Units = std::vector<std::pair<std::string, const char*>>;
 
-/// The units of a part's values; the elements of a list have those of the first.
+/// Collects the units of a node's values; the first element of a list stands for all.
 void collectUnits(const DataNode& node, const DataPath& path, Units& units) {
   if (node.kind() == DataNode::Kind::Value) {
     const char* const unit = node.element().field->unit;
@@ -39,7 +39,7 @@ bool isListOfValues(const DataNode& node) {
   return node.run() || node.sample().kind() == DataNode::Kind::Value;
 }
 
-/// Elements of a list that are records of nothing but values and short lists take a line each.
+/// Returns OneLine for records that consist of values and lists of values only.
 JsonWriter::Layout elementLayout(const DataNode& element) {
   if (element.kind() != DataNode::Kind::Record) return JsonWriter::Layout::Indented;
   for (std::size_t i = 0; i < element.size(); ++i) {
@@ -49,7 +49,7 @@ JsonWriter::Layout elementLayout(const DataNode& element) {
   return JsonWriter::Layout::OneLine;
 }
 
-/// Takes every member.
+/// Accepts every member.
 struct Everything {
   bool operator()(const DataNode& /*member*/) const { return true; }
 };
@@ -58,7 +58,7 @@ class DataWriter {
  public:
   DataWriter(JsonWriter& json, const BlockData& data, ValueForm form) : json_(json), data_(data), form_(form) {}
 
-  /// Of records, only the members that `accepts` takes.
+  /// Writes a node; of records only the members that `accepts` returns true for.
   template <class Accepts>
   void write(const DataNode& node, Accepts accepts, JsonWriter::Layout layout = JsonWriter::Layout::Indented) {
     switch (node.kind()) {

@@ -11,21 +11,21 @@
 
 namespace VelkTool {
 
-/// Stands for standard output in place of a file's name.
+/// Names standard output in place of a file.
 inline constexpr std::string_view standardOutput = "-";
 
-/// The whole of a text file, - being standard input. Where it cannot be read, that is reported and counted.
+/// Reads a whole text file; "-" is standard input. Reports and counts a failure.
 std::optional<std::string> readText(Session& session, const std::string& path);
 
-/// What a path leads to, - being standard output. Where that cannot be found out, it is reported and counted.
+/// Returns what a path leads to; "-" is standard output. Reports and counts a failure.
 std::optional<Velk::FileTarget> outputTarget(Session& session, const std::string& path);
 
-/// Whether both paths lead to one file. Standard input and output are no files.
+/// Returns whether both paths lead to the same file. Standard input and output never do.
 bool isSameFile(const std::string& path, const std::string& other);
 
-/// Writes `bytes` in place of what `target` has, whole or not at all; `name` is what the user calls it. What `report`
-/// says of the change, if anything, is written to standard output before the last step: no change goes unreported.
-/// Returns whether the new contents are there. A failure is reported and counted.
+/// Replaces the contents of `target` by `bytes`, as a whole or not at all; `name` is the name that the user gave.
+/// Writes `report` to standard output before the last step, so that no change goes unreported. Returns whether the new
+/// contents are in place. Reports and counts a failure.
 bool writeFile(Session& session, const std::string& name, const Velk::FileTarget& target, const QByteArray& bytes,
                std::string_view report = {}, const Velk::FileTarget& model = {});
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);

@@ -15,16 +15,16 @@ namespace {
 
 class Part;
 
-/// Whose turn it is to speak, and what was said ahead of it.
+/// Tracks whose turn it is to write, and keeps the finished parts that wait for theirs.
 class Turns {
  public:
   Turns(std::size_t count, std::size_t ahead) : count_(count), ahead_(ahead) {}
 
-  /// The next part to be done, as soon as it is not too far ahead; nothing where all are taken.
+  /// Returns the next part to run once it is not too far ahead; nothing when all are taken.
   std::optional<std::size_t> take();
   bool isTurnOf(std::size_t part);
   void await(std::size_t part);
-  /// Lets a part speak that is at its end; ahead of its turn, whoever speaks before it does so.
+  /// Flushes a finished part, or keeps it for the part before it to flush.
   void finish(std::unique_ptr<Part> part);
 
  private:
@@ -33,11 +33,11 @@ class Turns {
   std::mutex mutex_;
   std::condition_variable moved_;
   std::size_t taken_ = 0;
-  std::size_t speaking_ = 0;
+  std::size_t turn_ = 0;
   std::map<std::size_t, std::unique_ptr<Part>> finished_;
 };
 
-/// Keeps what it is told until its turn comes.
+/// Buffers output and complaints until its turn comes.
 class Part final : public Session {
  public:
   Part(Session& whole, Turns& turns, std::size_t number) : whole_(whole), turns_(turns), number_(number) {}
@@ -46,15 +46,15 @@ class Part final : public Session {
     constexpr std::size_t worthAsking = 64 * 1024;
     constexpr std::size_t most = 1024 * 1024;
     constexpr std::size_t perComplaint = 256;
-    said_ += text;
-    const std::size_t size = said_.size() + perComplaint * complaints_.size();
+    output_ += text;
+    const std::size_t size = output_.size() + perComplaint * complaints_.size();
     if (size < worthAsking || (size < most && !turns_.isTurnOf(number_))) return;
     turns_.await(number_);
-    speak();
+    flushToWhole();
   }
 
   void complain(std::string_view file, std::string_view what) override {
-    complaints_.push_back({said_.size(), std::string(file), std::string(what)});
+    complaints_.push_back({output_.size(), std::string(file), std::string(what)});
     write({});
   }
 
@@ -62,24 +62,24 @@ class Part final : public Session {
 
   std::size_t number() const { return number_; }
 
-  /// Only in its turn.
-  void speak() {
-    std::string_view rest = said_;
+  /// Writes everything buffered so far. Call it only in its turn.
+  void flushToWhole() {
+    std::string_view rest = output_;
     for (const Complaint& complaint : complaints_) {
-      const std::size_t before = complaint.place - (said_.size() - rest.size());
+      const std::size_t before = complaint.place - (output_.size() - rest.size());
       whole_.write(rest.substr(0, before));
       whole_.complain(complaint.file, complaint.what);
       rest.remove_prefix(before);
     }
     whole_.write(rest);
     whole_.worsen(exit_);
-    said_.clear();
+    output_.clear();
     complaints_.clear();
   }
 
  private:
   struct Complaint {
-    std::size_t place;  ///< in what is said
+    std::size_t place;  ///< in the output
     std::string file;
     std::string what;
   };
@@ -87,7 +87,7 @@ class Part final : public Session {
   Session& whole_;
   Turns& turns_;
   std::size_t number_;
-  std::string said_;
+  std::string output_;
   std::vector<Complaint> complaints_;
   Exit exit_ = Exit::Good;
 };
@@ -96,30 +96,30 @@ std::optional<std::size_t> Turns::take() {
   std::unique_lock lock(mutex_);
   if (taken_ == count_) return std::nullopt;
   const std::size_t part = taken_++;
-  moved_.wait(lock, [&] { return part - speaking_ < ahead_; });
+  moved_.wait(lock, [&] { return part - turn_ < ahead_; });
   return part;
 }
 
 bool Turns::isTurnOf(std::size_t part) {
   const std::lock_guard lock(mutex_);
-  return speaking_ == part;
+  return turn_ == part;
 }
 
 void Turns::await(std::size_t part) {
   std::unique_lock lock(mutex_);
-  moved_.wait(lock, [&] { return speaking_ == part; });
+  moved_.wait(lock, [&] { return turn_ == part; });
 }
 
 void Turns::finish(std::unique_ptr<Part> part) {
   const std::size_t number = part->number();
   std::unique_lock lock(mutex_);
   finished_.emplace(number, std::move(part));
-  if (speaking_ != number) return;
-  while (auto next = finished_.extract(speaking_)) {
+  if (turn_ != number) return;
+  while (auto next = finished_.extract(turn_)) {
     lock.unlock();
-    next.mapped()->speak();
+    next.mapped()->flushToWhole();
     lock.lock();
-    ++speaking_;
+    ++turn_;
     moved_.notify_all();
   }
 }
@@ -127,7 +127,7 @@ void Turns::finish(std::unique_ptr<Part> part) {
 }  // namespace
 
 void inTurn(Session& whole, std::size_t count, const std::function<void(Session& part, std::size_t number)>& act) {
-  constexpr std::size_t partsAhead = 16;  // of each thread; small parts are done in bursts
+  constexpr std::size_t partsAhead = 16;  // for each thread; small parts finish in bursts
   const std::size_t threads = std::min<std::size_t>(std::thread::hardware_concurrency(), count);
   if (threads <= 1) {
     for (std::size_t i = 0; i < count; ++i) act(whole, i);
@@ -145,7 +145,7 @@ void inTurn(Session& whole, std::size_t count, const std::function<void(Session&
   try {
     for (std::size_t i = 1; i < threads; ++i) others.emplace_back(work);
   } catch (const std::system_error&) {
-    // The system gives no more threads: those that are there do all the work.
+    // No more threads are available: the existing ones do all the work.
   }
   work();
 }

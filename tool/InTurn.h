@@ -6,11 +6,11 @@
 
 namespace VelkTool {
 
-/// Does the parts 0 to `count` - 1 of a run, on all processors. What each says to the session that it is given comes
-/// out in the order of the parts, as if one had followed the other.
+/// Runs the parts 0 to `count` - 1 on all processors. The output of each part, written to the session that it is given,
+/// appears in the order of the parts.
 ///
-/// A part that is ahead of its turn is held back once it has said about a megabyte; so memory does not grow with what
-/// is said. `act` is called on several threads at once.
+/// A part that is ahead of its turn waits once it has buffered about a megabyte, so that memory stays bounded. `act` is
+/// called on several threads at once.
 void inTurn(Session& whole, std::size_t count, const std::function<void(Session& part, std::size_t number)>& act);
 
 }  // namespace VelkTool

@@ -9,31 +9,34 @@
 #include "Images.h"
 #include "InTurn.h"
 #include "Numbers.h"
+#include "Plural.h"
 #include "Redaction.h"
 #include "velk/data/BlockDoubts.h"
 
 namespace VelkTool {
 namespace {
 
-void tellGaps(Session& session, const Input& input) {
+void reportGaps(Session& session, const Input& input) {
   constexpr std::size_t most = 4;
   const std::vector<Velk::ImageGap>& gaps = input.file.gaps;
   for (std::size_t i = 0; i < std::min(gaps.size(), most); ++i) {
-    session.complain(input.name, "offset " + offsetText(gaps[i].offset) + ": " + std::to_string(gaps[i].size) +
-                                     " bytes are not in the file, taken as erased");
+    session.complain(input.name, "offset " + offsetText(gaps[i].offset) + ": " +
+                                     counted(gaps[i].size, "byte is", "bytes are") +
+                                     " not in the file, taken as erased");
   }
-  if (gaps.size() > most) session.complain(input.name, std::to_string(gaps.size() - most) + " more gaps");
+  if (gaps.size() > most) session.complain(input.name, counted(gaps.size() - most, "more gap", "more gaps"));
 }
 
-/// Whether the image reaches to where the walk is to begin.
+/// Checks that the start of the walk lies in the image.
 bool reachesOffset(Session& session, const Input& input, std::uint64_t offset) {
   const auto size = static_cast<std::uint64_t>(input.file.bytes.size());
   if (offset == 0 || offset < size) return true;
-  session.complain(input.name, "offset " + offsetText(offset) + " is behind its " + std::to_string(size) + " bytes");
+  session.complain(input.name, "offset " + offsetText(offset) + " is past the end of the image, which has " +
+                                   counted(size, "byte", "bytes"));
   return false;
 }
 
-/// Complains of standard input where it is named again: there would be nothing left of it.
+/// Returns a check that rejects a second "-": standard input is empty by then.
 std::function<std::string(std::string&)> takeStandardInputOnce() {
   return [taken = false](const std::string& name) mutable -> std::string {
     return name == "-" && std::exchange(taken, true) ? "standard input can be read only once" : "";
@@ -62,15 +65,15 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   if (count != 0) files->expected(count)->allow_extra_args(false);
   addChoice<Velk::ImageFormat>(
       command, "--input", formats, [inputs](Velk::ImageFormat format) { inputs->format = format; },
-      "What the files are: raw dumps, Intel HEX or S-records; told by their contents unless given");
-  command.add_option("--offset", inputs->offset, "Where in the image the first block begins; 64 and 0x40 are the same")
+      "Format of the files: raw dump, Intel HEX or S-record; detected from the contents by default");
+  command.add_option("--offset", inputs->offset, "Offset of the first block in the image; 64 and 0x40 are the same")
       ->transform(plainNumber())
       ->type_name("N");
   command
       .add_option(
           "--sector-size", inputs->sectorSize,
-          "The image is a flash memory: each N bytes are a sequence of blocks of their own; auto takes N from where "
-          "blocks begin")
+          "Read the image as flash memory with sectors of N bytes, each a block sequence of its own; auto takes N from "
+          "the positions of blocks")
       ->transform(sectorSize())
       ->type_name("N|auto");
   return inputs;
@@ -85,7 +88,7 @@ Input readInput(const Inputs& inputs, const std::string& name) try {
   return {name, {.error = std::strerror(ENOMEM)}, Velk::MemoryImage(QByteArray())};
 }
 
-/// Does `act`; where memory ends, the file is given up and the run goes on.
+/// Calls `act`; if memory runs out, reports it for this file and lets the run continue.
 template <class Act>
 void unlessOutOfMemory(Session& session, const std::string& name, Act act) try {
   act();
@@ -101,7 +104,7 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return m
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
   const auto inputs = makeInputs(command, 0);
   command.add_flag("--redact", inputs->redacted,
-                   "Without what tells the module and its users from others, as velk redact does");
+                   "Redact data that identifies the module and its users, as velk redact does");
   return inputs;
 }
 
@@ -118,18 +121,19 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
     session.worsen(Exit::Findings);
   }
   if (input.hidden > 0) {
-    session.complain(name, std::to_string(input.hidden) + " bytes that cannot be interpreted are shown as zeros");
+    session.complain(name, counted(input.hidden, "byte that cannot be interpreted is shown as zero",
+                                   "bytes that cannot be interpreted are shown as zeros"));
     session.worsen(Exit::Findings);
   }
-  tellGaps(session, input);
+  reportGaps(session, input);
   if (!reachesOffset(session, input, inputs.offset)) session.worsen(Exit::Usage);
   return input;
 }
 
-void tellOf(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block) {
+void reportBlock(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block) {
   for (const std::string& doubt : Velk::doubtsAbout(block)) session.complain(file, placeText(block) + ": " + doubt);
   complainOf(session, file, block);
-  if (inputs.redacted) tellLeft(session, file, block);
+  if (inputs.redacted) reportLeft(session, file, block);
 }
 
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act) {

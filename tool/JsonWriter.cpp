@@ -17,7 +17,7 @@ void appendEscaped(std::string& to, Character character, std::string_view bytes)
     to += "\\n";
   } else if (character.code == '\t') {
     to += "\\t";
-  } else if (isControl(character.code)) {  // those above ASCII as well: the document may be shown on a terminal
+  } else if (isControl(character.code)) {  // C1 controls as well: the document may be shown on a terminal
     to += "\\u00";
     to += digits[character.code >> 4U];
     to += digits[character.code & 0xFU];
@@ -36,7 +36,7 @@ void appendEscapedText(std::string& to, std::string_view text) {
   }
 }
 
-/// Stands for itself in a string, as all characters of keys and most of texts do.
+/// Returns whether a character needs no escape.
 bool isPlain(char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; }
 
 }  // namespace

@@ -12,29 +12,28 @@
 
 namespace VelkTool {
 
-/// A text as JSON has it: in quotes, with escapes, and read as Latin-1 where it is not UTF-8.
+/// Returns the text as a JSON string, quoted and escaped. Invalid UTF-8 is read as Latin-1.
 std::string jsonText(std::string_view text);
 
-/// Writes one JSON document piece by piece, its members in the order in which they are given, without ever holding it
-/// whole.
+/// Writes one JSON document piece by piece, members in the order given, without holding it in memory.
 ///
-/// Commas, line breaks and escapes are the writer's; that every object and array is closed and every member has a key
-/// is the caller's. What it writes is valid UTF-8 whatever the texts are: a text that is not UTF-8 is taken as Latin-1.
+/// The writer places commas, line breaks and escapes. The caller closes every object and array and gives every member a
+/// key. The output is always valid UTF-8: text that is invalid UTF-8 is read as Latin-1.
 class JsonWriter {
  public:
   using Sink = std::function<void(std::string_view text)>;
   enum class Layout { Indented, OneLine };
 
-  /// Pieces of the text go to `sink`.
+  /// Passes the text to `sink` in pieces.
   explicit JsonWriter(Sink sink, Layout layout = Layout::Indented);
 
-  /// With Layout::OneLine the object or array stays on one line, with all in it.
+  /// Layout::OneLine keeps the object or array and its contents on one line.
   JsonWriter& beginObject(Layout layout = Layout::Indented) { return begin('{', layout); }
   JsonWriter& endObject() { return end('}'); }
   JsonWriter& beginArray(Layout layout = Layout::Indented) { return begin('[', layout); }
   JsonWriter& endArray() { return end(']'); }
   JsonWriter& key(std::string_view name);
-  /// The same for a short name that needs no escapes, as those of fields.
+  /// Writes a short key that needs no escapes, such as a field name.
   JsonWriter& plainKey(std::string_view name) {
     separate();
     char* at = room(name.size() + 4);
@@ -50,15 +49,15 @@ class JsonWriter {
   JsonWriter& value(std::string_view text);
   JsonWriter& value(const char* text) { return value(std::string_view(text)); }
   JsonWriter& value(bool truth) { return raw(truth ? "true" : "false"); }
-  /// The shortest decimal that reads back as the same number; null for infinities and NaN, which JSON lacks, and for
-  /// what no double can hold, on which readers differ.
+  /// Writes the shortest decimal that reads back as the same number; null for infinities, NaN and numbers outside the
+  /// range of double, which readers treat differently.
   template <class T>
   requires std::is_arithmetic_v<T> JsonWriter& value(T number) { return isWritable(number) ? digits(number) : null(); }
   JsonWriter& value(std::nullptr_t) { return null(); }
   JsonWriter& null() { return raw("null"); }
 
-  /// The elements of an array on one line. Numbers are written without anything of the writer changing from one to the
-  /// next: the fast way to many of them.
+  /// Writes the elements of an array on one line. Works on its own copy of the writer's position, which makes long rows
+  /// of numbers fast.
   class Row {
    public:
     template <class T>
@@ -100,7 +99,7 @@ class JsonWriter {
     bool needsComma_ = false;
   };
 
-  /// An array on one line; `fill` is called with its Row.
+  /// Writes an array on one line; calls `fill` with its Row.
   template <class Fill>
   JsonWriter& row(Fill fill) {
     beginArray(Layout::OneLine);
@@ -155,7 +154,7 @@ class JsonWriter {
     return *this;
   }
   bool isOnOneLine() const { return layout_ == Layout::OneLine || oneLineDepth_ != 0; }
-  /// Writes what has to stand before a key or a value.
+  /// Writes the separator that a key or value needs before it.
   void separate() {
     if (isOnOneLine()) {
       if (needsComma_) put(", ");
@@ -166,13 +165,13 @@ class JsonWriter {
     needsComma_ = true;
     afterKey_ = false;
   }
-  /// Where the text goes on, with room for that many characters, which are fewer than a piece has.
+  /// Returns the write position, with room for `count` characters; `count` is less than the size of a piece.
   char* room(std::size_t count) {
     if (piece_.size() - used_ < count) flush();
     return piece_.data() + used_;
   }
   void advanceTo(const char* end) { used_ = static_cast<std::size_t>(end - piece_.data()); }
-  /// Of characters for which there is room.
+  /// Requires room for the characters.
   void putUnchecked(std::string_view few) {
     std::memcpy(piece_.data() + used_, few.data(), few.size());
     used_ += few.size();
@@ -189,12 +188,12 @@ class JsonWriter {
 
   Sink sink_;
   Layout layout_;
-  std::array<char, 4096> piece_;  ///< what has not been handed on yet
+  std::array<char, 4096> piece_;  ///< not yet passed to the sink
   std::size_t used_ = 0;
   std::size_t depth_ = 0;
-  std::size_t oneLineDepth_ = 0;  ///< of the outermost object or array that is to stay on one line; 0: of none
-  bool needsComma_ = false;       ///< something stands before the next key or value in the same object or array
-  bool afterKey_ = false;         ///< the next value belongs to a key
+  std::size_t oneLineDepth_ = 0;  ///< depth of the outermost one-line object or array; 0: none
+  bool needsComma_ = false;       ///< the current object or array has an element already
+  bool afterKey_ = false;         ///< the next value follows a key
 };
 
 }  // namespace VelkTool

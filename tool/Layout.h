@@ -6,7 +6,7 @@
 
 namespace VelkTool {
 
-/// A section of Markdown that shows where the fields of a row's blocks lie, for someone who holds a dump.
+/// Returns a Markdown section with the offsets and types of the fields of a catalogue row.
 std::string layoutText(const Velk::CatalogueRow& row);
 
 }  // namespace VelkTool

@@ -7,18 +7,17 @@
 
 namespace VelkTool {
 
-/// Collects a text up to a limit of bytes and lines; the stream that fills it fails beyond that, which stops the
-/// printing.
+/// Collects text up to a limit of bytes and lines. A stream that writes past the limit fails, which stops the printing.
 class LimitedText : public std::streambuf {
  public:
-  /// What is printed of one block at the most.
+  /// The maximum text of one block, in bytes.
   static constexpr std::size_t limit = 4 * 1024 * 1024;
   static constexpr std::size_t anyNumber = ~std::size_t{0};
 
   explicit LimitedText(std::size_t lines = anyNumber) : linesLeft_(lines) {}
 
   bool full() const { return full_; }
-  /// What fitted, up to the last whole line where something did not.
+  /// Returns the collected text, cut after the last whole line if it was limited.
   std::string_view text() const {
     return full_ ? std::string_view(text_).substr(0, text_.rfind('\n') + 1) : std::string_view(text_);
   }
@@ -37,7 +36,7 @@ class LimitedText : public std::streambuf {
   }
 
  private:
-  /// How much of a text the lines allow that are left.
+  /// Returns how many characters of `text` the remaining lines allow.
   std::size_t inLines(std::string_view text) {
     if (linesLeft_ == anyNumber) return text.size();
     std::size_t end = 0;

@@ -14,14 +14,14 @@ bool consistsOf(std::string_view text, std::string_view digits) {
   return !text.empty() && text.find_first_not_of(digits) == text.npos;
 }
 
-/// The number that digits are; nothing where it is too large.
+/// Parses digits; nothing if the number is too large.
 std::optional<std::uint64_t> numberOf(std::string_view digits, int base) {
   std::uint64_t value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
   return error == std::errc{} ? std::optional(value) : std::nullopt;
 }
 
-/// "64 KB is 65536" of a size that is given in kilobytes or more; else nothing.
+/// Returns "64 KB is 65536" for a size with a unit of kilobytes or more; else nothing.
 std::string inBytes(std::string_view text) {
   const std::string_view digits = text.substr(0, text.find_first_not_of(decimalDigits));
   std::string unit;
@@ -37,7 +37,7 @@ std::string inBytes(std::string_view text) {
   return std::string(digits) + ' ' + "KMG"[prefix] + "B is " + std::to_string(*count << shift);
 }
 
-/// Why a text is no number, and what might be meant.
+/// Returns why a text is not a number, and what may be meant.
 std::string notANumber(const std::string& text) {
   std::string meant = inBytes(text);
   if (meant.empty()) meant = consistsOf(text, hexDigits) ? "0x" + text + " is one" : "64 and 0x40 are";
@@ -47,7 +47,7 @@ std::string notANumber(const std::string& text) {
 }  // namespace
 
 CLI::Validator plainNumber(std::uint64_t least, std::uint64_t most) {
-  // The parser itself would take 010 for eight.
+  // The parser itself reads 010 as octal.
   const auto rewrite = [least, most](std::string& text) -> std::string {
     const bool hexadecimal = text.starts_with("0x") || text.starts_with("0X");
     const bool negative = text.starts_with('-');

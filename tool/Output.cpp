@@ -16,7 +16,7 @@ bool refuse(Session& session, const std::string& file, const std::string& what) 
   return false;
 }
 
-/// Whether what is read for a change stays as it is.
+/// Refuses to overwrite a file that is read for the change.
 bool spares(Session& session, std::span<const std::string> others, const std::string& name, const char* refusal) {
   const auto hit = std::ranges::find_if(others, [&](const std::string& other) { return isSameFile(other, name); });
   return hit == others.end() || refuse(session, *hit, refusal);
@@ -39,7 +39,7 @@ bool Destination::keepBackup(Session& session) const {
 }
 
 void Destination::write(Session& session, const Velk::ImageFile& image, std::string_view report) const {
-  // Whoever reads the report may go before it ends; that must not stop the run between two steps.
+  // The reader of the report may close the pipe early. That must not stop the run halfway.
   std::signal(SIGPIPE, SIG_IGN);
   const QByteArray contents = Velk::encodeImage(image);
   if (!keepBackup(session)) return;
@@ -55,8 +55,8 @@ bool Destination::locate(Session& session) {
 }
 
 bool Destination::lock(Session& session) {
-  lock_ = Velk::FileLock(name_, [&] { session.complain(name_, "waits until another change is done"); });
-  if (lock_.error().empty()) return locate(session);  // another file may be there by now
+  lock_ = Velk::FileLock(name_, [&] { session.complain(name_, "waiting for another change to finish"); });
+  if (lock_.error().empty()) return locate(session);  // the file may have been replaced meanwhile
   session.complain(name_, lock_.error());
   session.worsen(Exit::NoAccess);
   return false;
@@ -68,10 +68,10 @@ bool Output::accepts(Session& session, const Destination& destination) const {
   const bool isPassing = target.kind == Kind::Descriptor || S_ISFIFO(target.status.st_mode);
   if (inPlace_ && isPassing) {
     const std::string what = input == "-" ? "standard input " : "";
-    return refuse(session, input, what + "cannot be changed in place; -o names a file for the result");
+    return refuse(session, input, what + "cannot be changed in place; use -o to name a file for the result");
   }
   if (!inPlace_ && isSameFile(input, destination.name_)) {
-    return refuse(session, input, "would be overwritten; --in-place does that");
+    return refuse(session, input, "would be overwritten; use --in-place to change it");
   }
   return true;
 }
@@ -102,7 +102,7 @@ std::optional<Destination> Output::open(Session& session, const std::string& inp
 
 std::shared_ptr<const Output> addOutputFile(CLI::App& command) {
   const auto output = std::make_shared<Output>();
-  command.add_option("-o,--output", output->file_, "The file to be written; - is standard output")
+  command.add_option("-o,--output", output->file_, "The file to write; - is standard output")
       ->type_name("OUT")
       ->required();
   return output;
@@ -111,13 +111,12 @@ std::shared_ptr<const Output> addOutputFile(CLI::App& command) {
 std::shared_ptr<const Output> addOutput(CLI::App& command) {
   const auto output = std::make_shared<Output>();
   CLI::Option_group* const where = command.add_option_group("Output", "Where the changed image goes");
-  where
-      ->add_option("-o,--output", output->file_,
-                   "The file to be written, in the format of the input; - is standard output")
+  where->add_option("-o,--output", output->file_, "The file to write, in the format of the input; - is standard output")
       ->type_name("OUT");
   CLI::Option* const inPlace = where->add_flag("--in-place", output->inPlace_, "Replace FILE");
   where->require_option(1);
-  command.add_flag("--backup", output->backup_, "Keep what FILE was as FILE.bak, which is replaced")->needs(inPlace);
+  command.add_flag("--backup", output->backup_, "Keep the old FILE as FILE.bak, replacing an older backup")
+      ->needs(inPlace);
   return output;
 }
 

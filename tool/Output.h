@@ -13,12 +13,12 @@
 
 namespace VelkTool {
 
-/// Where the changed image of one run goes. A file that is changed in place is locked from before it is read until it
-/// is written, so that of two changes at once none is lost.
+/// The destination of the changed image. A file that is changed in place stays locked from before it is read until it
+/// is written, so that concurrent changes are not lost.
 class Destination {
  public:
-  /// Writes the image in the container that it was read from, whole or not at all, and `report`, which says in lines
-  /// what has changed: on standard error where the image goes to a stream. A failure is reported and counted.
+  /// Writes the image in the format it was read in, as a whole or not at all, and `report`, the lines that describe the
+  /// changes; these go to standard error if the image goes to a stream. Reports and counts a failure.
   void write(Session& session, const Velk::ImageFile& image, std::string_view report) const;
 
  private:
@@ -36,12 +36,11 @@ class Destination {
   Velk::FileLock lock_{};
 };
 
-/// The options that say where a changed image goes: to another file, or over the one that was read, which may be kept
-/// beside it.
+/// The options for the destination of a changed image: another file, or the input itself, optionally with a backup.
 class Output {
  public:
-  /// The destination of an image that is read from `input`, changed by what `others` say. To be opened before any of
-  /// them is read, none of which is written over; what cannot be done is reported and counted.
+  /// Opens the destination of an image that is read from `input` and changed according to the files `others`. Call it
+  /// before reading any of them. Refuses to overwrite one of them. Reports and counts a failure.
   std::optional<Destination> open(Session& session, const std::string& input,
                                   std::span<const std::string> others = {}) const;
 
@@ -56,10 +55,10 @@ class Output {
   bool backup_ = false;
 };
 
-/// Adds -o, --in-place and --backup to a subcommand, one of the first two being required.
+/// Adds -o, --in-place and --backup to a subcommand; one of the first two is required.
 std::shared_ptr<const Output> addOutput(CLI::App& command);
 
-/// Adds -o, which is required, to a subcommand that never changes its input.
+/// Adds a required -o to a subcommand that never changes its input.
 std::shared_ptr<const Output> addOutputFile(CLI::App& command);
 
 }  // namespace VelkTool

@@ -7,7 +7,7 @@
 
 namespace VelkTool {
 
-void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
+void reportLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
   const Velk::RedactionReach reach = redactionReach(block);
   if (reach == Velk::RedactionReach::All) return;
   const char* const what = reach == Velk::RedactionReach::Nothing
@@ -39,11 +39,12 @@ std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image) {
   return hidden;
 }
 
-void redactImage(const Inputs& inputs, QByteArray& image, const std::function<void(const Redaction& redaction)>& tell) {
+void redactImage(const Inputs& inputs, QByteArray& image,
+                 const std::function<void(const Redaction& redaction)>& report) {
   const Velk::MemoryImage original(image, inputs.offset, inputs.sectorSize);
   auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
   for (const Velk::BlockView& block : original) {
-    tell({block, Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
+    report({block, Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
   }
 }
 

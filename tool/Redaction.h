@@ -9,23 +9,24 @@
 
 namespace VelkTool {
 
-/// What redaction did to one block.
+/// The result of redacting one block.
 struct Redaction {
   const Velk::BlockView& block;
-  std::vector<std::string> taken;  ///< the fields that held something
+  std::vector<std::string> taken;  ///< names of the fields that were not empty
 };
 
-/// Whether bytes may hold anything, since nothing says what they are: those of a block whose size is damaged, or of no
-/// block. Erased memory and zeros hold nothing.
+/// Returns whether the meaning of the bytes is unknown: those of a block with a damaged size, or of no block. Erased
+/// memory and zeros hold nothing.
 bool isUninterpreted(const Velk::BlockView& block);
 
-/// Redacts every block of an image in place; `tell` sees each block, as it was.
-void redactImage(const Inputs& inputs, QByteArray& image, const std::function<void(const Redaction& redaction)>& tell);
+/// Redacts every block of an image in place. Calls `report` for each block, with the block as it was.
+void redactImage(const Inputs& inputs, QByteArray& image,
+                 const std::function<void(const Redaction& redaction)>& report);
 
-/// Redacts an image that is shown and not written: uninterpreted bytes become zeros as well. Returns how many.
+/// Redacts an image for display: zeros uninterpreted bytes as well. Returns the number of these.
 std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image);
 
-/// Reports which bytes of a block redaction leaves because their meaning is unknown, and counts it.
-void tellLeft(Session& session, const std::string& name, const Velk::BlockView& block);
+/// Reports and counts the bytes of a block that redaction leaves because their meaning is unknown.
+void reportLeft(Session& session, const std::string& name, const Velk::BlockView& block);
 
 }  // namespace VelkTool

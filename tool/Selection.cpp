@@ -15,10 +15,15 @@ std::shared_ptr<Selection> makeSelection(CLI::App& command, const char* idDescri
       ->type_name("N")
       ->take_all()
       ->allow_extra_args(false);
-  command.add_option("--nth", selection->occurrence, "Of several blocks with the same id only the K-th, from 1")
+  command.add_option("--nth", selection->occurrence, "Only the K-th block of those with the same id, from 1")
       ->transform(plainNumber(1, 65536))
       ->type_name("K");
   return selection;
+}
+
+std::string blockText(const std::string& id, unsigned occurrence) {
+  const std::string number = occurrence == 0 ? "" : "no. " + std::to_string(occurrence) + ' ';
+  return "block " + number + "of " + id;
 }
 
 }  // namespace
@@ -43,7 +48,7 @@ bool Selection::isInVain() const {
 }
 
 std::shared_ptr<const Selection> addSelection(CLI::App& command) {
-  return makeSelection(command, "Only blocks of this id; may be given again");
+  return makeSelection(command, "Only blocks with this id; may be repeated");
 }
 
 std::shared_ptr<const Selection> addBlockSelection(CLI::App& command) {
@@ -69,20 +74,18 @@ void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
 }
 
 std::string noSuchBlock(int id, unsigned occurrence) {
-  const std::string number = occurrence == 0 ? "" : "no. " + std::to_string(occurrence) + ' ';
-  return "has no block " + number + "of id " + std::to_string(id);
+  return "has no " + blockText("id " + std::to_string(id), occurrence);
 }
 
-void tellMissing(Session& session, const Inputs& inputs, const Selection& selection) {
-  const auto tell = [&](const std::string& what) {
+void reportMissing(Session& session, const Inputs& inputs, const Selection& selection) {
+  const auto report = [&](const std::string& id) {
+    const std::string block = blockText(id, selection.occurrence);
     const bool single = inputs.files.size() == 1;
-    session.complain(single ? inputs.files.front() : "none of the files", what);
+    session.complain(single ? inputs.files.front() : "", single ? "has no " + block : "no file has a " + block);
     session.worsen(Exit::Findings);
   };
-  for (const int id : selection.missing()) tell(noSuchBlock(id, selection.occurrence));
-  if (selection.ids.empty() && !selection.isEverything() && selection.isInVain()) {
-    tell("has no id with " + std::to_string(selection.occurrence) + " blocks");
-  }
+  for (const int id : selection.missing()) report("id " + std::to_string(id));
+  if (selection.ids.empty() && !selection.isEverything() && selection.isInVain()) report("any id");
 }
 
 }  // namespace VelkTool

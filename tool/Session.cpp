@@ -25,7 +25,7 @@ void appendEscapes(std::string& to, std::string_view bytes) {
   }
 }
 
-/// Control characters are told by their bytes, but for tabs and `kept`. What is no UTF-8 counts byte for byte.
+/// Appends text with control characters escaped as \xNN, except tabs and `kept`. Invalid UTF-8 is handled per byte.
 void appendEscaped(std::string& to, std::string_view text, std::string_view kept) {
   while (!text.empty()) {
     const Character character = takeUtf8(text).value_or(Character{1, static_cast<unsigned char>(text.front())});
@@ -54,7 +54,7 @@ void WholeSession::write(std::string_view text) {
 
 bool WholeSession::flush() {
   putPending();
-  // Some file systems report only when a file is closed that there was no room.
+  // Some file systems report a full disk only on close.
   if (std::exchange(hasWritten_, false) && !outputLost_ && !Velk::Descriptor::duplicate(STDOUT_FILENO).close())
     loseOutput(errno);
   return !outputLost_;

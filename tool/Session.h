@@ -5,7 +5,7 @@
 
 namespace VelkTool {
 
-/// Exit codes, from good to bad; a run ends with the worst of all its files.
+/// Exit codes, from good to bad. A run ends with the worst of all its files.
 enum class Exit { Good = 0, Findings = 1, Usage = 2, NoAccess = 3 };
 
 struct ExitMeaning {
@@ -19,7 +19,7 @@ inline constexpr ExitMeaning exitMeanings[] = {
     {Exit::NoAccess, "a file could not be read or written"},
 };
 
-/// What a run has to say, or a part of it: output, complaints and how it ends. For one thread at a time.
+/// Takes the output, complaints and exit code of a run or a part of it. For one thread at a time.
 class Session {
  public:
   Session() = default;
@@ -27,12 +27,13 @@ class Session {
   Session& operator=(const Session&) = delete;
   virtual ~Session() = default;
 
-  /// Adds to standard output.
+  /// Writes to standard output.
   virtual void write(std::string_view text) = 0;
-  /// One line on standard error, behind all output so far; `file` is empty where it is about no file.
+  /// Writes one line to standard error, after all output so far; `file` is empty if the line concerns no file.
   virtual void complain(std::string_view file, std::string_view what) = 0;
+  /// Raises the exit code to at least `exit`.
   virtual void worsen(Exit exit) = 0;
-  /// Hands all output so far to the system; false where output was lost. A part of a run does that in its turn.
+  /// Flushes all output so far; returns false if output was lost. A part of a run is flushed in its turn.
   virtual bool flush() { return true; }
 };
 
@@ -41,13 +42,12 @@ class WholeSession final : public Session {
  public:
   WholeSession();
 
-  /// Output is written in large pieces. On a terminal control bytes are escaped, so that no image can play tricks on
-  /// it.
+  /// Writes in large pieces. Escapes control characters on a terminal, so that an image cannot send it commands.
   void write(std::string_view text) override;
   void complain(std::string_view file, std::string_view what) override;
   void worsen(Exit exit) override;
 
-  /// A failure is reported once and counts as Exit::NoAccess.
+  /// Reports a failure once and counts it as Exit::NoAccess.
   bool flush() override;
   int exitCode() const { return static_cast<int>(exit_); }
 

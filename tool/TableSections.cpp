@@ -17,7 +17,7 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
 }
 
-/// What stands behind "ID:" in a line, comments apart.
+/// Returns the name after "ID:" in a line, without comments.
 std::optional<std::string_view> nameIn(std::string_view line) {
   constexpr std::string_view key = "ID:";
   line = line.substr(0, line.find('#'));

@@ -10,25 +10,24 @@
 
 namespace VelkTool {
 
-/// An empty table of an id's class, or null where blocks of the id have no text form that is read back.
+/// Creates an empty table of the class of `id`; null if blocks with this id have no text form that can be read back.
 std::unique_ptr<Velk::HwTableBlock> makeExchangeTable(int id);
 
-/// Reads a text into a table; says in lines what the library's reader has to say of it and what it took for numbers
-/// that are none.
+/// Reads a text into a table. Returns the messages of the reader, a line each, including words that are not numbers.
 std::string readInto(Velk::HwTableBlock& table, const std::string& text);
 
-/// The bytes of a table that was read from a text, with what texts leave out taken from the block that it replaces: the
-/// labels of the rows.
+/// Returns the bytes of a table that was read from a text. Row labels, which texts omit, are taken from the block that
+/// it replaces.
 QByteArray replacementOf(const Velk::BlockView& block, Velk::HwTableBlock& table);
 
-/// One table in a text: the id of the table that its ID line names, and its lines.
+/// One table in a text: the id that its ID line names, and its lines.
 struct TableSection {
   unsigned short id;
   std::string text;
 };
 
-/// The tables in a text, in its order, each from its ID line to the next. The library's readers look for their names
-/// as parts of others and may read on into the next table; held to a section they cannot take one for another.
+/// Returns the tables in a text in order, each from its ID line to the next. The readers of the library also match
+/// their name inside a longer one and may read on into the next table; a section of its own prevents both.
 std::vector<TableSection> tableSections(std::string_view text);
 
 }  // namespace VelkTool

@@ -21,7 +21,7 @@ void writeTextReport(Session& session, const Inputs& inputs, std::string_view he
     if (inputs.files.size() > 1) part.write(input.name + ":\n");
     part.write(heading);
     bool isBroken = false;
-    std::string line;  // one for all: there may be very many
+    std::string line;  // reused: there may be very many blocks
     for (const Velk::BlockView& block : input.image) {
       line.clear();
       lineOf(line, block);

@@ -6,11 +6,11 @@
 
 namespace VelkTool {
 
-/// Appends what a report says of a block, with the end of the line.
+/// Appends the line of a report about a block, including the line break.
 using LineOf = void (*)(std::string& text, const Velk::BlockView& block);
 
-/// Writes one line for each block of the inputs, for people: below the heading, and where there are several files,
-/// below the file's name. `visit` sees each block behind its line.
+/// Writes one line of text for each block of the inputs, after the heading and, with several files, the file name.
+/// Calls `visit` for each block after its line.
 void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, LineOf lineOf,
                      const BlockVisitor& visit);
 

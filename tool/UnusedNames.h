@@ -5,14 +5,14 @@
 
 namespace VelkTool {
 
-/// Tells equal names apart: the second and those after it go on with ~2, ~3 and so on. No name is given twice, whatever
-/// the names themselves end with.
+/// Makes names unique: appends ~2, ~3 and so on to repeated names. Never returns a name twice, whatever the names
+/// themselves end with.
 class UnusedNames {
  public:
   std::string take(const std::string& name) {
     const auto [entry, isNew] = given_.try_emplace(name, 1U);
     if (isNew) return name;
-    unsigned& last = entry->second;  // stays in its place when the map grows
+    unsigned& last = entry->second;  // stays valid when the map grows
     std::string numbered;
     do {
       numbered = name + '~' + std::to_string(++last);
@@ -22,7 +22,7 @@ class UnusedNames {
 
  private:
   std::unordered_map<std::string, unsigned>
-      given_;  ///< each name, and the last number that was tried behind it, so that none is tried twice
+      given_;  ///< each name and the last number appended to it, so that none is tried twice
 };
 
 }  // namespace VelkTool

@@ -14,19 +14,19 @@ bool isGroup(const CLI::App* part) { return part->get_name().empty(); }
 
 std::vector<const CLI::App*> groupsOf(const CLI::App& command) { return command.get_subcommands(isGroup); }
 
-/// The options and arguments of a command, those in groups among them.
+/// Returns the options and arguments of a command, including those in groups.
 Options optionsOf(const CLI::App& command) {
   Options options = command.get_options();
   for (const CLI::App* const group : groupsOf(command)) {
     const Options more = optionsOf(*group);
     options.insert(options.end(), more.begin(), more.end());
   }
-  // A group has a --help of its own, which is in nobody's way.
+  // Every group has its own --help, which is not an option of the command.
   if (isGroup(&command)) std::erase(options, command.get_help_ptr());
   return options;
 }
 
-/// How a command, and what it takes, is called.
+/// Returns the full name of a command, such as "table export".
 std::string nameOf(const CLI::App& command) {
   const CLI::App* const parent = command.get_parent();
   if (parent == nullptr) return "";
@@ -34,7 +34,7 @@ std::string nameOf(const CLI::App& command) {
   return above + (above.empty() ? "" : " ") + command.get_name();
 }
 
-/// As it is typed: "FILE", "--id N".
+/// Returns an option as it is typed: "FILE", "--id N".
 std::string usageOf(const CLI::Option& option) {
   const std::string value = option.get_items_expected_max() == 0 ? "" : option.get_type_name();
   return option.get_name() + (option.get_positional() || value.empty() ? "" : " " + value);
@@ -44,13 +44,13 @@ std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
 std::string helpOn(const std::string& command) { return quoted("velk help" + (command.empty() ? "" : " " + command)); }
 
-/// The command that the line has come to.
+/// Returns the innermost command that was parsed.
 const CLI::App& lastCommand(const CLI::App& app) {
   const std::vector<CLI::App*> parsed = app.get_subcommands();
   return parsed.empty() ? app : lastCommand(*parsed.front());
 }
 
-/// The first word that a command does not know; empty where it knows all.
+/// Returns the first word that a command does not know; empty if it knows all.
 std::string firstUnknown(const CLI::App& command) {
   for (const std::string& word : command.remaining()) {
     if (word != "--") return word;
@@ -64,13 +64,13 @@ UsageError unknownOption(const CLI::App& command, const std::string& word) {
       command.get_subcommands([](const CLI::App* part) { return !isGroup(part); });
   const bool isBelow =
       std::ranges::any_of(below, [&](const CLI::App* part) { return part->get_option_no_throw(option) != nullptr; });
-  if (isBelow) return {nameOf(command), "option " + quoted(option) + " comes after the command that it is for"};
+  if (isBelow) return {nameOf(command), "option " + quoted(option) + " must follow its command"};
   std::vector<std::string> names;
   for (const CLI::Option* const known : optionsOf(command)) {
     for (const std::string& name : known->get_lnames()) names.push_back("--" + name);
     for (const std::string& name : known->get_snames()) names.push_back("-" + name);
   }
-  return {nameOf(command), noSuchName("option", option, names, nameOf(command))};
+  return {nameOf(command), unknownName("option", option, names, nameOf(command))};
 }
 
 UsageError unknownWord(const CLI::App& command, const std::string& word) {
@@ -79,7 +79,7 @@ UsageError unknownWord(const CLI::App& command, const std::string& word) {
   for (const CLI::App* const part : command.get_subcommands([](const CLI::App* part) { return !isGroup(part); })) {
     commands.push_back(part->get_name());
   }
-  if (!commands.empty()) return {nameOf(command), noSuchName("command", word, commands, nameOf(command))};
+  if (!commands.empty()) return {nameOf(command), unknownName("command", word, commands, nameOf(command))};
   std::string arguments;
   for (const CLI::Option* const option : optionsOf(command)) {
     for (int i = 0; option->get_positional() && i < option->get_items_expected_max(); ++i) {
@@ -87,10 +87,10 @@ UsageError unknownWord(const CLI::App& command, const std::string& word) {
     }
   }
   return {nameOf(command),
-          quoted(word) + " is one argument too many; it takes" + (arguments.empty() ? " no arguments" : arguments)};
+          "unexpected argument " + quoted(word) + "; it takes" + (arguments.empty() ? " no arguments" : arguments)};
 }
 
-/// Of options of which one has to be given, and only one, none or several are.
+/// Returns the error of a group of options of which exactly one is required; empty if there is none.
 std::string wrongChoice(const CLI::App& group) {
   std::string text;
   std::size_t given = 0;
@@ -98,10 +98,10 @@ std::string wrongChoice(const CLI::App& group) {
     text += (text.empty() ? "" : " or ") + usageOf(*option);
     given += option->count() > 0 ? 1 : 0;
   }
-  return given == 0 ? text + " is missing" : given == 1 ? "" : text + " is taken, not both";
+  return given == 0 ? text + " is missing" : given == 1 ? "" : text + " can be given, not both";
 }
 
-/// What a command needs and was not given, or must not be given with another; empty where there is nothing.
+/// Returns which required option is missing, or which one conflicts with another; empty if none.
 std::string missingOf(const CLI::App& command) {
   if (command.get_require_subcommand_min() > 0 && command.get_subcommands().empty()) return "no command is given";
   for (const CLI::Option* const option : optionsOf(command)) {
@@ -114,20 +114,21 @@ std::string missingOf(const CLI::App& command) {
   for (const CLI::Option* const option : optionsOf(command)) {
     for (const CLI::Option* const needed : option->get_needs()) {
       const bool lacks = option->count() > 0 && needed->count() == 0;
-      if (lacks) return usageOf(*option) + " is taken with " + usageOf(*needed) + " only";
+      if (lacks) return usageOf(*option) + " requires " + usageOf(*needed);
     }
   }
   return {};
 }
 
-/// What is wrong with how often an option or argument is given, or with its value: the parser begins with its name.
+/// Returns the error in the number of occurrences or the value of an option. The parser's message begins with its name.
 std::string wrongValue(const CLI::Option& option, const CLI::ParseError& error) {
   const std::string given = std::to_string(option.count());
   if (error.get_name() == "ValidationError") return std::string(error.what()).substr(option.get_name().size() + 2);
   if (option.get_items_expected_max() == 0) return "takes no value";
   const auto most = static_cast<std::size_t>(option.get_items_expected_max());
-  if (option.count() > most) return "is given " + given + " times and can be given once";
-  if (option.get_positional()) return given + " is given, " + std::to_string(most) + " are needed";
+  if (option.count() > most) return "is given " + given + " times, but may be given once only";
+  if (option.get_positional())
+    return std::to_string(most) + " are required, " + given + (option.count() == 1 ? " is given" : " are given");
   return "no value is given; it takes " + option.get_type_name();
 }
 
@@ -145,16 +146,16 @@ UsageError usageError(const CLI::App& app, const CLI::ParseError& error) {
     if (text.starts_with(start)) return {option->get_name(), wrongValue(*option, error)};
   }
   const std::string missing = missingOf(command);
-  return {nameOf(command), (missing.empty() ? "cannot be understood" : missing) + "; " + helpOn(nameOf(command)) +
-                               (missing == "no command is given" ? " lists them" : " tells what it takes")};
+  return {nameOf(command), (missing.empty() ? "invalid command line" : missing) + "; " + helpOn(nameOf(command)) +
+                               (missing == "no command is given" ? " lists them" : " shows its usage")};
 }
 
-std::string noSuchName(const std::string& kind, const std::string& name, const std::vector<std::string>& names,
-                       const std::string& command) {
+std::string unknownName(const std::string& kind, const std::string& name, const std::vector<std::string>& names,
+                        const std::string& command) {
   const std::size_t nearEnough = name.size() / 3;
   const std::string_view nearest = Velk::detail::nearestName(name, names, nearEnough);
   const std::string hint = nearest.empty() ? helpOn(command) + " lists them" : "the nearest is " + std::string(nearest);
-  return "no " + kind + ' ' + quoted(name) + "; " + hint;
+  return "unknown " + kind + ' ' + quoted(name) + "; " + hint;
 }
 
 }  // namespace VelkTool

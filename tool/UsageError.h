@@ -6,20 +6,19 @@
 
 namespace VelkTool {
 
-/// What is wrong with a command line: the command, option or argument that it is about, empty for velk itself, and what
-/// was given and would be taken.
+/// An error in the command line: the command, option or argument that it concerns (empty for velk itself), and what was
+/// given and what is accepted.
 struct UsageError {
   std::string place;
   std::string what;
 };
 
-/// What the parser's complaint comes down to. The first word that nobody knows goes before all else: a mistyped one
-/// leaves another missing.
+/// Translates an error of the parser. An unknown word takes precedence: a mistyped one leaves another missing.
 UsageError usageError(const CLI::App& app, const CLI::ParseError& error);
 
-/// "no command "lsit"; the nearest is list", where one of the names is near, else where they are listed: by "velk help"
-/// and `command`.
-std::string noSuchName(const std::string& kind, const std::string& name, const std::vector<std::string>& names,
-                       const std::string& command);
+/// Returns `unknown command "lsit"; the nearest is list` if a name is near, else where the names are listed: by
+/// "velk help" and `command`.
+std::string unknownName(const std::string& kind, const std::string& name, const std::vector<std::string>& names,
+                        const std::string& command);
 
 }  // namespace VelkTool

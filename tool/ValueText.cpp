@@ -6,7 +6,7 @@
 namespace VelkTool {
 namespace {
 
-/// The bytes of a value, as " (41 00 42)".
+/// Formats the bytes of a value as " (41 00 42)".
 std::string bytesText(const Velk::BlockView& block, const std::optional<Velk::FieldElement>& element) {
   std::string text;
   if (!element || !element->isInside(block.bytes.size())) return text;
@@ -16,13 +16,19 @@ std::string bytesText(const Velk::BlockView& block, const std::optional<Velk::Fi
   return ' ' + text + ')';
 }
 
+/// Formats a unit as " dB"; one that begins with a number, such as 1/10000, goes in parentheses.
+std::string unitText(std::string_view unit) {
+  if (unit.empty()) return {};
+  const bool isStep = unit.front() >= '0' && unit.front() <= '9';
+  return isStep ? " (" + std::string(unit) + ')' : ' ' + std::string(unit);
+}
+
 }  // namespace
 
 std::string valueText(Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form) {
   std::string text = fieldText(block, element, form);
   if (element.field->kind == Velk::FieldKind::Text) return jsonText(text);
-  const char* const unit = element.field->unit;
-  if (form == Velk::ValueForm::Presented && *unit != '\0') text.append(" ").append(unit);
+  if (form == Velk::ValueForm::Presented) text += unitText(element.field->unit);
   return text;
 }
 

@@ -15,7 +15,7 @@ using Velk::Difference;
 using Velk::FieldElement;
 using Velk::ValueForm;
 
-/// Where the two sides of a comparison are told.
+/// Writes the result of a comparison.
 class DiffWriter {
  public:
   DiffWriter() = default;
@@ -32,7 +32,7 @@ class DiffWriter {
 
 const BlockView& either(const BlockPair& pair) { return pair.first != nullptr ? *pair.first : *pair.second; }
 
-/// "IDENT_2 (id 2)"; of several blocks of an id, which.
+/// Returns "IDENT_2 (id 2)"; with " no. 2" for the second block with an id.
 std::string title(const BlockPair& pair) {
   const BlockView& block = either(pair);
   std::string text = Velk::blockName(block);
@@ -127,7 +127,7 @@ std::vector<BlockView> blocksOf(Session& session, const Input& input) {
   return blocks;
 }
 
-/// Whether something differs.
+/// Writes all differences; returns whether there are any.
 bool compare(const std::vector<BlockView>& first, const std::vector<BlockView>& second, DiffWriter& writer) {
   bool differs = false;
   for (const BlockPair& pair : Velk::pairBlocks(first, second)) {
@@ -167,13 +167,12 @@ void runDiff(Session& session, const Inputs& inputs, bool asJson) {
 }  // namespace
 
 void addDiff(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("diff", "What differs between two images, field by field");
+  CLI::App* const command = app.add_subcommand("diff", "Compare two images field by field");
   const auto inputs = addInputs(*command, 2);
   const auto json = addJson(*command);
   command->footer(
-      "Blocks are matched by their id and their order among those of the same id. Exits with 1 when something "
-      "differs;\n"
-      "damage is told on standard error.\n\nExample:\n  velk diff before.bin after.bin");
+      "Blocks are matched by id and by order among those with the same id. The exit code is 1 if something differs.\n"
+      "Damage is reported on standard error.\n\nExample:\n  velk diff before.bin after.bin");
   command->callback([&session, inputs, json] { runDiff(session, *inputs, *json); });
 }
 

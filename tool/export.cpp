@@ -8,6 +8,7 @@
 #include "Files.h"
 #include "Images.h"
 #include "JsonReport.h"
+#include "Plural.h"
 #include "Selection.h"
 #include "UnusedNames.h"
 
@@ -31,17 +32,17 @@ void writeJson(Session& session, const Inputs& inputs, const Selection& selectio
     json.key("fields");
     writeData(json, data, Velk::ValueForm::Presented);
     writeDataNotes(json, data, options.stored);
-    tellOf(part, inputs, input.name, block);
+    reportBlock(part, inputs, input.name, block);
   });
 }
 
-std::string folderThatIsThere(const std::string& path) {
+std::string existingFolder(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_directory(path, error) ? ""
-                                                    : (path.empty() ? "\"\"" : path) + " is no folder that is there";
+                                                    : (path.empty() ? "\"\"" : path) + " is not an existing folder";
 }
 
-/// Writes each block's tables to files of their own, or the only table there is to standard output.
+/// Writes each table to a file of its own, or a single table to standard output.
 class CsvExporter {
  public:
   CsvExporter(Session& session, const Inputs& inputs, const Selection& selection, const Export& options)
@@ -59,7 +60,7 @@ class CsvExporter {
   }
 
  private:
-  /// The end block is a table only for whoever asks for it.
+  /// Skips the end block unless its id is requested.
   bool isWanted(const BlockView& block) const { return block.kind != Velk::BlockKind::End || !selection_.ids.empty(); }
 
   bool hasOneTable(const Input& input) {
@@ -68,9 +69,10 @@ class CsvExporter {
       if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
     });
     if (tables == 1 && inputs_.files.size() == 1) return true;
-    std::string what = "gives " + std::to_string(tables) + " tables; -o names a folder for them, ";
-    what += inputs_.files.size() > 1 ? "as for those of several files" : "--id and --nth choose a block";
-    session_.complain(input.name, what);
+    const char* const advice = inputs_.files.size() > 1
+                                   ? "; use -o to name a folder for the tables of several files"
+                                   : "; use -o to name a folder for them, or --id and --nth to choose a block";
+    session_.complain(input.name, "has " + counted(tables, "table", "tables") + advice);
     session_.worsen(Exit::Usage);
     return false;
   }
@@ -91,10 +93,10 @@ class CsvExporter {
         writeFile(session_, options_.folder + '/' + names_.take(name) + ".csv", contents);
       }
     }
-    tellOf(session_, inputs_, input.name, block);
+    reportBlock(session_, inputs_, input.name, block);
   }
 
-  /// A file's name without its folder and ending.
+  /// Returns a file name without its folder and extension.
   static std::string stem(const std::string& path) {
     if (path == "-") return "stdin";
     const std::string name = path.substr(path.find_last_of('/') + 1);
@@ -113,40 +115,40 @@ class CsvExporter {
   const Inputs& inputs_;
   const Selection& selection_;
   const Export& options_;
-  UnusedNames names_;  ///< images from different folders may have the same name
+  UnusedNames names_;  ///< images in different folders may have the same name
 };
 
 }  // namespace
 
 void addExport(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("export", "The fields and tables of blocks as JSON or CSV");
+  CLI::App* const command = app.add_subcommand("export", "Export the fields and tables of blocks as JSON or CSV");
   const auto inputs = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto options = std::make_shared<Export>();
   addChoice<Format>(
       *command, "--format", {{"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}},
       [options](Format chosen) { options->format = chosen; },
-      "One JSON document (as without it), a line of JSON for each block, or a table for each block");
-  command->add_flag("--stored", options->stored, "Also the stored numbers where scaled ones are shown");
+      "One JSON document (the default), one line of JSON per block, or one CSV table per block");
+  command->add_flag("--stored", options->stored, "Also export the stored numbers of scaled values");
   command
-      ->add_option("-o,--output", options->folder,
-                   "The folder for CSV files; one table alone may go to standard output")
-      ->check(CLI::Validator(folderThatIsThere, ""))
+      ->add_option("-o,--output", options->folder, "The folder for CSV files; a single table may go to standard output")
+      ->check(CLI::Validator(existingFolder, ""))
       ->type_name("DIR");
   command->footer(
-      "Lists and tables end with the elements in use. Damaged blocks are exported too, and told on standard error.\n\n"
+      "Lists, rows and columns that have a count end with the elements in use; those without one are exported whole.\n"
+      "Damaged blocks are exported too, and reported on standard error.\n\n"
       "Examples:\n  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
       "  velk export --format jsonl fleet/*.bin > fleet.jsonl");
   command->callback([&session, inputs, selection, options] {
     if (!options->folder.empty() && options->format != Format::Csv) {
-      throw CLI::ValidationError("--output", "is for CSV; JSON goes to standard output");
+      throw CLI::ValidationError("--output", "applies to CSV only; JSON goes to standard output");
     }
     if (options->format != Format::Csv) {
       writeJson(session, *inputs, *selection, *options);
     } else {
       CsvExporter(session, *inputs, *selection, *options).exportAll();
     }
-    tellMissing(session, *inputs, *selection);
+    reportMissing(session, *inputs, *selection);
   });
 }
 

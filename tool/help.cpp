@@ -20,8 +20,8 @@ void writeHelp(const CLI::App& app, Session& session, const std::vector<std::str
   for (const std::string& word : words) {
     const std::vector<std::string> names = namesBelow(*command);
     if (std::ranges::find(names, word) == names.end()) {
-      session.complain(above, names.empty() ? "has no commands, such as \"" + word + '"'
-                                            : noSuchName("command", word, names, above));
+      session.complain(above, names.empty() ? "has no subcommands, but \"" + word + "\" is given"
+                                            : unknownName("command", word, names, above));
       return session.worsen(Exit::Usage);
     }
     command = command->get_subcommand(word);
@@ -34,9 +34,9 @@ void writeHelp(const CLI::App& app, Session& session, const std::vector<std::str
 }  // namespace
 
 void addHelp(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("help", "What a command does and takes, as its --help");
+  CLI::App* const command = app.add_subcommand("help", "Show the help of a command, as its --help does");
   const auto words = std::make_shared<std::vector<std::string>>();
-  command->add_option("COMMAND", *words, "The command; without it, all are listed")
+  command->add_option("COMMAND", *words, "The command; all are listed if omitted")
       ->type_name(CLI::detail::join(namesBelow(app), "|"));
   command->footer("Examples:\n  velk help export\n  velk help table import");
   command->callback([&app, &session, words] { writeHelp(app, session, *words); });

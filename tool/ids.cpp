@@ -35,11 +35,12 @@ void writeLayouts(Session& session, std::span<const Velk::CatalogueRow> rows) {
 }  // namespace
 
 void addIds(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("ids", "Every block id that is known: its class, key and size");
+  CLI::App* const command = app.add_subcommand("ids", "List every known block id with its class, key and size");
   const auto layout = std::make_shared<bool>(false);
-  command->add_flag("--layout", *layout, "Where the fields of each block lie, as Markdown");
+  command->add_flag("--layout", *layout, "Show the field offsets of each block, as Markdown");
   command->footer(
-      "A + behind a size: blocks may be longer.\n\nExamples:\n  velk ids | grep -i ident\n  velk ids --layout");
+      "A + after a size means that blocks may be longer.\n\nExamples:\n  velk ids | grep -i ident\n  velk ids "
+      "--layout");
   command->callback([&session, layout] {
     const auto write = *layout ? writeLayouts : writeRows;
     write(session, Velk::dictionaryRows());

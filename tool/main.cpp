@@ -20,7 +20,8 @@ std::string exitCodes() {
   return text + '.';
 }
 
-/// The arguments as the parser takes them, the last first. A file "[name]" gets its folder, or would count as a list.
+/// Returns the arguments as the parser expects them, last first. Prefixes "[name]" with "./", or it would be parsed as
+/// a list.
 std::vector<std::string> argumentsOf(int argc, char** argv) {
   std::vector<std::string> arguments;
   for (int i = argc - 1; i > 0; --i) {
@@ -31,8 +32,8 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
   return arguments;
 }
 
-/// Says what is wrong with the command line, or what was asked for.
-void tell(VelkTool::Session& session, const CLI::App& app, const CLI::ParseError& error) {
+/// Reports a usage error, or prints the requested help or version.
+void report(VelkTool::Session& session, const CLI::App& app, const CLI::ParseError& error) {
   if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
     app.exit(error);
     if (!std::cout.flush()) session.worsen(VelkTool::Exit::NoAccess);
@@ -43,8 +44,8 @@ void tell(VelkTool::Session& session, const CLI::App& app, const CLI::ParseError
   session.worsen(VelkTool::Exit::Usage);
 }
 
-/// What a process may lack that was started carelessly: a standard stream that is closed would be the number of the
-/// next file that is opened, and a file that becomes too large would end the run.
+/// Opens closed standard streams, or the next opened file would take their number, and ignores SIGXFSZ, so that a file
+/// that grows too large is an error and does not end the run.
 void prepareProcess() {
   for (int stream = 0; stream <= 2; ++stream) {
     if (fcntl(stream, F_GETFD) < 0) static_cast<void>(open("/dev/null", (stream == 0 ? O_WRONLY : O_RDONLY)));
@@ -57,18 +58,16 @@ void prepareProcess() {
 int main(int argc, char** argv) {
   using namespace VelkTool;
   prepareProcess();
-  // What the library has to say of a damaged block the command says itself, with file and offset.
+  // The command reports damaged blocks itself, with file and offset.
   Velk::Console::redirect([](Velk::Console::Stream, std::string_view) {});
 
-  CLI::App app(
-      "Looks into the memory images of instrument modules: lists, checks, prints, exports and changes their "
-      "datablocks.",
-      "velk");
+  CLI::App app("Lists, checks, prints, exports and changes the datablocks in memory images of instrument modules.",
+               "velk");
   app.set_version_flag("--version", "velk " VELK_VERSION);
   app.require_subcommand(1);
   app.option_defaults()->disable_flag_override();
   app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
-             exitCodes() + "\n\"velk COMMAND --help\" tells more and shows an example.");
+             exitCodes() + "\nSee \"velk COMMAND --help\" for details and examples.");
 
   WholeSession session;
   addList(app, session);
@@ -87,9 +86,9 @@ int main(int argc, char** argv) {
   try {
     app.parse(argumentsOf(argc, argv));
   } catch (const CLI::ParseError& error) {
-    tell(session, app, error);
+    report(session, app, error);
   } catch (const std::bad_alloc&) {
-    std::fputs("velk: there is not enough memory to go on\n", stderr);
+    std::fputs("velk: out of memory\n", stderr);
     session.worsen(Exit::NoAccess);
   }
   session.flush();

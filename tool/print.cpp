@@ -61,7 +61,7 @@ class Printer {
       session_.complain(file, placeText(block) + ": the text is cut " + where);
       session_.worsen(Exit::Findings);
     }
-    tellOf(session_, inputs_, file, block);
+    reportBlock(session_, inputs_, file, block);
   }
 
  private:
@@ -122,7 +122,7 @@ void addPrint(CLI::App& app, Session& session) {
     forEachInput(session, *inputs, [&](const Input& input) {
       forEachBlock(input.image, *selection, [&](const BlockView& block) { printer.print(input.name, block); });
     });
-    tellMissing(session, *inputs, *selection);
+    reportMissing(session, *inputs, *selection);
   });
 }
 

@@ -19,15 +19,15 @@ using Velk::DumpView;
 using Velk::MemoryImage;
 
 struct Rescue {
-  std::uint64_t size = 0;  ///< of the image that is written; 0: that of the longest dump
+  std::uint64_t size = 0;  ///< of the written image; 0: the size of the longest dump
   std::string preferred{};
 };
 
-/// One sequence of blocks in every dump: a sector, or the whole memory.
+/// One block sequence in every dump: a sector, or the whole memory.
 struct Stretch {
   std::uint64_t start = 0;
   std::uint64_t size = 0;
-  std::deque<MemoryImage> images{};  ///< of every dump
+  std::deque<MemoryImage> images{};  ///< one for each dump
   Velk::Recovery recovery{};
 };
 
@@ -51,8 +51,8 @@ class Recoverer {
       if (!laidOut) return refuseForRoom(stretch);
       image += *laidOut;
     }
-    if (conflicts_ > 0) return refuse("nothing is written; --prefer DUMP says which dump is right");
-    if (isEmpty_) return refuse("holds no sound block; nothing is written");
+    if (conflicts_ > 0) return refuse("nothing is written; use --prefer DUMP to choose the dump that is right");
+    if (isEmpty_) return refuse("has no sound block; nothing is written");
     Velk::ImageFile& first = dumps_.front().file;
     first.bytes = image;
     first.gaps.clear();
@@ -76,13 +76,13 @@ class Recoverer {
     const auto found = std::ranges::find(inputs_.files, rescue_.preferred);
     if (found != inputs_.files.end()) return static_cast<std::size_t>(found - inputs_.files.begin());
     if (!rescue_.preferred.empty()) {
-      session_.complain("--prefer", rescue_.preferred + " is none of the dumps");
+      session_.complain("--prefer", rescue_.preferred + " is not one of the dumps");
       session_.worsen(Exit::Usage);
     }
     return std::nullopt;
   }
 
-  /// False where not all can be read: what is missing would seem lost.
+  /// Reads all dumps. Fails if one cannot be read, since its blocks would be reported as lost.
   bool readDumps() {
     for (const std::string& name : inputs_.files) {
       dumps_.push_back(openInput(session_, inputs_, name));
@@ -97,7 +97,7 @@ class Recoverer {
     return static_cast<std::uint64_t>(size);
   }
 
-  /// Of the longest dump; the others end earlier.
+  /// Divides the memory, as long as the longest dump, into sequences.
   std::vector<Stretch> stretches() const {
     const std::uint64_t size = rescue_.size != 0 ? rescue_.size : longest();
     const std::uint64_t sector = dumps_.front().image.sectorSize();
@@ -174,20 +174,21 @@ class Recoverer {
 
 void addRecover(CLI::App& app, Session& session) {
   CLI::App* const command =
-      app.add_subcommand("recover", "Writes a clean image of all sound blocks of dumps of one memory");
+      app.add_subcommand("recover", "Write a clean image of all sound blocks found in dumps of one memory");
   const auto inputs = addInputs(*command);
   const auto rescue = std::make_shared<Rescue>();
-  command->add_option("--size", rescue->size, "The size of the image; that of the longest dump unless given")
+  command->add_option("--size", rescue->size, "The size of the image; by default that of the longest dump")
       ->transform(plainNumber(1))
       ->type_name("N");
   command->add_option("--prefer", rescue->preferred, "The dump that is right where two differ")->type_name("DUMP");
   const auto output = addOutputFile(*command);
   command->footer(
-      "The blocks follow one another, an end block follows them, and the rest is erased. With --sector-size that is\n"
-      "done in each sector. A block that is sound in one of several dumps is sound in the image. Where two dumps hold\n"
-      "different sound blocks at one place, both are shown and nothing is written. What is sound in no dump is "
-      "reported\n"
-      "as lost, with exit code 1. The dumps are never written to.\n\n"
+      "The image has the blocks in sequence, then an end block, then erased memory; with --sector-size in each "
+      "sector.\n"
+      "A block that is sound in one of several dumps is sound in the image. If two dumps have different sound blocks\n"
+      "at one place, both are shown and nothing is written. Bytes that are sound in no dump are reported as lost, "
+      "with\n"
+      "exit code 1. The dumps are never written to.\n\n"
       "Examples:\n  velk recover dirty.bin -o clean.bin\n  velk recover first.bin second.bin --prefer second.bin -o "
       "clean.bin");
   command->callback([&session, inputs, rescue, output] { Recoverer(session, *inputs, *rescue).run(*output); });

@@ -2,6 +2,7 @@
 #include "Images.h"
 #include "Inputs.h"
 #include "Output.h"
+#include "Plural.h"
 #include "Redaction.h"
 
 namespace VelkTool {
@@ -17,23 +18,24 @@ class Redactor {
     if (!destination) return;
     Input input = openInput(session_, inputs_, name_);
     if (!input.file.error.empty()) return;
-    tellUnseen(input);
+    reportUnseen(input);
     redact(input);
     if (unseen_ && !force_) {
-      session_.complain(name_, "what velk cannot look into may hold anything; nothing is written without --force");
+      session_.complain(name_,
+                        "bytes that cannot be interpreted may hold anything; nothing is written without --force");
       return session_.worsen(Exit::NoAccess);
     }
     destination->write(session_, input.file, taken_);
   }
 
  private:
-  void tellUnseen(const Input& input) {
+  void reportUnseen(const Input& input) {
     unseen_ = !input.file.warning.empty();
     if (inputs_.offset == 0) return;
-    tellUnseen("the bytes before offset " + offsetText(inputs_.offset) + " were not looked into");
+    reportUnseen("the bytes before offset " + offsetText(inputs_.offset) + " were not examined");
   }
 
-  void tellUnseen(const std::string& what) {
+  void reportUnseen(const std::string& what) {
     session_.complain(name_, what);
     session_.worsen(Exit::Findings);
     unseen_ = true;
@@ -47,12 +49,12 @@ class Redactor {
       }
       tellFindings(session_, name_, block);
       if (isUninterpreted(block)) {
-        tellUnseen(placeText(block) + ": " + std::to_string(block.bytes.size()) + " bytes cannot be interpreted");
+        reportUnseen(placeText(block) + ": " + counted(block.bytes.size(), "byte", "bytes") + " cannot be interpreted");
       } else {
-        tellLeft(session_, name_, block);
+        reportLeft(session_, name_, block);
       }
     });
-    // What an S-record file says of itself is free text.
+    // The header record of an S-record file is free text.
     if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
       header.clear();
       taken_ += "header of the S-record file\n";
@@ -71,20 +73,20 @@ class Redactor {
 
 void addRedact(CLI::App& app, Session& session) {
   CLI::App* const command =
-      app.add_subcommand("redact", "Takes what tells a module and its users from others out of an image");
+      app.add_subcommand("redact", "Remove data that identifies a module and its users from an image");
   const auto inputs = addInputs(*command, 1);
   const auto force = std::make_shared<bool>(false);
-  command->add_flag("--force", *force, "Also write an image that velk could not look into everywhere");
+  command->add_flag("--force", *force, "Write the image even if some bytes cannot be interpreted");
   const auto output = addOutput(*command);
   command->footer(
       "Serial, lot, job and repair numbers, names, departments, descriptions, user data and network addresses\n"
-      "become zeros; checksums follow, and what was taken is listed. A block that was damaged stays so.\n\n"
-      "Bytes that velk cannot look into may hold anything: a block whose size is damaged, bytes that belong to no\n"
-      "block, a damaged file, what comes before --offset. They are reported, and nothing is written (exit code 3);\n"
-      "--force writes the image with these bytes as they are.\n\n"
-      "Blocks whose fields velk does not know, such as second-edition blocks, are left as they are, and so are bytes\n"
-      "of others that belong to no field. They are reported on standard error and make the exit code 1: look into\n"
-      "them before you pass the image on.\n\n"
+      "become zeros. Checksums are updated, and the redacted fields are listed. A damaged block stays damaged.\n\n"
+      "Bytes that cannot be interpreted may hold anything: a block whose size is damaged, bytes that belong to no\n"
+      "block, a damaged file, the bytes before --offset. They are reported, and nothing is written (exit code 3).\n"
+      "--force writes the image with these bytes unchanged.\n\n"
+      "Blocks whose fields are unknown, such as second-edition blocks, are left unchanged, and so are bytes of other\n"
+      "blocks that belong to no field. They are reported on standard error, with exit code 1: inspect them before you\n"
+      "pass the image on.\n\n"
       "Example:\n  velk redact module.bin -o public.bin");
   command->callback([&session, inputs, force, output] { Redactor(session, *inputs, *force).run(*output); });
 }

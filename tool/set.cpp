@@ -42,7 +42,7 @@ class Editor {
     return std::nullopt;
   }
 
-  /// The block to be edited.
+  /// Returns the block to edit, or reports why there is none.
   std::optional<BlockView> choose(const Input& input) {
     std::vector<BlockView> blocks;
     forEachBlock(input.image, selection_, [&](const BlockView& block) { blocks.push_back(block); });
@@ -50,7 +50,7 @@ class Editor {
     if (blocks.empty()) return refuse(input.name, noSuchBlock(id, selection_.occurrence));
     if (blocks.size() > 1) {
       return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + std::to_string(id) +
-                                    "; --nth says which");
+                                    "; use --nth to choose one");
     }
     const BlockView& block = blocks.front();
     if (block.has(Velk::Finding::UnbelievableSize)) {
@@ -58,14 +58,14 @@ class Editor {
     }
     if (!block.isSound() && !edit_.force) {
       return refuse(input.name, placeText(block) + ": " + Velk::verdictName(block) +
-                                    ", which --force would let pass and replace by a right one");
+                                    ", use --force to change it and correct its checks");
     }
     return block;
   }
 
-  /// Sets the values; what has become of them, or nothing where not all could be set.
+  /// Sets the values. Returns a line for each change, or nothing if one of them cannot be set.
   std::optional<std::string> edit(Input& input, const BlockView& found) {
-    // The image goes on viewing the bytes as they were.
+    // data() detaches: the image keeps the old bytes.
     auto* const image = reinterpret_cast<unsigned char*>(input.file.bytes.data());
     const Velk::MutableBytes bytes(image + found.offset, found.bytes.size());
     BlockView block = found;
@@ -106,17 +106,17 @@ class Editor {
 }  // namespace
 
 void addSet(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("set", "Changes fields of a block by name and makes its checks right");
+  CLI::App* const command = app.add_subcommand("set", "Set fields of a block by name and update its checksums");
   const auto inputs = addInputs(*command, 1);
   const auto selection = addBlockSelection(*command);
   const auto edit = std::make_shared<Edit>();
-  command->add_option("NAME=VALUE", edit->assignments, "What to set, as serialNumber=123456 or values[3]=-17")
+  command->add_option("NAME=VALUE", edit->assignments, "An assignment, such as serialNumber=123456 or values[3]=-17")
       ->required();
-  command->add_flag("--stored", edit->stored, "Values are the stored numbers, not the scaled ones that export shows");
-  command->add_flag("--force", edit->force, "Also change a block that is not sound");
+  command->add_flag("--stored", edit->stored, "Values are stored numbers, not the scaled ones that export shows");
+  command->add_flag("--force", edit->force, "Change the block even if it is not sound");
   const auto output = addOutput(*command);
   command->footer(
-      "Names are those that export shows; lists count from 0. Either all values are set or nothing is changed.\n\n"
+      "Names are those that export shows; indices count from 0. Either all values are set or none.\n\n"
       "Examples:\n  velk set module.bin --id 2 serialNumber=123456 productDate=2017-03-15 -o changed.bin\n"
       "  velk set module.bin --id 2 name=\"RF board\" --in-place --backup");
   command->callback(

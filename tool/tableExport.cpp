@@ -11,17 +11,17 @@
 namespace VelkTool {
 namespace {
 
-/// Tells what an import of the text would change in the block.
-void tellLosses(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& text) {
-  const auto tell = [&](const std::string& what) { session.complain(file, placeText(block) + ": the text " + what); };
+/// Reports what an import of the text would change in the block.
+void reportLosses(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& text) {
+  const auto report = [&](const std::string& what) { session.complain(file, placeText(block) + ": the text " + what); };
   const auto again = makeExchangeTable(block.id);
   std::istringstream refusals(readInto(*again, text));
-  for (std::string refusal; std::getline(refusals, refusal);) tell("will not be read back: " + refusal);
+  for (std::string refusal; std::getline(refusals, refusal);) report("will not be read back: " + refusal);
   const QByteArray bytes = replacementOf(block, *again);
   const auto length = static_cast<qsizetype>(block.bytes.size());
   if (bytes.size() != length) {
-    return tell("is that of a table of " + std::to_string(bytes.size()) + " bytes, and the block has " +
-                std::to_string(length));
+    return report("describes a table of " + std::to_string(bytes.size()) + " bytes, but the block has " +
+                  std::to_string(length));
   }
   std::string first;
   std::size_t count = 0;
@@ -30,7 +30,7 @@ void tellLosses(Session& session, const std::string& file, const Velk::BlockView
   });
   if (count == 0) return;
   const std::string others = count == 1 ? "" : " and " + std::to_string(count - 1) + " more";
-  tell("does not carry all, an import makes of " + first + others);
+  report("loses values; an import changes " + first + others);
 }
 
 void writeTable(Session& session, const std::string& file, const Velk::BlockView& block, const std::string& out) {
@@ -42,10 +42,10 @@ void writeTable(Session& session, const std::string& file, const Velk::BlockView
   complainOf(session, file, block);
   if (text.full()) {
     session.complain(file, placeText(block) + ": COUNT " + std::to_string(table->getRowCount()) + " * " +
-                               std::to_string(table->getColCount()) + " is too much for a text");
+                               std::to_string(table->getColCount()) + " is too large for a text");
     session.worsen(Exit::Findings);
   } else {
-    tellLosses(session, file, block, std::string(text.text()));
+    reportLosses(session, file, block, std::string(text.text()));
     writeFile(session, out.empty() ? std::string(standardOutput) : out,
               QByteArray::fromStdString(std::string(text.text())));
   }
@@ -61,9 +61,9 @@ void exportTable(Session& session, const Inputs& inputs, const Selection& select
   };
   const int id = selection.ids.front();
   if (makeExchangeTable(id) == nullptr) {
-    return refuse(file, "blocks of id " + std::to_string(id) + " have no text to be read back");
+    return refuse(file, "blocks of id " + std::to_string(id) + " have no text form that can be read back");
   }
-  if (isSameFile(file, out)) return refuse(out, "would write over its input");
+  if (isSameFile(file, out)) return refuse(out, "would overwrite its input");
   forEachInput(session, inputs, [&](const Input& input) {
     bool isWritten = false;
     forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {

@@ -89,7 +89,7 @@ class Importer {
     if (!text) return;
     bool complete = true;
     const std::vector<TableSection> sections = wantedSections(*text, complete);
-    if (sections.empty()) return refuse(options_.text, "names no table that has a text form", Exit::Findings);
+    if (sections.empty()) return refuse(options_.text, "contains no table that has a text form", Exit::Findings);
     Placement placement(file.bytes, inputs_);
     for (const TableSection& section : sections) complete = import(section, placement) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
@@ -105,7 +105,8 @@ class Importer {
 
   bool accepts() {
     if (options_.id && makeExchangeTable(*options_.id) == nullptr) {
-      refuse(file_, "blocks of id " + std::to_string(*options_.id) + " have no text to be read back", Exit::Usage);
+      refuse(file_, "blocks of id " + std::to_string(*options_.id) + " have no text form that can be read back",
+             Exit::Usage);
     } else if (file_ == "-" && options_.text == "-") {
       refuse(options_.text, "standard input cannot be both image and text", Exit::Usage);
     } else {
@@ -114,16 +115,16 @@ class Importer {
     return false;
   }
 
-  /// The first section of each table; with an id its own, or else the whole text for its class to make what it can of.
-  /// A second section of a table is told, and all is `complete` without it only if that is forced.
+  /// Returns the first section of each table. With an id, returns only its section, or the whole text if it has none.
+  /// Reports a second section of a table and clears `complete` for it unless --force is given.
   std::vector<TableSection> wantedSections(const std::string& text, bool& complete) {
     std::vector<TableSection> wanted;
     for (TableSection& section : tableSections(text)) {
       const bool known = std::ranges::any_of(wanted, [&](const TableSection& other) { return other.id == section.id; });
       if (options_.id && section.id != *options_.id) continue;
       if (known) {
-        session_.complain(options_.text, "names the table of id " + std::to_string(section.id) +
-                                             " a second time; its first lines count");
+        session_.complain(options_.text,
+                          "repeats the table of id " + std::to_string(section.id) + "; only the first one is used");
         complete = options_.force;
       } else {
         wanted.push_back(std::move(section));
@@ -133,7 +134,7 @@ class Importer {
     return wanted;
   }
 
-  /// Whether the table could be read and has its place in the image.
+  /// Reads the table and puts it into the image; returns whether both succeeded.
   bool import(const TableSection& section, Placement& placement) {
     const auto table = makeExchangeTable(section.id);
     std::istringstream messages(readInto(*table, section.text));

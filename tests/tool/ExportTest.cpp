@@ -98,7 +98,7 @@ TEST_F(Export, CsvOfOneTableOrOfAllToFiles) {
   const Outcome many = run({"export", "--format", "csv", "detector.bin"});
   EXPECT_EQ(many.exitCode, 2);
   EXPECT_EQ(many.output, "");
-  EXPECT_NE(many.errors.find("gives 7 tables; -o names a folder"), many.errors.npos) << many.errors;
+  EXPECT_NE(many.errors.find("has 7 tables; use -o to name a folder"), many.errors.npos) << many.errors;
 
   EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "detector.bin", "-o", directory_.path()}).exitCode, 0);
   const QStringList files = QDir(directory_.path()).entryList(QDir::Files, QDir::Name);

@@ -81,7 +81,7 @@ TEST_F(Files, OtherNamesOfTheInputAreNotOverwritten) {
     done
     "$velk" set soft.bin --id 2 serialNumber=7 --in-place; test -L soft.bin && ! cmp -s in.bin "$board"; echo $?
     chmod 640 in.bin; "$velk" set in.bin --id 2 serialNumber=8 --in-place; stat -c %a in.bin)sh");
-  const std::string refusal = "velk: in.bin: would be overwritten; --in-place does that\nexit 2\n";
+  const std::string refusal = "velk: in.bin: would be overwritten; use --in-place to change it\nexit 2\n";
   EXPECT_EQ(result.output,
             refusal + refusal + refusal + "IDENT_2 serialNumber: 100234 -> 7\n0\nIDENT_2 serialNumber: 7 -> 8\n640\n");
 }

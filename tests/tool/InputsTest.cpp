@@ -75,8 +75,8 @@ TEST_F(Inputs, EveryBlockThatIsAskedForAndMissingIsTold) {
   EXPECT_EQ(some.errors, "velk: rf_board.bin: has no block of id 77\nvelk: rf_board.bin: has no block of id 78\n");
   EXPECT_EQ(run({"export", "--id", "13600", "rf_board.bin", "dac_board.bin"}).exitCode, 0) << "one of them has it";
   EXPECT_EQ(run({"export", "--id", "77", "rf_board.bin", "dac_board.bin"}).errors,
-            "velk: none of the files: has no block of id 77\n");
-  EXPECT_EQ(run({"print", "--nth", "2", "rf_board.bin"}).errors, "velk: rf_board.bin: has no id with 2 blocks\n");
+            "velk: no file has a block of id 77\n");
+  EXPECT_EQ(run({"print", "--nth", "2", "rf_board.bin"}).errors, "velk: rf_board.bin: has no block no. 2 of any id\n");
 }
 
 TEST_F(Inputs, FilesTooLargeForAMemoryAreRefused) {
@@ -134,7 +134,8 @@ TEST_F(Inputs, TheWalkBeginsAtTheOffsetInEveryForm) {
             run({"print", "--id", "2", "rf_board.bin"}).output);
   const Outcome behind = run({"list", "--offset", "0x10000", raw});
   EXPECT_EQ(behind.exitCode, 2);
-  EXPECT_EQ(behind.errors, "velk: " + raw.toStdString() + ": offset 0x00010000 is behind its 1072 bytes\n");
+  EXPECT_EQ(behind.errors,
+            "velk: " + raw.toStdString() + ": offset 0x00010000 is past the end of the image, which has 1072 bytes\n");
   for (const char* const wrong : {"x", "-1", "0x", "1k", "", "99999999999999999999"}) {
     EXPECT_EQ(run({"list", "--offset", wrong, raw}).exitCode, 2) << wrong;
   }

@@ -59,7 +59,7 @@ TEST_F(Recover, RefusesWhatWouldLoseSomething) {
   const Case cases[] = {
       {{"-o", dump}, 2, "would be overwritten\n"},
       {{"-o", out(), "--size", "100"}, 1, "need 110 bytes, 10 more than there are"},
-      {{"-o", out(), "--prefer", "x"}, 2, "--prefer: x is none of the dumps"},
+      {{"-o", out(), "--prefer", "x"}, 2, "--prefer: x is not one of the dumps"},
       {{"-o", out(), "missing.bin"}, 3, "missing.bin: No such file"},
       {{}, 2, "--output OUT is missing"},
   };
@@ -72,7 +72,7 @@ TEST_F(Recover, RefusesWhatWouldLoseSomething) {
   }
   const Outcome empty = run({"recover", file("zeros.bin", QByteArray(64, '\0')), "-o", out()});
   EXPECT_EQ(empty.exitCode, 1);
-  EXPECT_NE(empty.errors.find("holds no sound block; nothing is written"), std::string::npos) << empty.errors;
+  EXPECT_NE(empty.errors.find("has no sound block; nothing is written"), std::string::npos) << empty.errors;
 }
 
 TEST_F(Recover, GivesSmallerAndLargerMemories) {

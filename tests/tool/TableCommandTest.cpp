@@ -106,7 +106,7 @@ TEST_F(TableCommand, TextsThatDoNotCarryAllAreTold) {
   };
   const Outcome rounded = exported("15798");
   EXPECT_EQ(rounded.exitCode, 0);
-  EXPECT_NE(rounded.errors.find("id 15798: the text does not carry all, an import makes of "
+  EXPECT_NE(rounded.errors.find("id 15798: the text loses values; an import changes "
                                 "LORN_RFBO_ATTREG_ATTENUATION cells[0][0]: 1.625 -> 1.62 and "),
             std::string::npos)
       << rounded.errors;
@@ -178,7 +178,7 @@ TEST_F(TableCommand, TakesImagesAsTheOtherCommandsDo) {
   const QString text = file("text.txt", registersText() + registersText());
   const Outcome twice = run(QStringList{"table", "import", image, text, "-o", out()} + sectors);
   EXPECT_EQ(twice.exitCode, 1);
-  EXPECT_NE(twice.errors.find("names the table of id 15799 a second time"), twice.errors.npos) << twice.errors;
+  EXPECT_NE(twice.errors.find("repeats the table of id 15799"), twice.errors.npos) << twice.errors;
   EXPECT_EQ(run(QStringList{"table", "import", image, text, "-o", out(), "--force"} + sectors).exitCode, 0);
   EXPECT_EQ(written().left(0x4000), flash.left(0x4000));
   EXPECT_EQ(run(QStringList{"table", "export", out(), "--id", "15799"} + sectors).output,
@@ -217,7 +217,7 @@ TEST_F(TableCommand, NeverWritesOverItsInputs) {
 
 TEST_F(TableCommand, RefusesWhatHasNoText) {
   EXPECT_EQ(run({"table", "export", "rf_board_tables.bin", "--id", "15731"}).errors,
-            "velk: rf_board_tables.bin: blocks of id 15731 have no text to be read back\n");
+            "velk: rf_board_tables.bin: blocks of id 15731 have no text form that can be read back\n");
   EXPECT_EQ(run({"table", "export", "rf_board_tables.bin", "--id", "4711"}).exitCode, 2);
   EXPECT_EQ(
       run({"table", "import", "rf_board_tables.bin", "attenuator_registers.txt", "--id", "2", "-o", out()}).exitCode,
@@ -239,7 +239,7 @@ TEST_F(TableCommand, DamageIsToldAndAnEndlessTableCut) {
   const Outcome exported = run({"table", "export", damaged, "--id", "15799"});
   EXPECT_EQ(exported.exitCode, 1);
   EXPECT_EQ(exported.output, "");
-  EXPECT_NE(exported.errors.find("COUNT 4294967295 * 4 is too much for a text\n"), std::string::npos);
+  EXPECT_NE(exported.errors.find("COUNT 4294967295 * 4 is too large for a text\n"), std::string::npos);
   EXPECT_NE(exported.errors.find("id 15799: checksum is 0x"), std::string::npos);
   ASSERT_EQ(run({"table", "import", damaged, "attenuator_registers.txt", "-o", out()}).exitCode, 0);
   EXPECT_EQ(run({"check", out()}).exitCode, 0) << "a damaged table is replaced like any other";
