@@ -1,8 +1,7 @@
 #include "JsonReport.h"
 
-#include "Images.h"
 #include "Utf8.h"
-#include "velk/data/BlockDoubts.h"
+#include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
@@ -13,10 +12,9 @@ void writeFinding(JsonWriter& json, const char* finding, bool isRemark, const st
 
 void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
   json.key("findings").beginArray();
-  forEachFinding(block, [&](Velk::Finding finding) {
-    writeFinding(json, Velk::findingName(finding), Velk::isRemark(finding), Velk::describe(block, finding));
+  forEachFinding(block, Velk::findingKinds(), [&](const Velk::FindingKind& kind, const std::string& text) {
+    writeFinding(json, kind.name, kind.severity == Velk::Severity::Remark, text);
   });
-  for (const std::string& doubt : Velk::doubtsAbout(block)) writeFinding(json, "doubtful data", true, doubt);
   json.endArray();
 }
 

@@ -2,15 +2,15 @@
 #include "Images.h"
 #include "JsonReport.h"
 #include "TextReport.h"
-#include "velk/data/BlockDoubts.h"
+#include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
 
 void appendVerdict(std::string& line, const Velk::BlockView& block) {
   line += offsetText(block.offset) + "  " + Velk::blockName(block) + ": " + Velk::verdictName(block);
-  forEachFinding(block, [&](Velk::Finding finding) { line += "; " + Velk::describe(block, finding); });
-  for (const std::string& doubt : Velk::doubtsAbout(block)) line += "; " + doubt;
+  forEachFinding(block, Velk::findingKinds(),
+                 [&](const Velk::FindingKind&, const std::string& text) { line += "; " + text; });
   line += '\n';
 }
 

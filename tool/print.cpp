@@ -9,7 +9,7 @@
 #include "LimitedText.h"
 #include "Pages.h"
 #include "Selection.h"
-#include "velk/data/BlockDoubts.h"
+#include "velk/data/ElementCounts.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 #include "velk/platform/Console.h"
 

@@ -1,10 +1,11 @@
 #pragma once
 
 // Every public header of the library.
+#include "velk/checks/FindingTable.h"
 #include "velk/data/BlockData.h"
 #include "velk/data/BlockDiff.h"
-#include "velk/data/BlockDoubts.h"
 #include "velk/data/BlockEdit.h"
+#include "velk/data/ElementCounts.h"
 #include "velk/datablock/FieldValue.h"
 #include "velk/datablock/Fields.h"
 #include "velk/datablock/HwDatablock.h"
@@ -29,6 +30,7 @@
 #include "velk/files/FileTarget.h"
 #include "velk/image/BlockView.h"
 #include "velk/image/BlockWalk.h"
+#include "velk/image/Findings.h"
 #include "velk/image/ImageFile.h"
 #include "velk/image/IntelHex.h"
 #include "velk/image/MemoryImage.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "velk/data/BlockDoubts.h"
+#include "velk/data/ElementCounts.h"
 #include "velk/data/NearestName.h"
 #include "velk/datablock/Checksums.h"
 #include "velk/datablock/FieldValue.h"
