@@ -28,6 +28,8 @@
 #include "velk/files/FileLock.h"
 #include "velk/files/FileReplacement.h"
 #include "velk/files/FileTarget.h"
+#include "velk/image/BlockPlacement.h"
+#include "velk/image/BlockText.h"
 #include "velk/image/BlockView.h"
 #include "velk/image/BlockWalk.h"
 #include "velk/image/Findings.h"
