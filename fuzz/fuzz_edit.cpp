@@ -8,7 +8,10 @@
 #include "FuzzSupport.h"
 #include "velk/checks/FindingTable.h"
 #include "velk/data/BlockDiff.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockRedaction.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
+#include "velk/data/ValueEdit.h"
 
 namespace {
 

@@ -40,13 +40,13 @@ void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
   json.endArray();
 }
 
-/// Begins a line that is about a file.
+/// Begins a line about a file.
 void beginLine(JsonWriter& json, const std::string& name) {
   json.beginObject().member("schema", jsonSchema);
   writeFileName(json, "file", name);
 }
 
-/// A line for a file without blocks, with the members that blocks have.
+/// Writes a line for a file without blocks, with the members of a line for a block.
 void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const std::string& name) {
   const bool isRead = file.error.empty();
   const char* const verdict = isRead ? "no blocks" : "unreadable";

@@ -3,7 +3,8 @@
 #include <set>
 
 #include "data/DataSupport.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
 
 namespace Velk {
 namespace {
@@ -30,13 +31,13 @@ TEST(FindingTable, EveryFindingOfTheWalkHasItsRow) {
   const Case cases[] = {
       {Finding::UnbelievableSize, "damaged-size", "size 48 cannot be right, 44 bytes taken up to the next block",
        false},
-      {Finding::WrongChecksum, "wrong-checksum", "checksum is 0x0000, the bytes give 0xD3D3", false},
-      {Finding::WrongCrc, "wrong-crc", "CRC-32 is 0x01010101, the bytes give 0xCFC7AC41", false},
+      {Finding::WrongChecksum, "wrong-checksum", "checksum is 0x0000, the bytes give 0xEAEB", false},
+      {Finding::WrongCrc, "wrong-crc", "CRC-32 is 0x01010101, the bytes give 0x59137A2C", false},
       {Finding::TooShort, "too-short", "44 bytes are too few for a block", false},
       {Finding::NotErased, "not-erased", "44 bytes behind the end block are not erased, the first at 0x0040", false},
       {Finding::NoBlock, "no-block", "44 bytes hold no block", false},
       {Finding::SizeNotOfClass, "unexpected-size", "size 48, blocks of this id have 44", true},
-      {Finding::WrongSumBesideCrc, "wrong-16-bit-checksum", "checksum is 0x0000, the bytes give 0xD3D3", true},
+      {Finding::WrongSumBesideCrc, "wrong-16-bit-checksum", "checksum is 0x0000, the bytes give 0xEAEB", true},
   };
   std::vector<unsigned char> bytes(44, 1);
   bytes[4] = bytes[5] = 0;

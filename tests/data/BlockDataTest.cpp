@@ -4,7 +4,9 @@
 #include "../../tool/Csv.h"
 #include "../../tool/DataJson.h"
 #include "DataSupport.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
+#include "velk/data/ValueEdit.h"
 
 namespace Velk {
 namespace {
