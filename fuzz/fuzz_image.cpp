@@ -3,8 +3,8 @@
 
 #include "FuzzSupport.h"
 #include "ProofSupport.h"
+#include "velk/image/BlockText.h"
 #include "velk/image/MemoryImage.h"
-#include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
 namespace {
 
@@ -20,11 +20,8 @@ void look(const BlockView& block) {
 }
 
 void print(const BlockView& block) {
-  static HwDatablockOldStyleInterpreter interpreter;
-  HwDatablock copy(true);
-  copy.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
   VelkFuzz::LimitedStream stream;
-  if (!interpreter.printHwDatablockOldStyleInfo(&copy, stream)) copy.printToStream(stream);
+  printBlock(stream, block);
 }
 
 /// Checks that every block found out of sequence is verified by itself, or has a valid checksum and is followed

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "velk/data/BlockEdit.h"
+#include "velk/data/DataLookup.h"
 
 namespace VelkTest {
 

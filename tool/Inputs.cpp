@@ -6,12 +6,12 @@
 #include <utility>
 
 #include "Choices.h"
+#include "FindingReport.h"
 #include "Images.h"
 #include "InTurn.h"
 #include "Numbers.h"
 #include "Plural.h"
 #include "Redaction.h"
-#include "velk/data/BlockDoubts.h"
 
 namespace VelkTool {
 namespace {
@@ -131,7 +131,7 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
 }
 
 void reportBlock(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block) {
-  for (const std::string& doubt : Velk::doubtsAbout(block)) session.complain(file, placeText(block) + ": " + doubt);
+  tellFindings(session, file, block, Velk::dataFindingKinds());
   complainOf(session, file, block);
   if (inputs.redacted) reportLeft(session, file, block);
 }

@@ -1,8 +1,7 @@
 #include "JsonReport.h"
 
-#include "Images.h"
 #include "Utf8.h"
-#include "velk/data/BlockDoubts.h"
+#include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
@@ -13,10 +12,9 @@ void writeFinding(JsonWriter& json, const char* finding, bool isRemark, const st
 
 void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
   json.key("findings").beginArray();
-  forEachFinding(block, [&](Velk::Finding finding) {
-    writeFinding(json, Velk::findingName(finding), Velk::isRemark(finding), Velk::describe(block, finding));
+  forEachFinding(block, Velk::findingKinds(), [&](const Velk::FindingKind& kind, const std::string& text) {
+    writeFinding(json, kind.name, kind.severity == Velk::Severity::Remark, text);
   });
-  for (const std::string& doubt : Velk::doubtsAbout(block)) writeFinding(json, "doubtful data", true, doubt);
   json.endArray();
 }
 
@@ -42,13 +40,13 @@ void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
   json.endArray();
 }
 
-/// Begins a line that is about a file.
+/// Begins a line about a file.
 void beginLine(JsonWriter& json, const std::string& name) {
   json.beginObject().member("schema", jsonSchema);
   writeFileName(json, "file", name);
 }
 
-/// A line for a file without blocks, with the members that blocks have.
+/// Writes a line for a file without blocks, with the members of a line for a block.
 void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const std::string& name) {
   const bool isRead = file.error.empty();
   const char* const verdict = isRead ? "no blocks" : "unreadable";

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Images.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockRedaction.h"
 
 namespace VelkTool {
 

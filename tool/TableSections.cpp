@@ -4,7 +4,7 @@
 #include <optional>
 #include <sstream>
 
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockSeal.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 #include "velk/platform/Console.h"
 

@@ -2,15 +2,15 @@
 #include "Images.h"
 #include "JsonReport.h"
 #include "TextReport.h"
-#include "velk/data/BlockDoubts.h"
+#include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
 
 void appendVerdict(std::string& line, const Velk::BlockView& block) {
   line += offsetText(block.offset) + "  " + Velk::blockName(block) + ": " + Velk::verdictName(block);
-  forEachFinding(block, [&](Velk::Finding finding) { line += "; " + Velk::describe(block, finding); });
-  for (const std::string& doubt : Velk::doubtsAbout(block)) line += "; " + doubt;
+  forEachFinding(block, Velk::findingKinds(),
+                 [&](const Velk::FindingKind&, const std::string& text) { line += "; " + text; });
   line += '\n';
 }
 
@@ -21,8 +21,9 @@ void addCheck(CLI::App& app, Session& session) {
   const auto inputs = addInputs(*command);
   const auto json = addJson(*command);
   command->footer(
-      "Exits with 1 when something is not sound. What is odd about a sound block is told behind its verdict, such as\n"
-      "the 16-bit checksum of an event counter, which does not follow the counters.\n\n"
+      "Exits with 1 when a block is not sound. What is odd about a sound block follows its verdict, such as the "
+      "16-bit\n"
+      "checksum of an event counter, which does not change with the counters.\n\n"
       "Example:\n  velk check module.bin && echo sound");
   command->callback([&session, inputs, json] {
     const auto visit = [](Session& part, const Input&, const Velk::BlockView& block) {

@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "DataJson.h"
+#include "FindingReport.h"
 #include "Images.h"
 #include "Inputs.h"
 #include "JsonReport.h"

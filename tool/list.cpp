@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "Commands.h"
+#include "FindingReport.h"
 #include "Images.h"
 #include "JsonReport.h"
 #include "TextReport.h"
@@ -11,25 +12,26 @@ namespace {
 constexpr std::string_view heading =
     "offset      id     name                                 size   kind            verdict\n";
 
-/// A blank at least: columns never run together.
+/// Pads a line to a column, by one blank at least: columns never run together.
 void padTo(std::string& line, std::size_t width) { line.resize(std::max(width, line.size() + 1), ' '); }
 
 void appendRow(std::string& line, const Velk::BlockView& block) {
-  const bool stray = block.kind == Velk::BlockKind::Stray;
+  const bool isStray = block.kind == Velk::BlockKind::Stray;
   line += offsetText(block.offset);
   padTo(line, 12);
-  line += stray ? "-" : std::to_string(block.id);
+  line += isStray ? "-" : std::to_string(block.id);
   padTo(line, 19);
   line += Velk::blockName(block);
   padTo(line, 56);
-  line += std::to_string(stray ? block.bytes.size() : block.declaredSize);
+  line += std::to_string(isStray ? block.bytes.size() : block.declaredSize);
   padTo(line, 63);
   line += Velk::kindName(block.kind);
   padTo(line, 79);
   line += Velk::verdictName(block);
-  forEachFinding(block, [&](Velk::Finding finding) {
-    if (Velk::isRemark(finding)) line.append(", ").append(Velk::findingName(finding));
-  });
+  const Velk::FindingSet remarks = block.findings & ~Velk::errorFindings();
+  for (std::size_t i = 0; i < remarks.size(); ++i) {
+    if (remarks[i]) line.append(", ").append(Velk::walkFindingKinds()[i].name);
+  }
   line += '\n';
 }
 

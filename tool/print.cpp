@@ -7,23 +7,31 @@
 #include "Images.h"
 #include "Inputs.h"
 #include "LimitedText.h"
-#include "Pages.h"
 #include "Selection.h"
-#include "velk/data/BlockDoubts.h"
-#include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
+#include "velk/data/ElementCounts.h"
+#include "velk/image/BlockText.h"
 #include "velk/platform/Console.h"
 
 namespace VelkTool {
 namespace {
 
 using Velk::BlockView;
+using Velk::Page;
 
-/// Blocks outside the old-style dictionary, or of another class than its id has there, are printed by their own class.
-bool isInDictionary(const BlockView& block) {
-  return block.row != nullptr && Velk::findDictionaryRow(block.id) == block.row;
+/// Says where the command shows what a page does not.
+std::string whereShown(const BlockView& block, Page instead) {
+  if (block.kind == Velk::BlockKind::EventCounter) return "export and --page hex show its bytes";
+  switch (instead) {
+    case Page::Detail:
+      return "--page detail can";
+    case Page::Complete:
+      return "--page complete does not";
+    default:
+      return "--page hex has the bytes";
+  }
 }
 
-/// Collects what the library writes to standard output by itself while this lives; a line that repeats counts once.
+/// Collects the lines that the library writes to standard output by itself while this lives, each line once.
 class LibraryOutput {
  public:
   LibraryOutput()
@@ -49,25 +57,21 @@ class Printer {
     const std::size_t lines = mostLines(block);
     LimitedText text(lines);
     std::ostream stream(&text);
-    const LibraryOutput said;
-    write(block, stream);
+    const LibraryOutput output;
+    printBlock(stream, block, page_);
     session_.write(text.text());
-    for (const std::string& line : said.lines()) session_.complain(file, placeText(block) + ": " + line);
-    for (const std::string& line : notOnPage(page_, block)) session_.complain(file, placeText(block) + ", " + line);
-    if (text.full()) {
-      const std::string where = lines == LimitedText::anyNumber
-                                    ? "after 4 MiB"
-                                    : std::to_string(linesAfterRows) + " lines after the last row that the block holds";
-      session_.complain(file, placeText(block) + ": the text is cut " + where);
-      session_.worsen(Exit::Findings);
+    for (const std::string& line : output.lines()) session_.complain(file, placeText(block) + ": " + line);
+    for (const Velk::NotShown& missing : notOnPage(block, page_)) {
+      session_.complain(file, placeText(block) + ", " + missing.text + "; " + whereShown(block, missing.instead));
     }
+    if (text.full()) reportCut(file, block, lines);
     reportBlock(session_, inputs_, file, block);
   }
 
  private:
   static constexpr std::size_t linesAfterRows = 100;
 
-  /// A count may claim thousands of rows that the block does not hold, which print as zeros.
+  /// Limits the text of a block whose counts claim rows that it does not hold, maybe thousands, which print as zeros.
   std::size_t mostLines(const BlockView& block) {
     if (page_ == Page::Hex || block.row == nullptr) return LimitedText::anyNumber;
     const QByteArray held = Velk::withHeldCounts(block);
@@ -76,25 +80,21 @@ class Printer {
     view.bytes = {reinterpret_cast<const unsigned char*>(held.constData()), block.bytes.size()};
     LimitedText text;
     std::ostream stream(&text);
-    write(view, stream);
+    printBlock(stream, view, page_);
     return static_cast<std::size_t>(std::ranges::count(text.text(), '\n')) + linesAfterRows;
   }
 
-  void write(const BlockView& block, std::ostream& stream) {
-    if (page_ == Page::Hex || (block.row == nullptr && !hasTables(block))) return writeHexPage(block, stream);
-    if (hasTables(block)) return writeTablePage(page_, block, stream);
-    Velk::HwDatablock raw(true);
-    raw.setDataWithoutChecksumCheck(block.bytes.data(), static_cast<unsigned>(block.bytes.size()));
-    if (isInDictionary(block) && interpreter_.printHwDatablockOldStyleInfo(&raw, stream)) return;
-    const std::unique_ptr<Velk::HwDatablock> typed = block.row->make(block.id);
-    typed->setDataWithoutChecksumCheck(&raw);
-    typed->printToStream(stream);
+  void reportCut(const std::string& file, const BlockView& block, std::size_t lines) {
+    const std::string where = lines == LimitedText::anyNumber
+                                  ? "after 4 MiB"
+                                  : std::to_string(linesAfterRows) + " lines after the last row that the block holds";
+    session_.complain(file, placeText(block) + ": the text is cut " + where);
+    session_.worsen(Exit::Findings);
   }
 
   Session& session_;
   const Inputs& inputs_;
   Page page_;
-  Velk::HwDatablockOldStyleInterpreter interpreter_;
 };
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "FindingReport.h"
 #include "Images.h"
 #include "Inputs.h"
 #include "Output.h"

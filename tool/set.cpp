@@ -4,7 +4,9 @@
 #include "Output.h"
 #include "Selection.h"
 #include "ValueText.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
+#include "velk/data/ValueEdit.h"
 
 namespace VelkTool {
 namespace {

@@ -2,6 +2,7 @@
 #include <sstream>
 
 #include "Files.h"
+#include "FindingReport.h"
 #include "Images.h"
 #include "LimitedText.h"
 #include "TableCommands.h"

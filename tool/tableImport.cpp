@@ -7,6 +7,7 @@
 #include "TableCommands.h"
 #include "TableSections.h"
 #include "ValueText.h"
+#include "velk/image/BlockPlacement.h"
 
 namespace VelkTool {
 namespace {
@@ -14,59 +15,50 @@ namespace {
 using Velk::BlockView;
 using Velk::HwTableBlock;
 
-/// An image in which tables are put; each call says why that cannot be, or nothing.
-class Placement {
+/// An image that tables are put into; each call says why that cannot be, or nothing.
+class ImageWithTables {
  public:
-  Placement(QByteArray image, const Inputs& inputs) : image_(std::move(image)), inputs_(inputs) {}
+  ImageWithTables(QByteArray image, const Inputs& inputs) : image_(std::move(image)), inputs_(inputs) {}
 
   const QByteArray& image() const { return image_; }
-  /// A line for each value that has changed, and for each table that was added.
+  /// Lists each value that has changed and each table that was added, one per line.
   const std::string& changes() const { return changes_; }
 
-  /// In place of the first block of the id.
   std::string place(HwTableBlock& table, unsigned short id, bool append) {
-    const Velk::MemoryImage walked = walk();
-    for (const BlockView& view : walked) {
-      if (view.kind == Velk::BlockKind::OldStyle && view.id == id) return replace(view, replacementOf(view, table));
-    }
+    const Velk::MemoryImage walked(image_, inputs_.offset, inputs_.sectorSize);
+    const std::optional<BlockView> former = firstBlockOf(walked, id);
+    if (former) return replace(walked, *former, replacementOf(*former, table));
     if (!append) return noSuchBlock(id) + "; --append would add it";
-    return add(table.getByteArrayData(), table.getBlockString());
+    return add(walked, table);
   }
 
  private:
-  Velk::MemoryImage walk() const { return Velk::MemoryImage(image_, inputs_.offset, inputs_.sectorSize); }
-
-  std::string replace(const BlockView& view, const QByteArray& block) {
-    const auto length = static_cast<qsizetype>(view.bytes.size());
-    if (length != block.size()) {
-      return placeText(view) + ": has " + std::to_string(length) + " bytes, the table " + std::to_string(block.size());
+  std::string replace(const Velk::MemoryImage& walked, const BlockView& former, const QByteArray& block) {
+    const Velk::Placement placement = replaceBlock(walked, former, block);
+    if (placement.result != Velk::PlacementResult::Done) {
+      return placeText(former) + ": has " + std::to_string(former.bytes.size()) + " bytes, the table " +
+             std::to_string(block.size());
     }
-    forEachChange(view, block, [&](const std::string& change) { changes_ += change + '\n'; });
-    image_.replace(static_cast<qsizetype>(view.offset), length, block);
+    forEachChange(former, block, [&](const std::string& change) { changes_ += change + '\n'; });
+    image_ = placement.image;
     return {};
   }
 
-  /// Behind the last block; an end block moves on into the erased memory behind it, so that the memory keeps its size.
-  std::string add(const QByteArray& block, const std::string& name) {
+  std::string add(const Velk::MemoryImage& walked, HwTableBlock& table) {
+    // Sectors that are asked for but not found refuse a table, too.
     if (inputs_.sectorSize != 0) return "has sectors; a table can only replace another there";
-    std::optional<BlockView> last;
-    const Velk::MemoryImage walked = walk();
-    for (const BlockView& view : walked) {
-      if (!view.isSound()) return placeText(view) + ": " + Velk::verdictName(view) + "; nothing can be added";
-      last = view;
+    const QByteArray block = table.getByteArrayData();
+    const Velk::Placement placement = appendBlock(walked, block);
+    switch (placement.result) {
+      case Velk::PlacementResult::Damaged:
+        return placeText(*placement.damaged) + ": " + Velk::verdictName(*placement.damaged) + "; nothing can be added";
+      case Velk::PlacementResult::NoRoom:
+        return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
+      default:
+        changes_ += table.getBlockString() + (": added at offset " + offsetText(placement.offset)) + '\n';
+        image_ = placement.image;
+        return {};
     }
-    const bool isEnded = last && last->kind == Velk::BlockKind::End;
-    const auto offset = isEnded ? last->offset : static_cast<std::uint64_t>(image_.size());
-    changes_ += name + ": added at offset " + offsetText(offset) + '\n';
-    if (!isEnded) {
-      image_ += block;
-      return {};
-    }
-    const auto rest = image_.size() - static_cast<qsizetype>(last->offset + last->bytes.size());
-    if (rest < block.size()) return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
-    image_.insert(static_cast<qsizetype>(last->offset), block);
-    image_.chop(block.size());
-    return {};
   }
 
   QByteArray image_;
@@ -90,11 +82,11 @@ class Importer {
     bool complete = true;
     const std::vector<TableSection> sections = wantedSections(*text, complete);
     if (sections.empty()) return refuse(options_.text, "contains no table that has a text form", Exit::Findings);
-    Placement placement(file.bytes, inputs_);
-    for (const TableSection& section : sections) complete = import(section, placement) && complete;
+    ImageWithTables edited(file.bytes, inputs_);
+    for (const TableSection& section : sections) complete = import(section, edited) && complete;
     if (!complete) return session_.worsen(Exit::Findings);
-    file.bytes = placement.image();
-    destination->write(session_, file, placement.changes());
+    file.bytes = edited.image();
+    destination->write(session_, file, edited.changes());
   }
 
  private:
@@ -115,8 +107,8 @@ class Importer {
     return false;
   }
 
-  /// Returns the first section of each table. With an id, returns only its section, or the whole text if it has none.
-  /// Reports a second section of a table and clears `complete` for it unless --force is given.
+  /// Returns the first section of each table; with an id only that of its table, or the whole text where no section
+  /// names it. A second section of a table is reported and clears `complete`, unless --force is given.
   std::vector<TableSection> wantedSections(const std::string& text, bool& complete) {
     std::vector<TableSection> wanted;
     for (TableSection& section : tableSections(text)) {
@@ -134,15 +126,15 @@ class Importer {
     return wanted;
   }
 
-  /// Reads the table and puts it into the image; returns whether both succeeded.
-  bool import(const TableSection& section, Placement& placement) {
+  /// Reads a table and puts it into the image; returns whether both worked.
+  bool import(const TableSection& section, ImageWithTables& edited) {
     const auto table = makeExchangeTable(section.id);
     std::istringstream messages(readInto(*table, section.text));
     bool sound = true;
     for (std::string message; std::getline(messages, message); sound = false) {
       session_.complain(options_.text, message);
     }
-    const std::string refusal = placement.place(*table, section.id, options_.append);
+    const std::string refusal = edited.place(*table, section.id, options_.append);
     if (!refusal.empty()) session_.complain(file_, refusal);
     return refusal.empty() && (sound || options_.force);
   }

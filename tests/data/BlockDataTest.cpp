@@ -4,8 +4,9 @@
 #include "../../tool/Csv.h"
 #include "../../tool/DataJson.h"
 #include "DataSupport.h"
-#include "velk/data/BlockDoubts.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
+#include "velk/data/ValueEdit.h"
 
 namespace Velk {
 namespace {
@@ -164,27 +165,6 @@ TEST(Csv, HasALineForEachIndexOfTheLists) {
   const std::string fixedPoint = csv(example("detector.bin", 1041), 0, true);
   EXPECT_NE(fixedPoint.find(",cells[11],cells[11].stored,"), fixedPoint.npos);
   EXPECT_NE(fixedPoint.find(",-12.3,-123,-1.23,-123,"), fixedPoint.npos);
-}
-
-TEST(BlockDoubts, EveryCountBeyondItsRoomIsToldOnce) {
-  for (OwnedBlock& block : VelkTest::everyKindOfBlock()) {
-    EXPECT_EQ(doubtsAbout(block.view()), std::vector<std::string>()) << block.name;
-    std::set<std::string_view> counters;
-    for (const FieldInfo& field :
-         block.view().row == nullptr ? std::span<const FieldInfo>() : block.view().row->fields) {
-      counters.insert({field.usedRows, field.usedCols});
-    }
-    counters.erase("");
-    for (const std::string_view counter : counters) {
-      const BlockData data(block.view());
-      setFieldText(block.bytes, findValue(data.root(), counter).value->element(), "30000");
-    }
-    std::set<std::string> told;
-    for (const std::string& doubt : doubtsAbout(block.view())) {
-      EXPECT_TRUE(told.insert(doubt.substr(0, doubt.find(": 30000 is more than the "))).second) << doubt;
-    }
-    EXPECT_EQ(told, std::set<std::string>(counters.begin(), counters.end())) << block.name;
-  }
 }
 
 }  // namespace

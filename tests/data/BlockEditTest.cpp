@@ -1,4 +1,7 @@
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockRedaction.h"
+#include "velk/data/BlockSeal.h"
+#include "velk/data/DataLookup.h"
+#include "velk/data/ValueEdit.h"
 
 #include "DataSupport.h"
 #include "velk/data/BlockDiff.h"

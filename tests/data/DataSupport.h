@@ -4,7 +4,8 @@
 
 #include "CatalogueSupport.h"
 #include "TestSupport.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/BlockData.h"
+#include "velk/data/BlockSeal.h"
 #include "velk/image/MemoryImage.h"
 
 namespace VelkTest {

@@ -2,7 +2,7 @@
 
 #include "CatalogueSupport.h"
 #include "TestSupport.h"
-#include "velk/data/BlockEdit.h"
+#include "velk/data/DataLookup.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 
 namespace Velk {

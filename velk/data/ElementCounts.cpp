@@ -1,11 +1,11 @@
-#include "velk/data/BlockDoubts.h"
+#include "velk/data/ElementCounts.h"
 
 #include <algorithm>
 
 namespace Velk {
 namespace {
 
-/// Why so many elements cannot be in use; empty where they can.
+/// Says why so many elements cannot be in use; empty where they can.
 std::string excess(std::int64_t count, unsigned capacity, const FieldInfo& counted) {
   if (count < 0) return std::to_string(count) + " is no count";
   if (count <= capacity) return {};
@@ -21,28 +21,6 @@ void forEachCounter(const DataNode& record, Act act) {
     if (field == nullptr) continue;
     if (*field->usedRows != '\0') act(std::string_view(field->usedRows), *field, field->rows);
     if (*field->usedCols != '\0') act(std::string_view(field->usedCols), *field, field->cols);
-  }
-}
-
-void doubtCounts(const BlockData& data, std::vector<std::string>& doubts) {
-  const DataNode root = data.root();
-  std::vector<std::string_view> seen;  // a member may count several lists
-  forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
-    if (std::ranges::find(seen, counter) != seen.end()) return;
-    seen.push_back(counter);
-    const auto member = root.find(counter);
-    if (!member) return;
-    const std::string doubt = excess(integerValue(data.bytes(), member->element()), capacity, counted);
-    if (!doubt.empty()) doubts.push_back(std::string(counter) + ": " + doubt);
-  });
-}
-
-void doubtTables(const BlockData& data, std::vector<std::string>& doubts) {
-  for (std::size_t i = 0; i < data.tables().size(); ++i) {
-    const StoredTable& table = data.tables()[i].stored;
-    if (table.isComplete()) continue;
-    doubts.push_back("tables[" + std::to_string(i) + "] is not there whole: it claims " + std::to_string(table.rows()) +
-                     " rows and " + std::to_string(table.columns()) + " columns");
   }
 }
 
@@ -72,12 +50,21 @@ QByteArray withHeldCounts(const BlockView& block) {
   return hasChanged ? bytes : QByteArray();
 }
 
-std::vector<std::string> doubtsAbout(const BlockView& block) {
-  std::vector<std::string> doubts;
+std::vector<std::string> impossibleCounts(const BlockView& block) {
+  std::vector<std::string> texts;
+  if (block.row == nullptr) return texts;  // only the fields of catalogued classes count others
   const BlockData data(block, Extent::Capacity);
-  doubtCounts(data, doubts);
-  doubtTables(data, doubts);
-  return doubts;
+  const DataNode root = data.root();
+  std::vector<std::string_view> seen;  // a member may count several lists
+  forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    if (std::ranges::find(seen, counter) != seen.end()) return;
+    seen.push_back(counter);
+    const auto member = root.find(counter);
+    if (!member) return;
+    const std::string reason = excess(integerValue(data.bytes(), member->element()), capacity, counted);
+    if (!reason.empty()) texts.push_back(std::string(counter) + ": " + reason);
+  });
+  return texts;
 }
 
 }  // namespace Velk
