@@ -7,6 +7,7 @@
 #include "velk/datablock/NumberConversion.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/RowIdTexts.h"
+#include "velk/edition2/StoredType.h"
 #include "velk/platform/Console.h"
 
 namespace Velk {
@@ -41,33 +42,24 @@ T unsupported(unsigned int typeId) {
   return T{};
 }
 
-/// Calls `act` with the function that reads a stored value of type `typeId` as a T, so that a loop over many values
-/// looks at their type once.
+/// What is read of a stored number: the upper half of a long one does not count.
+template <class Stored>
+using ReadAs = std::conditional_t<std::is_same_v<Stored, unsigned long long>, unsigned int,
+                                  std::conditional_t<std::is_same_v<Stored, long long>, int, Stored>>;
+
+/// Calls `act` with the function that reads a stored value of type `typeId` as a T.
 template <class T, class Act>
 auto withConversion(unsigned int typeId, Act act) {
-  switch (typeId) {
-    case TYPE_ID_UINT8:
-      return act([](const char* source) { return converted<T, unsigned char>(source); });
-    case TYPE_ID_INT8:
-      return act([](const char* source) { return converted<T, signed char>(source); });
-    case TYPE_ID_UINT16:
-      return act([](const char* source) { return converted<T, unsigned short>(source); });
-    case TYPE_ID_INT16:
-      return act([](const char* source) { return converted<T, short>(source); });
-    case TYPE_ID_UINT32:
-    case TYPE_ID_UINT64:  // the upper half does not count
-      return act([](const char* source) { return converted<T, unsigned int>(source); });
-    case TYPE_ID_INT32:
-    case TYPE_ID_INT64:
-      return act([](const char* source) { return converted<T, int>(source); });
-    case TYPE_ID_FLOAT:
-      return act([](const char* source) { return converted<T, float>(source); });
-    case TYPE_ID_DOUBLE:
-      return act([](const char* source) { return converted<T, double>(source); });
-    default:
-      if (!detail::isCharacters(typeId)) return act([typeId](const char*) { return unsupported<T>(typeId); });
+  using enum detail::StoredForm;
+  return detail::withStoredType(typeId, [typeId, &act]<class Stored>(Stored) {
+    if constexpr (Stored::form == Number) {
+      return act([](const char* source) { return converted<T, ReadAs<typename Stored::Value>>(source); });
+    } else if constexpr (Stored::form == Characters) {
       return act([typeId](const char* source) { return copied<T>(source, detail::typeSize(typeId)); });
-  }
+    } else {
+      return act([typeId](const char*) { return unsupported<T>(typeId); });
+    }
+  });
 }
 
 template <class T, class Convert>
@@ -243,58 +235,23 @@ struct Texts {
 
 template <class Source>
 void appendTexts(const Source& source, unsigned int typeId, std::vector<std::string>& out) {
+  using enum detail::StoredForm;
   const Texts<Source> list{source, out};
   const auto scaled = [typeId](int stored) {
     return static_cast<float>(
         presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(typeId)}, static_cast<double>(stored)));
   };
-  switch (typeId) {
-    case TYPE_ID_UINT8:
-      list.template append<unsigned char>();
-      break;
-    case TYPE_ID_INT8:
-      list.template append<signed char>();
-      break;
-    case TYPE_ID_UINT16:
-      list.template append<unsigned short>();
-      break;
-    case TYPE_ID_INT16:
-      list.template append<short>();
-      break;
-    case TYPE_ID_UINT32:
-      list.template append<unsigned int>();
-      break;
-    case TYPE_ID_INT32:
-      list.template append<int>();
-      break;
-    case TYPE_ID_UINT64:
-      list.template append<unsigned long long>();
-      break;
-    case TYPE_ID_INT64:
-      list.template append<long long>();
-      break;
-    case TYPE_ID_FLOAT:
-      list.template append<float>();
-      break;
-    case TYPE_ID_DOUBLE:
-    case TYPE_ID_LONG_DOUBLE:
+  detail::withStoredType(typeId, [&]<class Stored>(Stored) {
+    if constexpr (Stored::form == Number) {
+      list.template append<typename Stored::Value>();
+    } else if constexpr (Stored::form == Extended) {
       list.template append<double>();
-      break;
-    case TYPE_ID_FIX16D1:
-    case TYPE_ID_FIX16D2:
-    case TYPE_ID_FIX16D3:
-    case TYPE_ID_FIX16D4:
-      list.template append<short>(scaled);
-      break;
-    case TYPE_ID_FIX32D1:
-    case TYPE_ID_FIX32D2:
-    case TYPE_ID_FIX32D3:
-    case TYPE_ID_FIX32D4:
-      list.template append<int>(scaled);
-      break;
-    default:
-      if (typeId >= TYPE_ID_CHAR && typeId <= TYPE_ID_STRING) list.template append<std::string>();
-  }
+    } else if constexpr (Stored::form == FixedPoint) {
+      list.template append<typename Stored::Value>(scaled);
+    } else if constexpr (Stored::form != Nothing) {
+      list.template append<std::string>();
+    }
+  });
 }
 
 }  // namespace

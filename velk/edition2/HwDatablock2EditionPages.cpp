@@ -10,6 +10,7 @@
 #include "velk/edition2/HwDatablock2Edition.h"
 #include "velk/edition2/RowIdTexts.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/edition2/StoredType.h"
 
 namespace Velk {
 namespace {
@@ -32,60 +33,30 @@ int printedDecimals(ETypeId type) {
   return type == TYPE_ID_FIX32D4 ? 1 : static_cast<int>(detail::fixedPointDecimals(type));
 }
 
-void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
-  const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
-  const double shown =
-      presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(type)}, static_cast<double>(stored));
-  text.fixed(shown, printedDecimals(type));
+double fixedPoint(int stored, ETypeId type) {
+  return presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(type)}, static_cast<double>(stored));
 }
 
-/// One stored value and the blanks behind it, in the form of its type; nothing where a type has no form.
+/// Writes one stored value in the form of its type and the blanks after it; nothing where a type has no form.
 void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
-  const auto number = [&]<class T>(T) { text.number(detail::load<T>(value, 0)); };
-  switch (type) {
-    case TYPE_ID_UINT8:
-      number(static_cast<unsigned char>(0));
-      break;
-    case TYPE_ID_INT8:
-      number(static_cast<signed char>(0));
-      break;
-    case TYPE_ID_UINT16:
-      number(static_cast<unsigned short>(0));
-      break;
-    case TYPE_ID_INT16:
-      number(static_cast<short>(0));
-      break;
-    case TYPE_ID_UINT32:
-      number(0U);
-      break;
-    case TYPE_ID_INT32:
-      number(0);
-      break;
-    case TYPE_ID_UINT64:
-      number(0ULL);
-      break;
-    case TYPE_ID_INT64:
-      number(0LL);
-      break;
-    case TYPE_ID_FLOAT:
-      text.general(detail::load<float>(value, 0));
-      break;
-    case TYPE_ID_DOUBLE:
-      text.general(detail::load<double>(value, 0));
-      break;
-    case TYPE_ID_LONG_DOUBLE:
+  using enum detail::StoredForm;
+  detail::withStoredType(type, [&]<class Stored>(Stored) {
+    using Value = typename Stored::Value;
+    if constexpr (Stored::form == Nothing || Stored::form == String) {
+      return;
+    } else if constexpr (Stored::form == FixedPoint) {
+      text.fixed(fixedPoint(detail::load<Value>(value, 0), type), printedDecimals(type));
+    } else if constexpr (Stored::form == Characters) {
+      text.text(detail::textAt(value, 0, value.size()));
+    } else if constexpr (Stored::form == Extended) {
       text.general(detail::loadExtended(value, 0));
-      break;
-    default:
-      if (detail::isFixedPoint(type)) {
-        appendFixedPoint(text, value, type);
-      } else if (detail::isCharacters(type)) {
-        text.text(detail::textAt(value, 0, value.size()));
-      } else {
-        return;
-      }
-  }
-  text.text(behindValue);
+    } else if constexpr (std::is_floating_point_v<Value>) {
+      text.general(detail::load<Value>(value, 0));
+    } else {
+      text.number(detail::load<Value>(value, 0));
+    }
+    text.text(behindValue);
+  });
 }
 
 /// Prints stored values one behind the other, up to the end of the block.
