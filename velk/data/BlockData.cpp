@@ -109,16 +109,6 @@ DataTable dataTable(ConstBytes block, std::size_t offset, StoredTable stored) {
   return table;
 }
 
-/// The number that a field of the same record gives as the elements in use.
-std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
-                          std::string_view counter, std::size_t capacity) {
-  if (counter.empty()) return capacity;
-  const auto field = std::ranges::find(fields, counter, &FieldInfo::name);
-  if (field == fields.end()) return capacity;
-  const std::int64_t count = integerValue(block, {&*field, offset + field->offset});
-  return count < 0 ? capacity : std::min(capacity, static_cast<std::size_t>(count));
-}
-
 }  // namespace
 
 BlockData::BlockData(ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent)

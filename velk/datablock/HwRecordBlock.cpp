@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "velk/datablock/RecordText.h"
 #include "velk/diag/HwErrors.h"
 #include "velk/platform/ErrorManager.h"
 
@@ -37,6 +38,8 @@ HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnEr
   store(offsetof(HwSDatablockHeader, id), id);
   store(offsetof(HwSDatablockHeader, blockSize), traits.size);
 }
+
+std::ostream& HwRecordBlock::printToStream(std::ostream& os) { return detail::printFields(os, bytes(), *traits_); }
 
 unsigned char* HwRecordBlock::recordBytes(std::size_t size) {
   if (bytes().size() < size) resizeData(static_cast<unsigned>(size));

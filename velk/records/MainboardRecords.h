@@ -92,7 +92,7 @@ inline constexpr FieldInfo mbrdMacFields[] = {
     VELK_FIELD(HwSDatablockMbrdMac, mac).counted("macLength").personal(),
 };
 
-/// Has no text form but its bytes.
+/// The network address of the mainboard, whose text is the block's bytes.
 class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbrdMac> {
  public:
   static constexpr RecordTraits traits{
@@ -114,6 +114,9 @@ class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbr
 
   /// Takes id, alignment, checksum and all 16 bytes of the address over; the length becomes 16. 1 for a refused record.
   int setBlock(const HwSDatablockMbrdMac* record);
+
+  /// Writes the raw bytes, as this block has always been printed.
+  std::ostream& printToStream(std::ostream& os) override { return HwDatablock::printToStream(os); }
 };
 
 /// The analog output calibration of the baseband option: a header and nothing else.
