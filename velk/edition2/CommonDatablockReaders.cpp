@@ -16,7 +16,7 @@ namespace {
 template <class T>
 constexpr bool isText = std::is_same_v<T, std::string>;
 
-/// The first `size` bytes of a T; the others are zero.
+/// Reads a T from its first `size` bytes; the others are zero.
 template <class T>
 T copied(const char* source, std::size_t size) {
   T value{};
@@ -42,7 +42,7 @@ T unsupported(unsigned int typeId) {
   return T{};
 }
 
-/// What is read of a stored number: the upper half of a long one does not count.
+/// The type as which a stored number is read: only the lower half of 64-bit integers is used.
 template <class Stored>
 using ReadAs = std::conditional_t<std::is_same_v<Stored, unsigned long long>, unsigned int,
                                   std::conditional_t<std::is_same_v<Stored, long long>, int, Stored>>;
@@ -65,7 +65,7 @@ auto withConversion(unsigned int typeId, Act act) {
 template <class T, class Convert>
 void convertCells(const TableCells::Column& cells, std::span<T> values, Convert convert) {
   constexpr char zeros[detail::widestType] = {};
-  const char* last = zeros;  // what a missing cell leaves in place
+  const char* last = zeros;  // a missing cell repeats it
   const CellRun run = cells.run();
   std::size_t row = 0;
   for (; row < run.count; ++row) {
@@ -78,7 +78,7 @@ void convertCells(const TableCells::Column& cells, std::span<T> values, Convert 
   }
 }
 
-/// Takes the text before the next zero byte, and that byte, off the front of `bytes`; all where there is none.
+/// Removes and returns the text up to the next zero byte; all of `bytes` if there is none. The zero byte goes too.
 std::string takeText(std::string_view& bytes) {
   const std::size_t length = std::min(bytes.find('\0'), bytes.size());
   std::string text(bytes.substr(0, length));
@@ -88,7 +88,7 @@ std::string takeText(std::string_view& bytes) {
 
 std::string_view viewOf(const std::vector<char>& store) { return {store.data(), store.size()}; }
 
-/// The id at place `index` of a store, with zeros behind it; zeros alone where the store lacks it.
+/// The id at place `index` of a store, followed by zeros; all zeros if the store lacks it.
 std::array<char, detail::widestType> idAt(std::string_view store, std::size_t index, unsigned int typeId) {
   std::array<char, detail::widestType> id{};
   const std::size_t size = detail::typeSize(typeId);
@@ -96,7 +96,7 @@ std::array<char, detail::widestType> idAt(std::string_view store, std::size_t in
   return id;
 }
 
-/// The row ids that stand in a store, as the table claims them.
+/// The row ids in a store, as many as the table claims.
 struct RowIds {
   std::string_view store;
   unsigned int typeId;

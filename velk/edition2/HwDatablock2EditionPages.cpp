@@ -59,16 +59,16 @@ void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
   });
 }
 
-/// Prints stored values one behind the other, up to the end of the block.
+/// Prints consecutive stored values up to the end of the block.
 class ValueCursor {
  public:
   ValueCursor(ConstBytes block, std::size_t position) : block_(block), position_(position) {}
 
-  /// False, then and from then on, where the block lacks the value.
+  /// Returns false, now and for all later values, if the block lacks the value.
   bool print(TextWriter& text, ETypeId type) {
     const std::size_t size = HwDatablock2Edition::size_in_byte(type);
     if (!detail::fits(block_.size(), position_, size)) {
-      position_ = block_.size() + 1;  // what follows would stand in the wrong column
+      position_ = block_.size() + 1;  // later values would appear in the wrong column
       return false;
     }
     appendValue(text, block_.subspan(position_, size), type);
@@ -85,7 +85,7 @@ class ValueCursor {
   std::size_t position_;
 };
 
-/// The first table as the detail page walks it: its lists one behind the other, each value of its type's size.
+/// The first table as the detail page walks it: its lists back to back, each value of its type's size.
 class DetailTable {
  public:
   DetailTable(HwDatablock2Edition& block, ConstBytes bytes, std::size_t typesOffset);
@@ -334,7 +334,7 @@ std::ostream& HwDatablock2Edition::printDebugPageDetail(std::ostream& os, HwSDat
 
 std::ostream& HwDatablock2Edition::printDebugPageComplete(std::ostream& os, HwSDataBlockCfg /*cfg*/) {
   CommonDatablockAccess access(this, nullptr, true);
-  access.releaseBlock();  // its tables are all that is needed, and a stream may throw
+  access.releaseBlock();  // only the tables are needed, and a stream may throw
   TextWriter text(os);
   text.line(pageStart);
   text.endLine();

@@ -5,10 +5,10 @@
 namespace Velk::detail {
 
 enum class StoredForm : unsigned char {
-  Nothing,     ///< what is no type
-  Number,      ///< an integer or floating-point number that the host has as well
+  Nothing,     ///< not a type
+  Number,      ///< an integer or floating-point type of the host
   Extended,    ///< the ten bytes of the x87
-  FixedPoint,  ///< a signed integer that counts fixedPointUnit
+  FixedPoint,  ///< a signed integer in units of fixedPointUnit
   Characters,  ///< a text of a fixed size, padded with zeros
   String       ///< a text of any length with its terminating zero
 };
@@ -20,7 +20,7 @@ struct StoredType {
   static constexpr StoredForm form = f;
 };
 
-/// Calls `act` with the StoredType of a type and returns its result, so that a loop over many values looks at their
+/// Calls `act` with the StoredType of a type and returns its result, so a loop over many values checks their
 /// type once.
 template <class Act>
 constexpr auto withStoredType(unsigned int typeId, Act act) {
