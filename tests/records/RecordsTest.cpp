@@ -50,6 +50,83 @@ TEST(Records, GoldenTexts) {
   EXPECT_TRUE(VelkTest::isGolden("records.txt", text));
 }
 
+struct VELK_RECORD FanRecord {
+  HwSDatablockHeader header;
+  unsigned short speeds;
+  unsigned short curves;
+  short speed[3];
+  struct VELK_RECORD Sensor {
+    unsigned char port;
+    float offset;
+
+    bool operator==(const Sensor&) const = default;
+  } sensors[2];
+  char maker[8];
+  unsigned char curve[2][3];
+
+  bool operator==(const FanRecord&) const = default;
+};
+
+constexpr FieldInfo sensorFields[] = {
+    VELK_FIELD(FanRecord::Sensor, port),
+    VELK_FIELD(FanRecord::Sensor, offset).in("K"),
+};
+constexpr FieldInfo fanFields[] = {
+    VELK_FIELD(FanRecord, speeds),
+    VELK_FIELD(FanRecord, curves),
+    VELK_FIELD(FanRecord, speed).in("rpm", 100).counted("speeds"),
+    VELK_FIELD(FanRecord, sensors).of(sensorFields),
+    VELK_FIELD(FanRecord, maker).asText(),
+    VELK_FIELD(FanRecord, curve).counted("", "curves"),
+};
+
+/// A class with nothing but its declaration.
+class Fan : public HwTypedRecordBlock<FanRecord> {
+ public:
+  static constexpr RecordTraits traits{
+      .id = 60000,
+      .size = sizeof(FanRecord),
+      .keys = {"FAN"},
+      .fields = fanFields,
+      .text = {.comments = {"# The fan"}},
+  };
+
+  Fan() : HwTypedRecordBlock(traits, true) {}
+};
+
+TEST(Records, AClassWithoutATextPrintsItsFields) {
+  Fan fan;
+  FanRecord* const record = fan.getBlock();
+  *record = {.header = record->header,
+             .speeds = 2,
+             .curves = 1,
+             .speed = {12, -3, 7},
+             .sensors = {{.port = 4, .offset = 0.25F}, {.port = 200, .offset = -1}},
+             .maker = {'A', 'C', 'M', 'E'},
+             .curve = {{5, 6, 7}, {8, 9, 10}}};
+  const std::string whole =
+      "# The fan\n"
+      "ID:              FAN\n"
+      "speeds:          2\n"
+      "curves:          1\n"
+      "speed[0]:        1200 rpm\n"
+      "speed[1]:        -300 rpm\n"
+      "sensors[0].port: 4\n"
+      "sensors[0].offset: 0.25 K\n"
+      "sensors[1].port: 200\n"
+      "sensors[1].offset: -1 K\n"
+      "maker:           ACME\n"
+      "curve[0][0]:     5\n"
+      "curve[1][0]:     8\n\n";
+  EXPECT_EQ(printed(fan), whole);
+
+  record->speeds = 0xFFFF;
+  fan.resizeData(offsetof(FanRecord, speed) + sizeof(short));
+  const std::string text = printed(fan);
+  EXPECT_NE(text.find("speed[0]:        1200 rpm\nspeed[1]:        0 rpm\nspeed[2]:        0 rpm\nsensors"), text.npos)
+      << "no more than the record has, and zeros for what the block lacks: " << text;
+}
+
 TEST(ServiceData, PartsOfWordsKeepTheirNeighbours) {
   HwDatablockServiceData block;
   EXPECT_EQ(std::string(block.getDepartment(), 6), "000000");

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "velk/datablock/Checksums.h"
+#include "velk/edition2/StoredType.h"
 
 namespace Velk {
 namespace {
@@ -30,20 +31,30 @@ constexpr FieldInfo tableHeaderFields[] = {
 constexpr const char* tableParts[] = {"columnTypes", "rowIds", "columnIds", "cells"};
 enum TableMember : unsigned char { ColumnTypes = std::size(tableHeaderFields), RowIds, ColumnIds, Cells };
 
+template <class T>
+constexpr ScalarType storedScalar() {
+  if constexpr (std::is_same_v<T, long double>) return ScalarType::F80;
+  if constexpr (std::is_same_v<T, unsigned long long>) return ScalarType::U64;
+  if constexpr (std::is_same_v<T, long long>) return ScalarType::I64;
+  if constexpr (sizeof(T) <= sizeof(int) || std::is_same_v<T, double>) return detail::scalarTypeOf<T>();
+}
+
+constexpr FieldInfo typedValue(unsigned type) {
+  using enum detail::StoredForm;
+  return detail::withStoredType(type, [type]<class Stored>(Stored) {
+    const auto scalar = storedScalar<typename Stored::Value>();
+    FieldInfo field{"", 0, scalar, static_cast<unsigned short>(detail::typeSize(type))};
+    if constexpr (Stored::form == FixedPoint) field = field.in("", detail::fixedPointUnit(type));
+    if constexpr (Stored::form == Characters || Stored::form == String) field.kind = FieldKind::Text;
+    field.isFixed = Stored::form == String;  // a longer one would move all that follows
+    return field;
+  });
+}
+
 /// How the values of each type are stored and shown. What is no type has no size and is never found in a block.
 constexpr auto typedFields = [] {
-  using enum ScalarType;
-  constexpr ScalarType storedAs[] = {U8,  U8,  I8,  U16, I16, U32, I32, U64, I64, F32, F64, F80, I16,
-                                     I16, I16, I16, I32, I32, I32, I32, U8,  U8,  U8,  U8,  U8,  U8};
-  static_assert(std::size(storedAs) == TYPE_ID_MAX + 1);
-  std::array<FieldInfo, std::size(storedAs)> fields{};
-  for (unsigned type = 0; type < fields.size(); ++type) {
-    FieldInfo field{"", 0, storedAs[type], static_cast<unsigned short>(detail::typeSize(type))};
-    if (detail::isFixedPoint(type)) field = field.in("", detail::fixedPointUnit(type));
-    if (detail::isCharacters(type) || type == TYPE_ID_STRING) field.kind = FieldKind::Text;
-    field.isFixed = type == TYPE_ID_STRING;  // a longer one would move all that follows
-    fields[type] = field;
-  }
+  std::array<FieldInfo, TYPE_ID_MAX + 1> fields{};
+  for (unsigned type = 0; type < fields.size(); ++type) fields[type] = typedValue(type);
   return fields;
 }();
 
@@ -94,16 +105,6 @@ DataTable dataTable(ConstBytes block, std::size_t offset, StoredTable stored) {
   if (stored.columnIdType() == TYPE_ID_STRING) table.columnTexts = textStarts(block, stored.columnIds());
   table.stored = std::move(stored);
   return table;
-}
-
-/// The number that a field of the same record gives as the elements in use.
-std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
-                          std::string_view counter, std::size_t capacity) {
-  if (counter.empty()) return capacity;
-  const auto field = std::ranges::find(fields, counter, &FieldInfo::name);
-  if (field == fields.end()) return capacity;
-  const std::int64_t count = integerValue(block, {&*field, offset + field->offset});
-  return count < 0 ? capacity : std::min(capacity, static_cast<std::size_t>(count));
 }
 
 }  // namespace

@@ -159,8 +159,7 @@ class VELK_EXPORT BlockData {
 // A walk takes most of its steps here: they are in the header for the compiler to see through.
 
 inline std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
-  const std::size_t size = data_->bytes().size();
-  return offset >= size || field.stride == 0 ? 0 : (size - offset) / field.stride;
+  return Velk::roomFor(field, offset, data_->bytes().size());
 }
 
 inline DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {

@@ -28,7 +28,7 @@ const char* const HwObject::classDisplayStr[] = {
     "          Eeprom, ",
     "       JamPlayer, ",
     "       Interrupt, ",
-    "",  // no type has the number 11
+    "",  // number 11 is not used
     "        Diagnose, ",
     nullptr,
 };

@@ -13,7 +13,7 @@ using Header = HwSDatablockHeader2Edition;
 constexpr std::size_t longestBlock = 0xFFFF;
 constexpr std::size_t alignmentModulus = 4;
 
-/// The bytes that the block says it has, and really has.
+/// The bytes that the block claims, cut to those that it has.
 QByteArray imageOf(IHwDatablockAccess& block) {
   qsizetype size = block.getBlockSize(0);
   if (auto* const known = dynamic_cast<HwDatablock*>(&block)) size = std::min(size, known->getByteArrayData().size());
@@ -21,7 +21,7 @@ QByteArray imageOf(IHwDatablockAccess& block) {
   return data == nullptr ? QByteArray() : QByteArray(reinterpret_cast<const char*>(data), size);
 }
 
-/// The header, with zeros where the block ends inside it.
+/// The header, padded with zeros if the block is shorter.
 Header headerOf(ConstBytes block) {
   const auto bytes = detail::firstBytes<sizeof(Header)>(block);
   return {.header = {.id = detail::load<unsigned short>(bytes, offsetof(Header, header.id)),
@@ -47,7 +47,7 @@ CommonSubDatablock listTable(ConstBytes block) {
   return table;
 }
 
-/// Puts the bytes of a block together.
+/// Assembles the bytes of a block.
 class ImageWriter {
  public:
   /// Blocks with an alignment word have no padding.
@@ -60,7 +60,7 @@ class ImageWriter {
   void add(const CommonSubDatablock& table) {
     add(static_cast<unsigned short>(table.rows)).add(static_cast<unsigned short>(table.columns));
     add(static_cast<unsigned char>(table.rowIdType)).add(static_cast<unsigned char>(table.columnIdType));
-    // Padding behind a table without columns would be read as part of the next table.
+    // Padding after a table without columns would be read as part of the next table.
     if (table.columns == 0) return;
     for (const unsigned int type : table.columnTypes) add(static_cast<unsigned char>(type));
     pad().add(table.rowIds).pad().add(table.columnIds).pad();

@@ -13,22 +13,22 @@ namespace Velk {
 /// Reads the tables of any second-edition block as typed values or as text, without a class for each kind of block, and
 /// writes a block anew.
 ///
-/// The accessor owns the block that it is given, not the store. It is parsed once, read any number of times and may be
-/// written. All readers append to `out`, name the table by its number in the block, and return true: a table, column or
-/// type that does not fit appends nothing. Values are as many as the table claims; one whose bytes the block lacks is 0
-/// in lists of ids and the value before it in a column.
+/// The accessor owns the block, but not the store. It parses the block once, reads it any number of times and may write
+/// it. All readers append to `out`, take the table's number in the block, and return true: for a missing table or
+/// column or an unsuitable type they append nothing. They append as many values as the table claims; a value outside
+/// the block is 0 in lists of ids, and repeats the value before it in a column.
 class VELK_EXPORT CommonDatablockAccess {
  public:
   static constexpr char nullString[] = "";
 
-  /// Takes `block` over; both may be null. Without `parseNow` there are no tables until parse() is called.
+  /// Takes ownership of `block`; both may be null. Without `parseNow` there are no tables until parse() is called.
   CommonDatablockAccess(IHwDatablockAccess* block, IHwVariantEeprom* store, bool parseNow);
   ~CommonDatablockAccess();
   CommonDatablockAccess(const CommonDatablockAccess&) = delete;
   CommonDatablockAccess& operator=(const CommonDatablockAccess&) = delete;
 
   /// Reads the block's header and tables; reports nothing, whatever the bytes. The tables end with one that the block
-  /// leaves open: empty where the block ends behind a table. A second call adds all tables again.
+  /// leaves open: empty if the block ends after a table. A second call adds all tables again.
   void parse();
 
   unsigned short getId() const { return header_.header.id; }
@@ -40,7 +40,7 @@ class VELK_EXPORT CommonDatablockAccess {
   /// Gives the block back to the caller; the tables stay.
   IHwDatablockAccess* releaseBlock() { return block_.release(); }
 
-  /// Bytes of a value; 1 for a string, 0 for what is no type.
+  /// Returns the size of a value in bytes; 1 for a string, 0 for values that are not types.
   static unsigned int getSizeInBytes(unsigned int typeId, unsigned int table);
 
   /// The stored value at `source`, which has the bytes that its type asks for, as a number. Integers are converted by

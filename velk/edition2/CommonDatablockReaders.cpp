@@ -6,6 +6,7 @@
 #include "velk/bytes/NumberConversion.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/RowIdTexts.h"
+#include "velk/edition2/StoredType.h"
 #include "velk/fields/Fields.h"
 #include "velk/platform/Console.h"
 
@@ -15,7 +16,7 @@ namespace {
 template <class T>
 constexpr bool isText = std::is_same_v<T, std::string>;
 
-/// The first `size` bytes of a T; the others are zero.
+/// Reads a T from its first `size` bytes; the others are zero.
 template <class T>
 T copied(const char* source, std::size_t size) {
   T value{};
@@ -41,39 +42,30 @@ T unsupported(unsigned int typeId) {
   return T{};
 }
 
-/// Calls `act` with the function that reads a stored value of type `typeId` as a T, so that a loop over many values
-/// looks at their type once.
+/// The type as which a stored number is read: only the lower half of 64-bit integers is used.
+template <class Stored>
+using ReadAs = std::conditional_t<std::is_same_v<Stored, unsigned long long>, unsigned int,
+                                  std::conditional_t<std::is_same_v<Stored, long long>, int, Stored>>;
+
+/// Calls `act` with the function that reads a stored value of type `typeId` as a T.
 template <class T, class Act>
 auto withConversion(unsigned int typeId, Act act) {
-  switch (typeId) {
-    case TYPE_ID_UINT8:
-      return act([](const char* source) { return converted<T, unsigned char>(source); });
-    case TYPE_ID_INT8:
-      return act([](const char* source) { return converted<T, signed char>(source); });
-    case TYPE_ID_UINT16:
-      return act([](const char* source) { return converted<T, unsigned short>(source); });
-    case TYPE_ID_INT16:
-      return act([](const char* source) { return converted<T, short>(source); });
-    case TYPE_ID_UINT32:
-    case TYPE_ID_UINT64:  // the upper half does not count
-      return act([](const char* source) { return converted<T, unsigned int>(source); });
-    case TYPE_ID_INT32:
-    case TYPE_ID_INT64:
-      return act([](const char* source) { return converted<T, int>(source); });
-    case TYPE_ID_FLOAT:
-      return act([](const char* source) { return converted<T, float>(source); });
-    case TYPE_ID_DOUBLE:
-      return act([](const char* source) { return converted<T, double>(source); });
-    default:
-      if (!detail::isCharacters(typeId)) return act([typeId](const char*) { return unsupported<T>(typeId); });
+  using enum detail::StoredForm;
+  return detail::withStoredType(typeId, [typeId, &act]<class Stored>(Stored) {
+    if constexpr (Stored::form == Number) {
+      return act([](const char* source) { return converted<T, ReadAs<typename Stored::Value>>(source); });
+    } else if constexpr (Stored::form == Characters) {
       return act([typeId](const char* source) { return copied<T>(source, detail::typeSize(typeId)); });
-  }
+    } else {
+      return act([typeId](const char*) { return unsupported<T>(typeId); });
+    }
+  });
 }
 
 template <class T, class Convert>
 void convertCells(const TableCells::Column& cells, std::span<T> values, Convert convert) {
   constexpr char zeros[detail::widestType] = {};
-  const char* last = zeros;  // what a missing cell leaves in place
+  const char* last = zeros;  // a missing cell repeats it
   const CellRun run = cells.run();
   std::size_t row = 0;
   for (; row < run.count; ++row) {
@@ -86,7 +78,7 @@ void convertCells(const TableCells::Column& cells, std::span<T> values, Convert 
   }
 }
 
-/// Takes the text before the next zero byte, and that byte, off the front of `bytes`; all where there is none.
+/// Removes and returns the text up to the next zero byte; all of `bytes` if there is none. The zero byte goes too.
 std::string takeText(std::string_view& bytes) {
   const std::size_t length = std::min(bytes.find('\0'), bytes.size());
   std::string text(bytes.substr(0, length));
@@ -96,7 +88,7 @@ std::string takeText(std::string_view& bytes) {
 
 std::string_view viewOf(const std::vector<char>& store) { return {store.data(), store.size()}; }
 
-/// The id at place `index` of a store, with zeros behind it; zeros alone where the store lacks it.
+/// The id at place `index` of a store, followed by zeros; all zeros if the store lacks it.
 std::array<char, detail::widestType> idAt(std::string_view store, std::size_t index, unsigned int typeId) {
   std::array<char, detail::widestType> id{};
   const std::size_t size = detail::typeSize(typeId);
@@ -104,7 +96,7 @@ std::array<char, detail::widestType> idAt(std::string_view store, std::size_t in
   return id;
 }
 
-/// The row ids that stand in a store, as the table claims them.
+/// The row ids in a store, as many as the table claims.
 struct RowIds {
   std::string_view store;
   unsigned int typeId;
@@ -243,58 +235,23 @@ struct Texts {
 
 template <class Source>
 void appendTexts(const Source& source, unsigned int typeId, std::vector<std::string>& out) {
+  using enum detail::StoredForm;
   const Texts<Source> list{source, out};
   const auto scaled = [typeId](int stored) {
     return static_cast<float>(
         presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(typeId)}, static_cast<double>(stored)));
   };
-  switch (typeId) {
-    case TYPE_ID_UINT8:
-      list.template append<unsigned char>();
-      break;
-    case TYPE_ID_INT8:
-      list.template append<signed char>();
-      break;
-    case TYPE_ID_UINT16:
-      list.template append<unsigned short>();
-      break;
-    case TYPE_ID_INT16:
-      list.template append<short>();
-      break;
-    case TYPE_ID_UINT32:
-      list.template append<unsigned int>();
-      break;
-    case TYPE_ID_INT32:
-      list.template append<int>();
-      break;
-    case TYPE_ID_UINT64:
-      list.template append<unsigned long long>();
-      break;
-    case TYPE_ID_INT64:
-      list.template append<long long>();
-      break;
-    case TYPE_ID_FLOAT:
-      list.template append<float>();
-      break;
-    case TYPE_ID_DOUBLE:
-    case TYPE_ID_LONG_DOUBLE:
+  detail::withStoredType(typeId, [&]<class Stored>(Stored) {
+    if constexpr (Stored::form == Number) {
+      list.template append<typename Stored::Value>();
+    } else if constexpr (Stored::form == Extended) {
       list.template append<double>();
-      break;
-    case TYPE_ID_FIX16D1:
-    case TYPE_ID_FIX16D2:
-    case TYPE_ID_FIX16D3:
-    case TYPE_ID_FIX16D4:
-      list.template append<short>(scaled);
-      break;
-    case TYPE_ID_FIX32D1:
-    case TYPE_ID_FIX32D2:
-    case TYPE_ID_FIX32D3:
-    case TYPE_ID_FIX32D4:
-      list.template append<int>(scaled);
-      break;
-    default:
-      if (typeId >= TYPE_ID_CHAR && typeId <= TYPE_ID_STRING) list.template append<std::string>();
-  }
+    } else if constexpr (Stored::form == FixedPoint) {
+      list.template append<typename Stored::Value>(scaled);
+    } else if constexpr (Stored::form != Nothing) {
+      list.template append<std::string>();
+    }
+  });
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace Velk {
 
-/// What a caller has to say of a block that it prints. The pages show the block's name only; the rest is carried along.
+/// What the caller states about a block that it prints. The pages show only the block's name.
 struct HwSDataBlockCfg {
   QString moduleName;
   QString description;
@@ -18,8 +18,8 @@ struct HwSDataBlockCfg {
   QString remark;
 };
 
-/// A block that describes itself: behind a header with a CRC-32 it holds tables, each of which states its counts and
-/// the types of its ids and columns. CommonDatablockAccess reads the tables; this class holds the bytes, answers for
+/// A self-describing block: after a header with a CRC-32 it holds tables, each of which states its counts and the
+/// types of its ids and columns. CommonDatablockAccess reads the tables; this class holds the bytes, answers for
 /// the header and the first table, and prints the pages that service looks at.
 ///
 /// Blocks with an alignment word other than 0 are taken for ones whose header is two bytes shorter: their update index
@@ -66,7 +66,7 @@ class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockA
   unsigned int getSizeOfRowIdType();
   unsigned int getSizeOfColumnIdType();
 
-  /// Bytes of a value of fixed size; 0 for strings.
+  /// Returns the size of a value in bytes; 0 for strings.
   static unsigned int size_in_byte(ETypeId type);
   static const char* getTypeString(ETypeId type);
 

@@ -8,6 +8,7 @@
 #include "velk/edition2/HwDatablock2Edition.h"
 #include "velk/edition2/RowIdTexts.h"
 #include "velk/edition2/StoredTable.h"
+#include "velk/edition2/StoredType.h"
 #include "velk/fields/FieldValue.h"
 #include "velk/text/TextWriter.h"
 
@@ -31,72 +32,42 @@ int printedDecimals(ETypeId type) {
   return type == TYPE_ID_FIX32D4 ? 1 : static_cast<int>(detail::fixedPointDecimals(type));
 }
 
-void appendFixedPoint(TextWriter& text, ConstBytes value, ETypeId type) {
-  const int stored = value.size() == sizeof(short) ? detail::load<short>(value, 0) : detail::load<int>(value, 0);
-  const double shown =
-      presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(type)}, static_cast<double>(stored));
-  text.fixed(shown, printedDecimals(type));
+double fixedPoint(int stored, ETypeId type) {
+  return presentedValue<Rounding::Product>({.factor = detail::fixedPointUnit(type)}, static_cast<double>(stored));
 }
 
-/// One stored value and the blanks behind it, in the form of its type; nothing where a type has no form.
+/// Writes one stored value in the form of its type and the blanks after it; nothing where a type has no form.
 void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
-  const auto number = [&]<class T>(T) { text.number(detail::load<T>(value, 0)); };
-  switch (type) {
-    case TYPE_ID_UINT8:
-      number(static_cast<unsigned char>(0));
-      break;
-    case TYPE_ID_INT8:
-      number(static_cast<signed char>(0));
-      break;
-    case TYPE_ID_UINT16:
-      number(static_cast<unsigned short>(0));
-      break;
-    case TYPE_ID_INT16:
-      number(static_cast<short>(0));
-      break;
-    case TYPE_ID_UINT32:
-      number(0U);
-      break;
-    case TYPE_ID_INT32:
-      number(0);
-      break;
-    case TYPE_ID_UINT64:
-      number(0ULL);
-      break;
-    case TYPE_ID_INT64:
-      number(0LL);
-      break;
-    case TYPE_ID_FLOAT:
-      text.general(detail::load<float>(value, 0));
-      break;
-    case TYPE_ID_DOUBLE:
-      text.general(detail::load<double>(value, 0));
-      break;
-    case TYPE_ID_LONG_DOUBLE:
+  using enum detail::StoredForm;
+  detail::withStoredType(type, [&]<class Stored>(Stored) {
+    using Value = typename Stored::Value;
+    if constexpr (Stored::form == Nothing || Stored::form == String) {
+      return;
+    } else if constexpr (Stored::form == FixedPoint) {
+      text.fixed(fixedPoint(detail::load<Value>(value, 0), type), printedDecimals(type));
+    } else if constexpr (Stored::form == Characters) {
+      text.text(detail::textAt(value, 0, value.size()));
+    } else if constexpr (Stored::form == Extended) {
       text.general(detail::loadExtended(value, 0));
-      break;
-    default:
-      if (detail::isFixedPoint(type)) {
-        appendFixedPoint(text, value, type);
-      } else if (detail::isCharacters(type)) {
-        text.text(detail::textAt(value, 0, value.size()));
-      } else {
-        return;
-      }
-  }
-  text.text(behindValue);
+    } else if constexpr (std::is_floating_point_v<Value>) {
+      text.general(detail::load<Value>(value, 0));
+    } else {
+      text.number(detail::load<Value>(value, 0));
+    }
+    text.text(behindValue);
+  });
 }
 
-/// Prints stored values one behind the other, up to the end of the block.
+/// Prints consecutive stored values up to the end of the block.
 class ValueCursor {
  public:
   ValueCursor(ConstBytes block, std::size_t position) : block_(block), position_(position) {}
 
-  /// False, then and from then on, where the block lacks the value.
+  /// Returns false, now and for all later values, if the block lacks the value.
   bool print(TextWriter& text, ETypeId type) {
     const std::size_t size = HwDatablock2Edition::size_in_byte(type);
     if (!detail::fits(block_.size(), position_, size)) {
-      position_ = block_.size() + 1;  // what follows would stand in the wrong column
+      position_ = block_.size() + 1;  // later values would appear in the wrong column
       return false;
     }
     appendValue(text, block_.subspan(position_, size), type);
@@ -113,7 +84,7 @@ class ValueCursor {
   std::size_t position_;
 };
 
-/// The first table as the detail page walks it: its lists one behind the other, each value of its type's size.
+/// The first table as the detail page walks it: its lists back to back, each value of its type's size.
 class DetailTable {
  public:
   DetailTable(HwDatablock2Edition& block, ConstBytes bytes, std::size_t typesOffset);
@@ -362,7 +333,7 @@ std::ostream& HwDatablock2Edition::printDebugPageDetail(std::ostream& os, HwSDat
 
 std::ostream& HwDatablock2Edition::printDebugPageComplete(std::ostream& os, HwSDataBlockCfg /*cfg*/) {
   CommonDatablockAccess access(this, nullptr, true);
-  access.releaseBlock();  // its tables are all that is needed, and a stream may throw
+  access.releaseBlock();  // only the tables are needed, and a stream may throw
   TextWriter text(os);
   text.line(pageStart);
   text.endLine();

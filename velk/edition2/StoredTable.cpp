@@ -6,8 +6,8 @@ namespace Velk {
 namespace {
 
 constexpr std::size_t alignment = 4;
-/// A reader of these blocks holds a cell in a buffer of this size: a longer string, its terminating zero included, is
-/// the last thing that it takes.
+/// Readers hold a cell in a buffer of this size, terminating zero included: parsing stops after a longer
+/// string.
 constexpr std::size_t longestStringCell = 2048;
 
 constexpr std::size_t notFound = static_cast<std::size_t>(-1);
@@ -74,7 +74,7 @@ bool StoredTable::takeIds(ConstBytes block, ETypeId type, std::size_t count, Con
 bool StoredTable::takeIdBytes(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids) {
   const ConstBytes rest = block.subspan(end_);
   const std::size_t size = detail::typeSize(type);
-  if (size == 0) return false;  // nobody knows where the ids end
+  if (size == 0) return false;  // the end of the ids is unknown
   bool complete = false;
   if (type == TYPE_ID_STRING) {
     ids = rest.first(sizeOfStrings(rest, count, complete));
@@ -89,13 +89,13 @@ bool StoredTable::takeIdBytes(ConstBytes block, ETypeId type, std::size_t count,
 ConstBytes StoredTable::rowIdsBehindHeader(ConstBytes block) const {
   if (!complete_ || columns_ != 0 || rows_ == 0 || rowIdType_ == TYPE_ID_NONE) return {};
   const bool isLast = !StoredTable(block, end_).isComplete();
-  // Where strings end takes a look at each: a block of many such tables has them looked for once only.
+  // Finding the end of strings takes a scan: with many such tables only the last one is scanned.
   if (rowIdType_ == TYPE_ID_STRING && !isLast) return {};
   StoredTable list;
   list.end_ = end_;
   ConstBytes ids;
   if (!list.takePadding(block) || !list.takeIdBytes(block, rowIdType_, rows_, ids)) return {};
-  list.takePadding(block);  // it may be cut off
+  list.takePadding(block);  // may be cut off
   return isLast || list.end_ == block.size() ? ids : ConstBytes{};
 }
 
@@ -111,7 +111,7 @@ bool StoredTable::placeCells(ConstBytes rest) {
   places_.push_back(place);
   for (const unsigned char type : columnTypes_) {
     const unsigned int size = detail::typeSize(type);
-    if (size == 0) {  // nobody knows how to go on behind such a cell
+    if (size == 0) {  // the start of the next cell is unknown
       cells_ = rest.first(std::min<std::size_t>(place, rest.size()));
       return false;
     }
@@ -132,7 +132,7 @@ bool StoredTable::findCells(ConstBytes rest) {
       const std::size_t zero = string ? findZero(rest.subspan(at), longestStringCell) : notFound;
       const std::size_t size = string ? zero + 1 : detail::typeSize(type);
       if (string && zero == notFound) {
-        // Cut off: as if the zero followed behind the last byte that is taken.
+        // Cut off: treated as if the zero followed the last byte.
         starts_.push_back(static_cast<std::uint32_t>(at + std::min(longestStringCell, rest.size() - at) + 1));
         return false;
       }

@@ -11,7 +11,7 @@
 
 namespace Velk {
 
-/// The head of a second-edition block; its tables follow, one directly behind the other.
+/// The header of a second-edition block; its tables follow back to back.
 struct VELK_RECORD HwSDatablockHeader2Edition {
   HwSDatablockHeader header;
   unsigned int checksum32;     ///< CRC-32 without bytes 4 to 11, or the event counter identifier
@@ -23,7 +23,7 @@ static_assert(sizeof(HwSDatablockHeader2Edition) == 14);
 
 inline constexpr double updateIndexUnit = 0.01;
 
-/// The head of a table; a type byte for each column follows.
+/// The header of a table; one type byte per column follows.
 struct VELK_RECORD HwSTableHeader2Edition {
   unsigned short rows;
   unsigned short columns;
@@ -34,7 +34,7 @@ struct VELK_RECORD HwSTableHeader2Edition {
 };
 static_assert(sizeof(HwSTableHeader2Edition) == 6);
 
-/// Cells of one column that stand a fixed distance apart: the fast way to all of them.
+/// Cells of one column at a fixed distance: fast access to all of them.
 struct CellRun {
   const unsigned char* first = nullptr;
   std::size_t cellSize = 0;
@@ -42,11 +42,11 @@ struct CellRun {
   std::size_t count = 0;
 };
 
-/// One table of a second-edition block: what it says of itself, and where its parts lie in the block's bytes.
+/// One table of a second-edition block: its header, and where its parts lie in the block's bytes.
 ///
-/// The counts are claims; every part is cut to the bytes that are there. Ids and numeric cells are there whole or not
-/// at all, a string that its block cuts off is there as far as it goes. It views the block's bytes, which have
-/// to outlive it; it is built in time and space in proportion to the bytes that it covers, whatever they claim.
+/// The stored counts are not trusted; every part is cut to the bytes of the block. Ids and numeric cells are complete
+/// or missing; a string that is cut off keeps the part inside the block. The table views the block's bytes, which must
+/// outlive it. Parsing takes time and space proportional to the bytes of the table, whatever counts they claim.
 class VELK_EXPORT StoredTable {
  public:
   /// A table without bytes.
@@ -59,12 +59,12 @@ class VELK_EXPORT StoredTable {
   ETypeId rowIdType() const { return rowIdType_; }
   ETypeId columnIdType() const { return columnIdType_; }
 
-  /// One type byte a column; fewer where the block ends.
+  /// One type byte per column; fewer if the block ends early.
   ConstBytes columnTypes() const { return columnTypes_; }
   /// The stored ids back to back, strings with their terminating zeros.
   ConstBytes rowIds() const { return rowIds_; }
   ConstBytes columnIds() const { return columnIds_; }
-  /// A cell's bytes, without the zero that ends a string; empty where the table has no such cell, or not its bytes.
+  /// A cell's bytes, without the zero that ends a string; empty if the table or the block lacks it.
   ConstBytes cell(std::size_t column, std::size_t row) const {
     if (column >= columns() || row >= rows()) return {};
     return starts_.empty() ? placedCell(column, row) : foundCell(column, row);
@@ -73,18 +73,18 @@ class VELK_EXPORT StoredTable {
   /// The cells from row 0 on of a column whose table has no strings; none of a table with strings.
   CellRun run(std::size_t column) const;
 
-  /// Whether the block holds all of the table. A table of no rows ends behind its column ids, one of no columns behind
-  /// its header.
+  /// Whether the block holds all of the table. A table without rows ends after its column ids, one without columns
+  /// after its header.
   bool isComplete() const { return complete_; }
-  /// The offset behind a complete table, where the next one begins.
+  /// The offset after a complete table, where the next one begins.
   std::size_t end() const { return end_; }
 
-  /// The row ids of a table without columns, of which only the header is parsed: `block` has them where it ends with
-  /// them, or where nothing behind the header reads as a table. Empty where it has not all of them.
+  /// The row ids of a table without columns, of which only the header is parsed: `block` has them if it ends with them,
+  /// or if nothing after the header parses as a table. Empty if some are missing.
   ConstBytes rowIdsBehindHeader(ConstBytes block) const;
 
  private:
-  /// Each goes on at end_ and returns whether the block has all of the part.
+  /// Each parses a part from end_ on and returns whether the block holds all of it.
   bool takeHeader(ConstBytes block);
   bool takeColumnTypes(ConstBytes block);
   bool takeIds(ConstBytes block, ETypeId type, std::size_t count, ConstBytes& ids);
@@ -111,18 +111,18 @@ class VELK_EXPORT StoredTable {
   ConstBytes rowIds_{};
   ConstBytes columnIds_{};
   ConstBytes cells_{};
-  /// Where cells have fixed sizes: the offset of each column in a row, then the size of a row.
+  /// If all cells have fixed sizes: the offset of each column in a row, then the size of a row.
   std::vector<std::uint32_t> places_;
-  /// Where some are strings: the offset of each cell that is there, row by row, then where the next one would begin.
+  /// If some are strings: the offset of each cell in the block, row by row, then that of the next one.
   std::vector<std::uint32_t> starts_;
 };
 
-/// The tables of a block one after the other. The last may be incomplete, the walk ends there.
+/// Iterates over the tables of a block. The last one may be incomplete.
 class VELK_EXPORT TableWalk {
  public:
   explicit TableWalk(ConstBytes block) : block_(block) {}
 
-  /// The next table, or nothing where the block has no further byte.
+  /// Returns the next table, or nothing at the end of the block.
   std::optional<StoredTable> next();
 
  private:
@@ -130,8 +130,8 @@ class VELK_EXPORT TableWalk {
   std::size_t position_ = sizeof(HwSDatablockHeader2Edition);
 };
 
-/// Whether a block reads as tables that end where it ends, at least one of them with a cell: what a second-edition
-/// block looks like whose CRC is wrong.
+/// Whether a block consists of complete tables up to its end, at least one of them with a cell: how a second-edition
+/// block with a wrong CRC is recognised.
 VELK_EXPORT bool isFilledByTables(ConstBytes block);
 
 }  // namespace Velk

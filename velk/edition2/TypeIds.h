@@ -4,8 +4,8 @@
 
 namespace Velk {
 
-/// How a value of a second-edition block is stored; one byte in the block, so that any byte is a value of this type.
-/// What lies beyond TYPE_ID_MAX is no type: it has no size and no name of its own.
+/// How a value of a second-edition block is stored. The block stores it as one byte, so any byte is a valid value.
+/// Values above TYPE_ID_MAX are not types: they have no size and no name.
 enum ETypeId : unsigned char {
   TYPE_ID_NONE,
   TYPE_ID_UINT8,
@@ -41,7 +41,7 @@ enum ETypeId : unsigned char {
 struct STypeId {
   ETypeId typeId;
   const char* typeName;
-  unsigned int sizeInBytes;  ///< of a string: of the shortest one
+  unsigned int sizeInBytes;  ///< for strings, of the shortest one
 };
 
 inline constexpr STypeId TypeIdTable[] = {
@@ -57,29 +57,29 @@ inline constexpr STypeId TypeIdTable[] = {
 };
 static_assert(std::size(TypeIdTable) == TYPE_ID_MAX + 1);
 
-/// Which list of a table a reader of texts returns.
+/// Selects the list of a table that a text reader returns.
 enum VECTOR_TYPE { ROW_TYPE = 0, COLUMN_TYPE = 1, DATA_TYPE = 2 };
 
 namespace detail {
 
 inline constexpr unsigned int widestType = 20;
 
-/// The row of a type; what is no type has that of TYPE_ID_NONE.
+/// Returns the row of a type; values that are not types have the row of TYPE_ID_NONE.
 constexpr const STypeId& typeRow(unsigned int typeId) noexcept {
   return typeId <= TYPE_ID_MAX ? TypeIdTable[typeId] : TypeIdTable[TYPE_ID_NONE];
 }
 
-/// Bytes of a stored value; 1 for a string, 0 for what is no type.
+/// Returns the size of a stored value in bytes; 1 for a string, 0 for values that are not types.
 constexpr unsigned int typeSize(unsigned int typeId) noexcept { return typeRow(typeId).sizeInBytes; }
 
 constexpr bool isFixedPoint(unsigned int typeId) noexcept {
   return typeId >= TYPE_ID_FIX16D1 && typeId <= TYPE_ID_FIX32D4;
 }
 
-/// Decimals of a fixed-point type.
+/// Returns the number of decimals of a fixed-point type.
 constexpr unsigned int fixedPointDecimals(unsigned int typeId) noexcept { return (typeId - TYPE_ID_FIX16D1) % 4 + 1; }
 
-/// What the stored integer of a fixed-point type counts.
+/// Returns the value of one unit of the stored integer.
 constexpr double fixedPointUnit(unsigned int typeId) noexcept {
   constexpr double units[] = {1, 0.1, 0.01, 0.001, 0.0001};
   return units[fixedPointDecimals(typeId)];

@@ -1,5 +1,6 @@
 #include "velk/fields/Fields.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -196,6 +197,15 @@ std::int64_t integerValue(ConstBytes block, FieldElement element) {
     }
   });
   return value;
+}
+
+std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
+                          std::string_view counter, std::size_t capacity) {
+  if (counter.empty()) return capacity;
+  const auto field = std::ranges::find(fields, counter, &FieldInfo::name);
+  if (field == fields.end()) return capacity;
+  const std::int64_t count = integerValue(block, {&*field, offset + field->offset});
+  return count < 0 ? capacity : std::min(capacity, static_cast<std::size_t>(count));
 }
 
 std::string fieldText(ConstBytes block, FieldElement element, ValueForm form) {

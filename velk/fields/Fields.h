@@ -245,6 +245,16 @@ VELK_EXPORT std::int64_t integerValue(ConstBytes block, FieldElement element);
 /// The value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
 VELK_EXPORT std::string fieldText(ConstBytes block, FieldElement element, ValueForm form = ValueForm::Stored);
 
+/// How many elements of a field are in use: as many as the field `counter` of the same record says, which begins at
+/// `offset`, but no more than `capacity`; all where nothing counts them.
+VELK_EXPORT std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
+                                      std::string_view counter, std::size_t capacity);
+
+/// How many elements of a field a block of `blockSize` bytes holds from `offset` on.
+constexpr std::size_t roomFor(const FieldInfo& field, std::size_t offset, std::size_t blockSize) {
+  return offset >= blockSize || field.stride == 0 ? 0 : (blockSize - offset) / field.stride;
+}
+
 /// "-32768 to 32767": what a number or date field takes, as text.
 VELK_EXPORT std::string fieldLimits(const FieldInfo& field, ValueForm form);
 

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "velk/diag/HwErrors.h"
+#include "velk/layer/RecordText.h"
 #include "velk/platform/ErrorManager.h"
 
 namespace Velk {
@@ -37,6 +38,8 @@ HwRecordBlock::HwRecordBlock(const RecordTraits& traits, bool stopConversionOnEr
   store(offsetof(HwSDatablockHeader, id), id);
   store(offsetof(HwSDatablockHeader, blockSize), traits.size);
 }
+
+std::ostream& HwRecordBlock::printToStream(std::ostream& os) { return detail::printFields(os, bytes(), *traits_); }
 
 unsigned char* HwRecordBlock::recordBytes(std::size_t size) {
   if (bytes().size() < size) resizeData(static_cast<unsigned>(size));

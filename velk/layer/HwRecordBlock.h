@@ -119,8 +119,12 @@ std::size_t offsetOf(T C::*member) noexcept {
 /// The pattern of every fixed-layout class, once: a zeroed record of the class's size and id, loaded whole after a
 /// check of its checksum (setBlock) or without (swapBlock).
 ///
-/// Classes differ in their traits, which must outlive the object; nothing here is virtual.
+/// Classes differ in their traits, which must outlive the object, and in their text.
 class VELK_EXPORT HwRecordBlock : public HwDatablock {
+ public:
+  /// Writes the ID line and the fields; classes with a text form of their own replace this.
+  std::ostream& printToStream(std::ostream& os) override;
+
  protected:
   HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError);
   HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError, unsigned short id);

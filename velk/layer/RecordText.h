@@ -10,6 +10,9 @@ namespace Velk::detail {
 /// The comment lines and the ID line of a record.
 void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits);
 
+/// Writes the whole text of a record of any fields: a line for each value in use, with its name, value and unit.
+std::ostream& printFields(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+
 /// The whole text of a record whose fields are a count and a list of values: a line a value, as many as the count says.
 /// Values past the capacity are 0.
 VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits);

@@ -80,7 +80,7 @@ class VELK_EXPORT HwDatablockAduGainOffsetCalData : public HwTypedRecordBlock<Hw
     set(&HwSDatablockAduGainOffsetCalData::entries, entry, index);
   }
 
-  /// Always 0: only the error signal tells a refusal.
+  /// Always 0: a refusal shows only as an error signal.
   int setBlock(const HwSDatablockAduGainOffsetCalData* record) {
     HwTypedRecordBlock::setBlock(record);
     return 0;

@@ -47,7 +47,7 @@ constexpr const char* v20Labels[] = {"LMAX_LOW:",
                                      "DETATT_OVR:"};
 static_assert(std::size(v20Labels) == std::size(iqOp3MiscV20Fields));
 
-/// A section: an empty line and the comment that explains the lines behind it.
+/// A section: an empty line and the comment that explains the lines after it.
 void printSection(TextWriter& text, const char* comment) {
   text.endLine();
   text.line(comment);

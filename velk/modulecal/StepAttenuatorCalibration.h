@@ -226,7 +226,7 @@ class VELK_EXPORT HwOverloadCounterBlock : public HwTypedRecordBlock<HwSDatabloc
   unsigned int getCounterValue() const { return get(&HwSDatablockSAtt3OWLDCounter::counterValue); }
   void setCounterValue(unsigned int value) { set(&HwSDatablockSAtt3OWLDCounter::counterValue, value); }
 
-  /// Takes the counter and the checksum of a record over, if that is right; id and size stay. 0, or 1 for a refusal.
+  /// Copies counter and checksum of a record if its checksum is right; id and size stay. 0, or 1 for a refusal.
   int setBlock(const HwSDatablockSAtt3OWLDCounter* record);
 
   std::ostream& printToStream(std::ostream& os) override;
@@ -307,7 +307,7 @@ class VELK_EXPORT HwDatablockSAttCCounter : public HwTypedRecordBlock<HwSDatablo
     set(&HwSDatablockSAttCCounter::counterValue, value, index);
   }
 
-  /// Takes the two values of any record over, with a fresh checksum; 0, or 1 for null.
+  /// Copies the two values of any record and stores a fresh checksum; 0, or 1 for null.
   int setBlock(const HwSDatablockSAttCCounter* record);
 
   std::ostream& printToStream(std::ostream& os) override;

@@ -35,7 +35,7 @@
 namespace Velk {
 namespace {
 
-/// The name of a class as its source has it, taken from what the compilers say of this function:
+/// The name of a class in the source, taken from the compilers' name of this function:
 /// "... [with Block = Velk::HwDatablockEnd; ...]", "... [Block = Velk::HwDatablockEnd]".
 template <class Block>
 consteval std::string_view className() {
@@ -57,7 +57,7 @@ std::unique_ptr<HwDatablock> makeWithId(unsigned short id) {
   return std::make_unique<Block>(static_cast<Id>(id));
 }
 
-/// Paths and copies are told apart by their distance from the first id.
+/// Makes a path or copy, which is identified by its distance from the first id.
 template <class Block, auto... arguments>
 std::unique_ptr<HwDatablock> makeInstance(unsigned short id) {
   return std::make_unique<Block>(id - Block::traits.id, arguments...);
@@ -90,7 +90,7 @@ constexpr CatalogueRow record(Conversion conversion = Conversion::None) {
   return record<Block>(Block::traits.id, Block::traits.id, make<Block>, conversion);
 }
 
-/// The row of a class that is told whether its conversion stops at an error.
+/// The row of a class whose constructor takes whether its conversion stops at an error.
 template <class Block>
 constexpr CatalogueRow flagged() {
   return record<Block>(Block::traits.id, Block::traits.id, make<Block, true>);

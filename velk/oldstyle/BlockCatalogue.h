@@ -9,8 +9,8 @@
 
 namespace Velk {
 
-/// What a conversion between the two byte orders does to a block beside passing its values through the primitives,
-/// which change nothing on this host.
+/// What a conversion between the two byte orders changes in a block, besides swapping its values, which does nothing
+/// on this host.
 enum class Conversion : unsigned char {
   None,            ///< blocks of these ids are not converted
   Values,          ///< nothing else

@@ -17,7 +17,7 @@ struct KnownBoard {
   std::string_view tag;
 };
 
-// A row is that of the board of its number, but for two: FILTER13 goes by the number of FILTER6, and the row behind the
+// A row is that of the board of its number, but for two: FILTER13 goes by the number of FILTER6, and the row after the
 // last board repeats board 102.
 constexpr KnownBoard knownBoards[] = {
     {0, "DACIF", "DACIF        "},

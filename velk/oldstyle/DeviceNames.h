@@ -7,7 +7,7 @@
 
 namespace Velk {
 
-/// Numbers of board types. A name that several types share carries a count behind it from the second on; two types
+/// Numbers of board types. A name that several types share is followed by a count from the second on; two types
 /// share their number with another.
 enum HwEDeviceBoard : unsigned int {
   _DeviceBoard_First_ = 0,

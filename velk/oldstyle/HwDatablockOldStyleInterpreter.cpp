@@ -8,7 +8,7 @@ namespace {
 
 std::unique_ptr<HwDatablock> makePrototype(const CatalogueRow& row, unsigned short id) {
   std::unique_ptr<HwDatablock> prototype = row.make(id);
-  // A prototype keeps its header only; the payload comes with the block that is printed.
+  // A prototype keeps only its header; the payload comes with the block that is printed.
   prototype->resizeData(sizeof(HwSDatablockHeader));
   return prototype;
 }
@@ -48,7 +48,7 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
   if (block == nullptr) return false;
   HwDatablock* const prototype = dictionary_[block->getId()];
   if (prototype == nullptr) return false;
-  // Taking a block over verifies it, which converts one that is in another format: the copy may change, not the block.
+  // setData verifies the block, which converts one in another format: only the copy may change.
   HwDatablock copy(block->getStopConversionOnError());
   copy.setDataWithoutChecksumCheck(block);
   prototype->setData(&copy);

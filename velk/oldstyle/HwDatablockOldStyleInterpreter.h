@@ -16,7 +16,7 @@ class VELK_EXPORT IdHwDatablockOldStyleClassDict : public std::map<int, HwDatabl
   ~IdHwDatablockOldStyleClassDict();
 };
 
-/// Prints and converts old-style blocks, whose layout only their id tells.
+/// Prints and converts old-style blocks, whose layout depends on their id alone.
 ///
 /// The dictionary is built once, by the constructor; make one interpreter and keep it while blocks are printed.
 /// Printing writes into the prototype of the block's id: one thread at a time.

@@ -9,7 +9,7 @@ namespace Velk {
 /// Debug output of the firmware, filtered for each module by level and message class.
 ///
 /// A line is shown when its level is at most the module's clipping level (lower numbers are more severe) and its
-/// message class is enabled; a module that nobody configured shows errors of every class. Lines go to the Console's
+/// message class is enabled; a module that is not configured shows errors of every class. Lines go to the Console's
 /// error stream. Integrators replace this service by their own.
 class VELK_EXPORT Debug {
  public:

@@ -40,7 +40,7 @@ class VELK_EXPORT HwDatablockCommonStatisticData : public HwTypedRecordBlock<HwS
   /// The 512 bytes inside the block; stores how many are valid unless `length` is null.
   unsigned char* getCommonStatisticData(unsigned int* length);
   unsigned int getCommonStatisticDataLength() const { return get(&HwSDatablockCommonStatisticData::length); }
-  /// Takes at most 512 bytes; those behind them keep their values. Null is refused.
+  /// Takes at most 512 bytes; the bytes after them keep their values. Null is refused.
   void setCommonStatisticData(const unsigned char* data, unsigned int length);
 
   /// Takes id, alignment and the valid bytes of any record over; 0, or 1 for null.

@@ -92,7 +92,7 @@ inline constexpr FieldInfo mbrdMacFields[] = {
     VELK_FIELD(HwSDatablockMbrdMac, mac).counted("macLength").personal(),
 };
 
-/// Has no text form but its bytes.
+/// The network address of the mainboard, whose text is the block's bytes.
 class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbrdMac> {
  public:
   static constexpr RecordTraits traits{
@@ -106,14 +106,17 @@ class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbr
 
   HwDatablockMbrdMac();
 
-  /// The address inside the block, 16 bytes; stores how many of them are valid unless `length` is null.
+  /// Returns the 16 bytes of the address in the block; `length`, unless null, gets how many of them are valid.
   unsigned char* getMac(unsigned int* length);
   unsigned int getMacLength() const { return get(&HwSDatablockMbrdMac::macLength); }
   /// Stores `length` and at most 16 bytes of the address, but no checksum; null is refused.
   void setMac(const unsigned char* bytes, unsigned int length);
 
-  /// Takes id, alignment, checksum and all 16 bytes of the address over; the length becomes 16. 1 for a refused record.
+  /// Copies id, alignment, checksum and all 16 bytes of the address; the length becomes 16. 1 for a refused record.
   int setBlock(const HwSDatablockMbrdMac* record);
+
+  /// Writes the raw bytes, as this block has always been printed.
+  std::ostream& printToStream(std::ostream& os) override { return HwDatablock::printToStream(os); }
 };
 
 /// The analog output calibration of the baseband option: a header and nothing else.

@@ -12,18 +12,18 @@ namespace detail {
 struct ExchangeForm;
 }
 
-/// What one class of tables is called, and the factor from its stored to its presented values.
+/// The name of a table class, and the factor from its stored to its presented values.
 struct TableTraits {
   unsigned short id = 0;
   const char* key = "";                            ///< the block string
   double scale = 1;                                ///< presented = stored * scale
-  const detail::ExchangeForm* exchange = nullptr;  ///< of tables that travel as text
+  const detail::ExchangeForm* exchange = nullptr;  ///< of tables that can be exchanged as text
 };
 
 /// The body of every rectangular calibration table: its counts, cells, texts and the copying of whole images. The
 /// templates in TableTemplates.h give it the types of the cells, the board headers its name.
 ///
-/// Rows and columns count from 0. A cell outside the capacity reads as 0 and takes nothing; each setter stores a fresh
+/// Rows and columns count from 0. A cell outside the capacity reads as 0 and is not written; each setter stores a fresh
 /// checksum. Nothing here is virtual that a datablock does not have.
 class VELK_EXPORT HwTableBlock : public HwRecordBlock {
  public:
@@ -49,12 +49,12 @@ class VELK_EXPORT HwTableBlock : public HwRecordBlock {
 
   /// Whether the table has a text form that can be read back.
   bool hasExchangeText() const { return exchange_ != nullptr; }
-  /// Writes that text form; nothing where there is none.
+  /// Writes that text form; nothing if there is none.
   std::ostream& writeExchangeText(std::ostream& os) const;
   /// Replaces the whole table by what a text says, which is searched from its start for the table's ID line. What is
   /// wrong with the text is written to the Console's output, a line each; the table is replaced all the same and its
-  /// checksum is right. `doubts`, unless null, gets a sentence for each word that was taken for a number and is none,
-  /// or not wholly, and for rows that were not taken: of those the Console's output says nothing.
+  /// checksum is right. `doubts`, unless null, gets a sentence for each word that was read as a number but is not one,
+  /// or only in part, and for rows that were dropped: the Console's output does not report those.
   std::istream& readExchangeText(std::istream& is, std::vector<std::string>* doubts = nullptr);
 
  protected:
@@ -63,7 +63,7 @@ class VELK_EXPORT HwTableBlock : public HwRecordBlock {
 
   detail::TableView view() const { return {*layout_, scale_, bytes()}; }
 
-  /// Takes over an image, its size and checksum included, without a check.
+  /// Copies an image, its size and checksum included, without a check.
   void swapImage(const void* image);
 
  private:

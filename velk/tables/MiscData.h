@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// The payload of a small generic table, behind the header.
+/// The payload of a small generic table, after the header.
 template <class T, unsigned MaxRows, unsigned MaxCols>
 struct VELK_RECORD MiscData {
   unsigned int rows;
@@ -16,7 +16,7 @@ struct VELK_RECORD MiscData {
 
 namespace detail {
 
-/// A table of which a name, an id and a scale are all that sets it apart from others of its shape.
+/// A table that differs from others of its shape only in name, id and scale.
 template <class Record, class RawType, class ValueType, unsigned MaxRows, unsigned MaxCols, int decimals>
 class VELK_EXPORT MiscDataBlock : public HwTypedTableBlock<HwSTable<RawType, MaxRows, MaxCols>, ValueType, decimals> {
   using Base = HwTypedTableBlock<HwSTable<RawType, MaxRows, MaxCols>, ValueType, decimals>;
@@ -37,7 +37,7 @@ class VELK_EXPORT HwDatablockTemplate : public detail::MiscDataBlock<Record, Raw
   using detail::MiscDataBlock<Record, RawType, ValueType, MaxRows, MaxCols, 5>::MiscDataBlock;
 };
 
-/// The same for coarser values. Its checksum is looked after like that of every block.
+/// The same for coarser values. Its checksum is kept like that of every block.
 template <class Record, class RawType, class ValueType, unsigned MaxRows, unsigned MaxCols>
 class VELK_EXPORT HwDatablockTemplateWithoutChecksum
     : public detail::MiscDataBlock<Record, RawType, ValueType, MaxRows, MaxCols, 3> {

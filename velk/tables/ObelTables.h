@@ -189,7 +189,7 @@ class VELK_EXPORT HwDatablockObelWIQQuadDac : public HwCountedBlock<HwSDatablock
 
   explicit HwDatablockObelWIQQuadDac(bool stopConversionOnError = true);
 
-  /// Copies all values to `out`, which has room for 13; `valid` tells whether the block's checksum is right.
+  /// Copies all values to `out`, which has room for 13; `valid` is set to whether the checksum is right.
   void getObelWiqQuadDacData(double* out, bool& valid);
   /// Takes 13 values; null is refused.
   void setObelWiqQuadDacData(const double* in);
@@ -224,7 +224,7 @@ class VELK_EXPORT HwDatablockObelWiqSensorData : public HwTypedRecordBlock<HwSDa
 
   explicit HwDatablockObelWiqSensorData(bool stopConversionOnError = true);
 
-  /// Copies both series to `a` and `b`, which have room for 28 values each; `valid` tells whether the block's checksum
+  /// Copies both series to `a` and `b`, which have room for 28 values each; `valid` is set to whether the checksum
   /// is right.
   void getObelWiqSensorData(double* a, double* b, bool& valid);
   /// Takes 28 values for each series; null is refused.

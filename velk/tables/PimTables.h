@@ -130,7 +130,7 @@ namespace detail {
 VELK_EXPORT std::ostream& printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 }  // namespace detail
 
-/// The accessors of level tables. A cell outside the table reads as 0 and takes nothing; the counts are not held to it.
+/// The accessors of level tables. A cell outside the table reads as 0 and is not written; the counts are not checked.
 template <class Record>
 class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
  public:

@@ -8,7 +8,7 @@
 namespace Velk {
 namespace {
 
-// Both counts are held to the eight adjustments, the columns too, although there is but one.
+// Both counts are limited to the eight adjustments, the columns too, although there is only one.
 constexpr unsigned mostAdjustments = 8;
 
 }  // namespace

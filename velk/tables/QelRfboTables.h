@@ -51,10 +51,10 @@ class VELK_EXPORT HwDatablockQelRfboTcxoCal : public HwDatablockBaseTemplate<int
   static constexpr TableTraits traits{.id = 15710, .key = "RFBO_TCXO_CAL"};
   explicit HwDatablockQelRfboTcxoCal(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 
-  /// Stores the value of one of the eight adjustments and returns 0; -1 for an index outside them, and, after the error
-  /// manager has been told, where the value cannot be read back.
+  /// Stores the value of one of the eight adjustments and returns 0; -1 for an index outside them, and, with an error
+  /// reported, if the value cannot be read back.
   int setTcxoValue(int value, int index);
-  /// Each keeps its count to 8 at most.
+  /// Each limits its count to 8.
   void setRowCount(unsigned count);
   void setColCount(unsigned count);
 };

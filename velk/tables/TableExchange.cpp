@@ -14,7 +14,7 @@ double number(const char* text) {
   return strtod_l(text, nullptr, classic);
 }
 
-// Each cell brings the four blanks that part it from the one before.
+// Each cell writes the four blanks that separate it from the one before.
 
 template <int width, int decimals>
 void writeFixed(TextWriter& text, double value) {
@@ -26,7 +26,7 @@ void writePaddedWord(TextWriter& text, double value) {
   text.text("    0x").hex(toInteger<unsigned>(value), digits, true);
 }
 
-/// As a stream does that shows the base: a zero has no prefix.
+/// Writes like a stream with showbase: a zero has no prefix.
 void writeWord(TextWriter& text, double value) {
   const auto word = toInteger<unsigned>(value);
   text.text(word == 0 ? "" : "0x").hex(word);
@@ -49,7 +49,7 @@ void readHundredths(MutableBytes image, std::size_t cell, const char* text, doub
   store(image, cell, static_cast<float>(std::floor(number(text) * 100 + 0.5) * 0.01));
 }
 
-/// Whether a register word stands there, with its prefix or without.
+/// Whether the text is a register word, with or without its prefix.
 bool isWord(std::string_view token) {
   constexpr int hexadecimal = 16;
   if (token.starts_with("0x") || token.starts_with("0X")) token.remove_prefix(2);
@@ -69,7 +69,7 @@ double decimal(std::string_view token) {
   return isNumber && !isSignedTwice ? number(whole.c_str()) : std::numeric_limits<double>::quiet_NaN();
 }
 
-/// Whether a decimal number stands there that a cell of the type can hold; of integers without a fraction.
+/// Whether the text is a decimal number that a cell of the type can hold; without a fraction for integers.
 template <class Cell>
 bool isDecimal(std::string_view token) {
   const double value = decimal(token);

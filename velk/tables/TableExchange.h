@@ -8,7 +8,7 @@ namespace Velk::detail {
 /// The complaints of a reader whose wording differs from table to table.
 struct ExchangeMessages {
   const char* tooManyLines;  ///< between the ID and the COUNT line
-  const char* wrongColumns;  ///< behind the number of the row
+  const char* wrongColumns;  ///< after the number of the row
   const char* wrongRows;
 };
 

@@ -68,7 +68,7 @@ struct VELK_RECORD HwSTableExtended {
 
 namespace detail {
 
-/// No place in a block: loads give 0 and stores do nothing there.
+/// An offset outside every block: loads return 0 and stores do nothing.
 inline constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
 /// How the images of one kind of table are laid out and how their dump looks, as data.

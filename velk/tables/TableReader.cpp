@@ -19,7 +19,7 @@ unsigned countOf(const std::string& text) {
   return static_cast<unsigned>(std::strtol(text.c_str(), nullptr, decimal));
 }
 
-/// Whether nothing but a number stands there.
+/// Whether the text is a number and nothing else.
 bool isCount(std::string_view text) {
   const auto begin = std::find_if_not(text.begin(), text.end(), isBlank);
   const auto end = std::find_if(begin, text.end(), isBlank);
@@ -50,7 +50,7 @@ void TableReader::read(std::istream& is) {
 }
 
 void TableReader::takeLine(std::string& line) {
-  while (line.ends_with('\r')) line.pop_back();  // of an editor that ends its lines with both characters
+  while (line.ends_with('\r')) line.pop_back();  // from editors that write CRLF
   if (line.empty() || line.front() == '#') return;
   if (const std::size_t comment = line.find('#'); comment != line.npos) line.erase(comment);
   switch (state_) {
@@ -101,7 +101,7 @@ void TableReader::takeRow(const std::string& line) {
   if (form_.surplusRows == SurplusRows::TakenIfNoneAnnounced && rowsRead_ == rows()) state_ = State::Full;
 }
 
-/// Takes the line behind the last row that is taken.
+/// Reads the line after the last row.
 void TableReader::endRows(const std::string& line) {
   if (line.find(':') != line.npos) doubts_.emplace_back("there are more rows than COUNT announces");
   state_ = State::Done;

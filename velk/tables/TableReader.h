@@ -10,7 +10,7 @@
 namespace Velk::detail {
 
 /// Builds a table image from a text that people have edited: looks for the line that names the table, then for its
-/// counts, then takes row after row. Nothing stops it; what is wrong with the text is told on the Console's output.
+/// counts, then takes row after row. Errors do not stop it; they are reported on the Console's output.
 ///
 /// Rows are placed by their order. What falls outside the cells is counted and not stored. Time and memory are in
 /// proportion to the text, whatever counts it gives.

@@ -17,7 +17,7 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   explicit HwTypedTableBlock(const TableTraits& traits, bool stopConversionOnError, int idOffset = 0)
       : HwTableBlock(layout, traits, stopConversionOnError, idOffset) {}
 
-  /// 0 when the image's checksum is right and the image was taken over; otherwise the error manager is told, the block
+  /// 0 when the image's checksum is right and the image was copied; otherwise an error is reported, the block
   /// stays as it was and the result is 1. The block gets its class's size, and alignment 0.
   int setBlock(const Image* image) { return setRecord(image); }
 
@@ -29,7 +29,7 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
     return loadPadded<StorageType>(cell(row, col));
   }
   void setStoredValue(StorageType value, std::int64_t row, std::int64_t col) { storeField(cell(row, col), value); }
-  /// The stored value times the scale; an integer type cuts what is behind the point. The product is rounded as
+  /// The stored value times the scale; an integer type drops the fraction. The product is rounded as
   /// Rounding::Product says, so that it may differ from the exported field in the last digit.
   Value getValue(std::int64_t row, std::int64_t col) const {
     return static_cast<Value>(layout.present(bytes(), cell(row, col), getScale()));

@@ -5,8 +5,8 @@
 namespace Velk::detail {
 namespace {
 
-// Rows and columns in use are what the block claims, up to thousands of millions: every loop over them ends with the
-// stream, and none runs over rows without columns that write nothing.
+// Rows and columns in use are what the block claims, up to billions: every loop over them stops when the stream
+// fails, and none runs over rows without columns, which write nothing.
 
 /// One line a row: what `label` writes and then the cells.
 template <class Label, class Cell>

@@ -7,7 +7,7 @@
 
 namespace Velk::detail {
 
-/// Writes a table for people. The counts decide over the layout: one line a row, or one line a cell where the rows
+/// Writes a table for people. The counts determine the layout: one line a row, or one line a cell where the rows
 /// outnumber the columns.
 void writeDump(std::ostream& os, std::string_view key, const TableView& table);
 
