@@ -163,6 +163,9 @@ TEST(SecondEditionReaders, ZerosInTextsCountInFourWays) {
   EXPECT_EQ(column<std::string>(parsed, 0), "AB\0\0\0|VWXYZ|\0\0\0\0\0"s) << "cells keep them";
   EXPECT_EQ(column<std::string>(parsed, 1), "A\0|AB|\0\0"s) << "of any type";
   EXPECT_EQ(column<std::string>(parsed, 2), "s||t");
+  std::vector<std::string> named;
+  EXPECT_TRUE(parsed.getStringColumn(2, named, 0) && parsed.getColIdStringList(named, 0));
+  EXPECT_EQ(joined(named), "s||t|AB|C|VWXYZ") << "the readers of texts append, too";
   const Parsed full(
       {.rowIdType = TYPE_ID_CHAR5, .rowIds = {"ABCDE", "FG"}, .columnTypes = {TYPE_ID_UINT8}, .rows = {{1}, {2}}});
   EXPECT_EQ(rowIds<std::string>(full), "ABCDEFG|") << "a full text runs into the next";

@@ -146,7 +146,9 @@ TEST(SecondEditionBlock, AnswersForItsHeader) {
   EXPECT_DOUBLE_EQ(block.getUpdateIndex(), -1);
   EXPECT_EQ(block.getNumberOfRows(7), 2);
   EXPECT_EQ(block.getNumberOfColumns(7), 3);
+  EXPECT_EQ(block.getRowIdType(), TYPE_ID_UINT32);
   EXPECT_EQ(block.getSizeOfRowIdType(), 4U);
+  EXPECT_EQ(block.getSizeOfColumnIdType(), 10U);
   EXPECT_EQ(block.getColumnIdType(), TYPE_ID_CHAR10);
   EXPECT_EQ(block.getColumnType(1), 0xFF);
   for (const int none : {-1, -30, 4, 0x7FFFFFFF}) EXPECT_EQ(block.getColumnType(none), TYPE_ID_NONE) << none;

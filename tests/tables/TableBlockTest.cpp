@@ -50,6 +50,7 @@ TEST(TableBlock, CellsCountsLabelsAndTextsHaveTheirPlaces) {
   EXPECT_TRUE(extended.verifyChecksum());
   EXPECT_EQ(extended.getByteArrayData().mid(8 + 16 * 9, 24), QByteArray("sixteen bytes...\1\0\0\0\2\0\0\0", 24));
   EXPECT_TRUE(hexOf(extended).ends_with("00 FE FF"));
+  EXPECT_EQ(extended.getDescriptorCount(), 10U);
   EXPECT_EQ(extended.getDescriptor(9), "sixteen bytes...");
   EXPECT_EQ(extended.getDescriptor(10), "");
 }
@@ -172,7 +173,7 @@ TEST(TcxoTable, HoldsItsIndexAndBothCountsToEight) {
   EXPECT_TRUE(table.verifyChecksum());
 }
 
-TEST(TcxoTable, TellsThatAValueIsNotThere) {
+TEST(TcxoTable, ReportsAMissingValue) {
   ErrorCapture errors;
   VelkTest::ConsoleCapture console;
   HwDatablockQelRfboTcxoCal table(false);

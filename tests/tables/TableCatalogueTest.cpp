@@ -158,6 +158,8 @@ TEST(TableCatalogue, OnlyTheDictionaryServesTheInterpreter) {
 TEST(TableCatalogue, CallersNameAndNumberSomeTables) {
   HwDatablockObelWiqRfImbalanceData imbalance("PATH_C", 3, true);
   EXPECT_EQ(imbalance.getId(), 15609);
+  EXPECT_EQ(imbalance.getBaseId(), 15606U);
+  EXPECT_EQ(imbalance.getIdOffset(), 3);
   EXPECT_EQ(imbalance.getBlockString(), "PATH_C");
   EXPECT_TRUE(imbalance.getStopConversionOnError());
   EXPECT_EQ(HwDatablockVaskVectorLevconTempData(nullptr, 65536, false).getId(), 15853) << "an id has 16 bits";
