@@ -7,14 +7,15 @@
 
 namespace VelkTool {
 
-void reportLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
+bool reportLeft(Session& session, const std::string& name, const Velk::BlockView& block) {
   const Velk::RedactionReach reach = redactionReach(block);
-  if (reach == Velk::RedactionReach::All) return;
+  if (reach == Velk::RedactionReach::All) return false;
   const char* const what = reach == Velk::RedactionReach::Nothing
                                ? ": left as it is, since the meaning of its bytes is unknown"
                                : ": bytes that belong to no field are left, since their meaning is unknown";
   session.complain(name, placeText(block) + what);
   session.worsen(Exit::Findings);
+  return true;
 }
 
 bool isUninterpreted(const Velk::BlockView& block) {

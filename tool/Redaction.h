@@ -26,7 +26,8 @@ void redactImage(const Inputs& inputs, QByteArray& image,
 /// Redacts an image for display: zeros uninterpreted bytes as well. Returns the number of these.
 std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image);
 
-/// Reports and counts the bytes of a block that redaction leaves because their meaning is unknown.
-void reportLeft(Session& session, const std::string& name, const Velk::BlockView& block);
+/// Reports and counts the bytes of a block that redaction leaves because their meaning is unknown. Returns whether
+/// there are any.
+bool reportLeft(Session& session, const std::string& name, const Velk::BlockView& block);
 
 }  // namespace VelkTool

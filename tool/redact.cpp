@@ -21,15 +21,17 @@ class Redactor {
     if (!input.file.error.empty()) return;
     reportUnseen(input);
     redact(input);
-    if (unseen_ && !force_) {
-      session_.complain(name_,
-                        "bytes that cannot be interpreted may hold anything; nothing is written without --force");
-      return session_.worsen(Exit::NoAccess);
-    }
+    if (unseen_ && !force_) return refuse("bytes that cannot be interpreted may hold anything");
+    if (left_ && taken_.empty() && !force_) return refuse("nothing of what it holds could be redacted");
     destination->write(session_, input.file, taken_);
   }
 
  private:
+  void refuse(const std::string& reason) {
+    session_.complain(name_, reason + "; nothing is written without --force");
+    session_.worsen(Exit::NoAccess);
+  }
+
   void reportUnseen(const Input& input) {
     unseen_ = !input.file.warning.empty();
     if (inputs_.offset == 0) return;
@@ -52,7 +54,7 @@ class Redactor {
       if (isUninterpreted(block)) {
         reportUnseen(placeText(block) + ": " + counted(block.bytes.size(), "byte", "bytes") + " cannot be interpreted");
       } else {
-        reportLeft(session_, name_, block);
+        left_ = reportLeft(session_, name_, block) || left_;
       }
     });
     // The header record of an S-record file is free text.
@@ -66,7 +68,8 @@ class Redactor {
   const Inputs& inputs_;
   const std::string& name_;
   bool force_;
-  bool unseen_ = false;
+  bool unseen_ = false;  ///< some bytes cannot be interpreted
+  bool left_ = false;    ///< some bytes of sound blocks have no known meaning
   std::string taken_;
 };
 
@@ -87,7 +90,7 @@ void addRedact(CLI::App& app, Session& session) {
       "--force writes the image with these bytes unchanged.\n\n"
       "Blocks whose fields are unknown, such as second-edition blocks, are left unchanged, and so are bytes of other\n"
       "blocks that belong to no field. They are reported on standard error, with exit code 1: inspect them before you\n"
-      "pass the image on.\n\n"
+      "pass the image on. An image in which nothing at all could be redacted is written with --force only.\n\n"
       "Example:\n  velk redact module.bin -o public.bin");
   command->callback([&session, inputs, force, output] { Redactor(session, *inputs, *force).run(*output); });
 }

@@ -198,6 +198,7 @@ TEST_F(EditCommand, RedactWritesNothingThatItCouldNotLookInto) {
       {file("cut.hex", lines.left(lines.lastIndexOf(':')))},
       {file("empty.bin", {})},
       {"mainboard.bin", "--offset", "44"},
+      {file("unknown.bin", board.mid(88))},
   };
   for (const QStringList& arguments : unseen) {
     SCOPED_TRACE(arguments.join(' ').toStdString());
