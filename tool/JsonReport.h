@@ -22,13 +22,13 @@ using DescribeBlock =
     std::function<void(JsonWriter& json, Session& session, const Input& input, const Velk::BlockView& block)>;
 
 /// Writes what the inputs are and which of the selected blocks they hold, sound or not, as one JSON document.
-void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe);
 
 /// Writes the same of all blocks, with the usual members only; `visit` sees each block as it is written.
 void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit);
 
 /// Writes the same as a line for each block, which says of which file it is. A file that cannot be read or holds no
 /// block has a line too: of no kind and with a finding, so that whoever reads lines finds the same members in all.
-void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe);
 
 }  // namespace VelkTool
