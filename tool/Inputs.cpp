@@ -81,8 +81,12 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
 
 Input readInput(const Inputs& inputs, const std::string& name) try {
   Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
-  const std::uint64_t hidden = inputs.redacted ? redactForShow(inputs, file.bytes) : 0;
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
+  std::uint64_t hidden = 0;
+  if (inputs.redacted) {
+    hidden = redactForShow(image, file.bytes);
+    image = Velk::MemoryImage(file.bytes, inputs.offset, inputs.sectorSize);
+  }
   return {name, std::move(file), std::move(image), hidden};
 } catch (const std::bad_alloc&) {
   return {name, {.error = std::strerror(ENOMEM)}, Velk::MemoryImage(QByteArray())};

@@ -82,8 +82,7 @@ std::shared_ptr<const bool> addJson(CLI::App& command) {
   return json;
 }
 
-void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection,
-                     const DescribeBlock& describe) {
+void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe) {
   JsonWriter json([&](std::string_view text) { session.write(text); });
   json.beginObject().member("schema", jsonSchema).key("files").beginArray();
   for (const std::string& name : inputs.files) {
@@ -96,7 +95,7 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
     }
     writeFile(json, input.file);
     json.key("blocks").beginArray();
-    forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
+    searched.forEach(input.image, [&](const Velk::BlockView& block) {
       json.beginObject();
       writeBlockMembers(json, block);
       describe(json, session, input, block);
@@ -110,17 +109,18 @@ void writeJsonReport(Session& session, const Inputs& inputs, const Selection& se
 }
 
 void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
+  SearchedBlocks all{Selection{}};
   writeJsonReport(
-      session, inputs, {},
+      session, inputs, all,
       [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) { visit(part, input, block); });
 }
 
-void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe) {
+void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe) {
   forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
     JsonWriter json([&](std::string_view text) { part.write(text); }, JsonWriter::Layout::OneLine);
     const bool hasBlocks = input.file.error.empty() && input.image.begin() != input.image.end();
     if (!hasBlocks) return writeLineWithoutBlock(json, input.file, input.name);
-    forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
+    searched.forEach(input.image, [&](const Velk::BlockView& block) {
       beginLine(json, input.name);
       if (block.kind == Velk::BlockKind::Stray) {
         json.member("id", nullptr).member("name", nullptr).member("declaredSize", nullptr);

@@ -21,13 +21,13 @@ using DescribeBlock =
     std::function<void(JsonWriter& json, Session& session, const Input& input, const Velk::BlockView& block)>;
 
 /// Writes one JSON document that describes the inputs and the selected blocks in them, sound or not.
-void writeJsonReport(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe);
 
 /// Writes that document for all blocks, without further members; calls `visit` with each block.
 void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit);
 
 /// Writes a line of JSON for each block, which names its file. A file that cannot be read or holds no block has a line
 /// too, of kind "none" and with a finding, so that every line has the same members.
-void writeJsonLines(Session& session, const Inputs& inputs, const Selection& selection, const DescribeBlock& describe);
+void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe);
 
 }  // namespace VelkTool

@@ -1,24 +1,19 @@
 #include "Layout.h"
 
-#include <charconv>
+#include "velk/text/NumberText.h"
 
 namespace VelkTool {
 namespace {
 
 using Velk::FieldInfo;
 using Velk::ScalarType;
+using Velk::detail::numberText;
 
 const char* typeName(ScalarType type) {
   constexpr const char* names[] = {"unsigned 8-bit",  "signed 8-bit",  "unsigned 16-bit", "signed 16-bit",
                                    "unsigned 32-bit", "signed 32-bit", "unsigned 64-bit", "signed 64-bit",
                                    "float",           "double",        "extended"};
   return names[static_cast<std::size_t>(type)];
-}
-
-std::string numberText(double number) {
-  char digits[32];
-  const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-  return {digits, end};
 }
 
 std::string typeText(const FieldInfo& field) {

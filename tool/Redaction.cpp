@@ -23,9 +23,9 @@ bool isUninterpreted(const Velk::BlockView& block) {
   return isUnsure && Velk::redactionReach(block) != Velk::RedactionReach::All;
 }
 
-std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image) {
+std::uint64_t redactForShow(const Velk::MemoryImage& image, QByteArray& bytes) {
   std::uint64_t hidden = 0;
-  redactImage(inputs, image, [&](const Redaction& redaction) {
+  redactImage(image, bytes, [&](const Redaction& redaction) {
     const Velk::BlockView& block = redaction.block;
     if (!isUninterpreted(block)) return;
     const bool isStray = block.kind == Velk::BlockKind::Stray;
@@ -34,18 +34,17 @@ std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image) {
                                                      : sizeof(Velk::HwSDatablockHeader);
     if (known >= block.bytes.size()) return;
     const std::size_t count = block.bytes.size() - known;
-    std::fill_n(image.begin() + static_cast<qsizetype>(block.offset + known), count, '\0');
+    std::fill_n(bytes.begin() + static_cast<qsizetype>(block.offset + known), count, '\0');
     hidden += count;
   });
   return hidden;
 }
 
-void redactImage(const Inputs& inputs, QByteArray& image,
+void redactImage(const Velk::MemoryImage& image, QByteArray& bytes,
                  const std::function<void(const Redaction& redaction)>& report) {
-  const Velk::MemoryImage original(image, inputs.offset, inputs.sectorSize);
-  auto* const bytes = reinterpret_cast<unsigned char*>(image.data());
-  for (const Velk::BlockView& block : original) {
-    report({block, Velk::redactBlock({bytes + block.offset, block.bytes.size()}, block)});
+  auto* const redacted = reinterpret_cast<unsigned char*>(bytes.data());
+  for (const Velk::BlockView& block : image) {
+    report({block, Velk::redactBlock({redacted + block.offset, block.bytes.size()}, block)});
   }
 }
 

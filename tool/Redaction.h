@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "Inputs.h"
+#include "Session.h"
+#include "velk/image/MemoryImage.h"
 
 namespace VelkTool {
 
@@ -19,12 +20,13 @@ struct Redaction {
 /// memory and zeros hold nothing.
 bool isUninterpreted(const Velk::BlockView& block);
 
-/// Redacts every block of an image in place. Calls `report` for each block, with the block as it was.
-void redactImage(const Inputs& inputs, QByteArray& image,
+/// Redacts every block of `image` in `bytes`, a copy of its bytes. Calls `report` for each block, with the block as it
+/// was.
+void redactImage(const Velk::MemoryImage& image, QByteArray& bytes,
                  const std::function<void(const Redaction& redaction)>& report);
 
-/// Redacts an image for display: zeros uninterpreted bytes as well. Returns the number of these.
-std::uint64_t redactForShow(const Inputs& inputs, QByteArray& image);
+/// Redacts `image` for display: zeros uninterpreted bytes as well. Returns the number of these.
+std::uint64_t redactForShow(const Velk::MemoryImage& image, QByteArray& bytes);
 
 /// Reports and counts the bytes of a block that redaction leaves because their meaning is unknown. Returns whether
 /// there are any.

@@ -28,21 +28,27 @@ std::string blockText(const std::string& id, unsigned occurrence) {
 
 }  // namespace
 
-void Selection::noteFound(const std::set<int>& found) const {
+void SearchedBlocks::forEach(const Velk::MemoryImage& image,
+                             const std::function<void(const Velk::BlockView& block)>& act) {
+  std::set<int> found;
+  forEachBlock(image, selection_, [&](const Velk::BlockView& block) {
+    if (!selection_.isEverything()) found.insert(block.id);
+    act(block);
+  });
   const std::lock_guard lock(mutex_);
-  found_.insert(found.begin(), found.end());
+  found_.merge(found);
   searched_ = true;
 }
 
-std::set<int> Selection::missing() const {
+std::set<int> SearchedBlocks::missing() const {
   const std::lock_guard lock(mutex_);
   std::set<int> missing;
-  if (searched_) missing.insert(ids.begin(), ids.end());
+  if (searched_) missing.insert(selection_.ids.begin(), selection_.ids.end());
   for (const int id : found_) missing.erase(id);
   return missing;
 }
 
-bool Selection::isInVain() const {
+bool SearchedBlocks::isInVain() const {
   const std::lock_guard lock(mutex_);
   return searched_ && found_.empty();
 }
@@ -60,32 +66,30 @@ std::shared_ptr<const Selection> addBlockSelection(CLI::App& command) {
 void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
                   const std::function<void(const Velk::BlockView& block)>& act) {
   std::map<unsigned short, unsigned> seen;
-  std::set<int> found;
   for (const Velk::BlockView& block : image) {
     const bool isStray = block.kind == Velk::BlockKind::Stray;
     const bool hasId =
         selection.ids.empty() || (!isStray && std::ranges::find(selection.ids, block.id) != selection.ids.end());
     if (!hasId) continue;
     if (selection.occurrence != 0 && (isStray || ++seen[block.id] != selection.occurrence)) continue;
-    if (!selection.isEverything()) found.insert(block.id);
     act(block);
   }
-  if (!selection.isEverything()) selection.noteFound(found);
 }
 
 std::string noSuchBlock(int id, unsigned occurrence) {
   return "has no " + blockText("id " + std::to_string(id), occurrence);
 }
 
-void reportMissing(Session& session, const Inputs& inputs, const Selection& selection) {
+void reportMissing(Session& session, const Inputs& inputs, const SearchedBlocks& searched) {
+  const Selection& selection = searched.selection();
   const auto report = [&](const std::string& id) {
     const std::string block = blockText(id, selection.occurrence);
     const bool single = inputs.files.size() == 1;
     session.complain(single ? inputs.files.front() : "", single ? "has no " + block : "no file has a " + block);
     session.worsen(Exit::Findings);
   };
-  for (const int id : selection.missing()) report("id " + std::to_string(id));
-  if (selection.ids.empty() && !selection.isEverything() && selection.isInVain()) report("any id");
+  for (const int id : searched.missing()) report("id " + std::to_string(id));
+  if (selection.ids.empty() && !selection.isEverything() && searched.isInVain()) report("any id");
 }
 
 }  // namespace VelkTool

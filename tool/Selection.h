@@ -7,23 +7,12 @@
 
 namespace VelkTool {
 
-/// Selects the blocks of each image; all, unless ids are given. Threads may share it.
+/// The options that select blocks of each image; all, unless ids are given.
 struct Selection {
   std::vector<int> ids{};
   unsigned occurrence = 0;  ///< counted from 1 among the blocks with the same id; 0: all
 
   bool isEverything() const { return ids.empty() && occurrence == 0; }
-  /// Records that an image was searched, and the ids of the selected blocks in it.
-  void noteFound(const std::set<int>& found) const;
-  /// Returns the requested ids that no image has; empty if no image was searched.
-  std::set<int> missing() const;
-  /// Returns whether images were searched and no block was selected.
-  bool isInVain() const;
-
- private:
-  mutable std::mutex mutex_;
-  mutable std::set<int> found_;
-  mutable bool searched_ = false;
 };
 
 /// Adds --id and --nth to a subcommand. The values are set when its callback runs.
@@ -36,10 +25,30 @@ std::shared_ptr<const Selection> addBlockSelection(CLI::App& command);
 void forEachBlock(const Velk::MemoryImage& image, const Selection& selection,
                   const std::function<void(const Velk::BlockView& block)>& act);
 
+/// Records what a selection finds in the images of a run. Threads may share it.
+class SearchedBlocks {
+ public:
+  explicit SearchedBlocks(Selection selection) : selection_(std::move(selection)) {}
+
+  const Selection& selection() const { return selection_; }
+  /// Calls `act` with every selected block, in image order, and records their ids.
+  void forEach(const Velk::MemoryImage& image, const std::function<void(const Velk::BlockView& block)>& act);
+  /// Returns the requested ids that no image has; empty if no image was searched.
+  std::set<int> missing() const;
+  /// Returns whether images were searched and no block was selected.
+  bool isInVain() const;
+
+ private:
+  Selection selection_;
+  mutable std::mutex mutex_;
+  std::set<int> found_;
+  bool searched_ = false;
+};
+
 /// Returns "has no block of id 77", or with an occurrence "has no block no. 2 of id 77".
 std::string noSuchBlock(int id, unsigned occurrence = 0);
 
 /// Reports and counts the requested blocks that no image has.
-void reportMissing(Session& session, const Inputs& inputs, const Selection& selection);
+void reportMissing(Session& session, const Inputs& inputs, const SearchedBlocks& searched);
 
 }  // namespace VelkTool

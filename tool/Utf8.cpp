@@ -1,5 +1,8 @@
 #include "Utf8.h"
 
+#include <QString>
+#include <QUtf8StringView>
+
 namespace VelkTool {
 
 std::optional<Character> takeUtf8(std::string_view text) {
@@ -26,35 +29,12 @@ std::optional<Character> takeUtf8(std::string_view text) {
 }
 
 bool isUtf8(std::string_view text) {
-  while (!text.empty()) {
-    const std::optional<Character> character = takeUtf8(text);
-    if (!character) return false;
-    text.remove_prefix(character->length);
-  }
-  return true;
+  return QUtf8StringView(text.data(), static_cast<qsizetype>(text.size())).isValidUtf8();
 }
-
-namespace {
-
-std::string fromLatin1(std::string_view text) {
-  std::string utf8;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-      utf8 += c;
-    } else {
-      utf8 += static_cast<char>(0xC0U | byte >> 6U);
-      utf8 += static_cast<char>(0x80U | (byte & 0x3FU));
-    }
-  }
-  return utf8;
-}
-
-}  // namespace
 
 std::string_view asUtf8(std::string_view text, std::string& converted) {
   if (isUtf8(text)) return text;
-  return converted = fromLatin1(text);
+  return converted = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
 
 }  // namespace VelkTool

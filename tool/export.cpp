@@ -25,9 +25,9 @@ struct Export {
   std::string folder{};
 };
 
-void writeJson(Session& session, const Inputs& inputs, const Selection& selection, const Export& options) {
+void writeJson(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options) {
   const auto write = options.format == Format::Json ? writeJsonReport : writeJsonLines;
-  write(session, inputs, selection, [&](JsonWriter& json, Session& part, const Input& input, const BlockView& block) {
+  write(session, inputs, searched, [&](JsonWriter& json, Session& part, const Input& input, const BlockView& block) {
     const Velk::BlockData data(block);
     json.key("fields");
     writeData(json, data, Velk::ValueForm::Presented);
@@ -45,14 +45,14 @@ std::string existingFolder(const std::string& path) {
 /// Writes each table to a file of its own, or a single table to standard output.
 class CsvExporter {
  public:
-  CsvExporter(Session& session, const Inputs& inputs, const Selection& selection, const Export& options)
-      : session_(session), inputs_(inputs), selection_(selection), options_(options) {}
+  CsvExporter(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options)
+      : session_(session), inputs_(inputs), searched_(searched), options_(options) {}
 
   void exportAll() {
     forEachInput(session_, inputs_, [&](const Input& input) {
       if (options_.folder.empty() && !hasOneTable(input)) return;
       std::map<std::string, unsigned> seen;
-      forEachBlock(input.image, selection_, [&](const BlockView& block) {
+      searched_.forEach(input.image, [&](const BlockView& block) {
         const unsigned occurrence = ++seen[Velk::blockName(block)];
         if (isWanted(block)) exportBlock(input, block, occurrence);
       });
@@ -61,11 +61,13 @@ class CsvExporter {
 
  private:
   /// Skips the end block unless its id is requested.
-  bool isWanted(const BlockView& block) const { return block.kind != Velk::BlockKind::End || !selection_.ids.empty(); }
+  bool isWanted(const BlockView& block) const {
+    return block.kind != Velk::BlockKind::End || !searched_.selection().ids.empty();
+  }
 
   bool hasOneTable(const Input& input) {
     std::size_t tables = 0;
-    forEachBlock(input.image, selection_, [&](const BlockView& block) {
+    searched_.forEach(input.image, [&](const BlockView& block) {
       if (isWanted(block)) tables += CsvTable::count(Velk::BlockData(block));
     });
     if (tables == 1 && inputs_.files.size() == 1) return true;
@@ -113,7 +115,7 @@ class CsvExporter {
 
   Session& session_;
   const Inputs& inputs_;
-  const Selection& selection_;
+  SearchedBlocks& searched_;
   const Export& options_;
   UnusedNames names_;  ///< images in different folders may have the same name
 };
@@ -143,12 +145,13 @@ void addExport(CLI::App& app, Session& session) {
     if (!options->folder.empty() && options->format != Format::Csv) {
       throw CLI::ValidationError("--output", "applies to CSV only; JSON goes to standard output");
     }
+    SearchedBlocks searched(*selection);
     if (options->format != Format::Csv) {
-      writeJson(session, *inputs, *selection, *options);
+      writeJson(session, *inputs, searched, *options);
     } else {
-      CsvExporter(session, *inputs, *selection, *options).exportAll();
+      CsvExporter(session, *inputs, searched, *options).exportAll();
     }
-    reportMissing(session, *inputs, *selection);
+    reportMissing(session, *inputs, searched);
   });
 }
 

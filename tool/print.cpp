@@ -119,10 +119,11 @@ void addPrint(CLI::App& app, Session& session) {
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
   command->callback([&session, inputs, selection, page] {
     Printer printer(session, *inputs, *page);
+    SearchedBlocks searched(*selection);
     forEachInput(session, *inputs, [&](const Input& input) {
-      forEachBlock(input.image, *selection, [&](const BlockView& block) { printer.print(input.name, block); });
+      searched.forEach(input.image, [&](const BlockView& block) { printer.print(input.name, block); });
     });
-    reportMissing(session, *inputs, *selection);
+    reportMissing(session, *inputs, searched);
   });
 }
 

@@ -45,7 +45,7 @@ class Redactor {
   }
 
   void redact(Input& input) {
-    redactImage(inputs_, input.file.bytes, [&](const Redaction& redaction) {
+    redactImage(input.image, input.file.bytes, [&](const Redaction& redaction) {
       const Velk::BlockView& block = redaction.block;
       for (const std::string& field : redaction.taken) {
         taken_ += Velk::blockName(block) + " at offset " + offsetText(block.offset) + ": " + field + '\n';

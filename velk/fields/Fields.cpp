@@ -9,9 +9,12 @@
 #include <utility>
 
 #include "velk/fields/FieldValue.h"
+#include "velk/text/NumberText.h"
 
 namespace Velk {
 namespace {
+
+using detail::numberText;
 
 constexpr std::size_t extendedSize = 10;
 
@@ -67,12 +70,6 @@ Range rangeOf(Bits bits) {
   const std::int64_t span = std::int64_t{1} << bits.width;
   const std::int64_t least = bits.isSigned ? -span / 2 : 0;
   return {least, least + span - 1};
-}
-
-template <class T>
-std::string numberText(T value) {
-  char digits[64];
-  return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
 }
 
 /// Stores an integer where the field's type, and the bits that it has of it, hold the value.

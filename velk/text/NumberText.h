@@ -1,5 +1,6 @@
 #pragma once
 
+#include <charconv>
 #include <string>
 
 #include "velk/Export.h"
@@ -10,4 +11,14 @@ namespace Velk {
 /// full.
 VELK_EXPORT std::string turnInt2String(unsigned int value, unsigned int width);
 
+namespace detail {
+
+/// Returns the shortest decimal that reads back as the same number.
+template <class T>
+std::string numberText(T value) {
+  char digits[64];
+  return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
+}
+
+}  // namespace detail
 }  // namespace Velk
