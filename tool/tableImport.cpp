@@ -45,8 +45,9 @@ class ImageWithTables {
   }
 
   std::string add(const Velk::MemoryImage& walked, HwTableBlock& table) {
-    // Sectors that are asked for but not found refuse a table, too.
-    if (inputs_.sectorSize != 0) return "has sectors; a table can only replace another there";
+    const char* const inSectors = "has sectors; a table can only replace another there";
+    // Sectors that were asked for but not found count as well.
+    if (inputs_.sectorSize != 0) return inSectors;
     const QByteArray block = table.getByteArrayData();
     const Velk::Placement placement = appendBlock(walked, block);
     switch (placement.result) {
@@ -54,10 +55,12 @@ class ImageWithTables {
         return placeText(*placement.damaged) + ": " + Velk::verdictName(*placement.damaged) + "; nothing can be added";
       case Velk::PlacementResult::NoRoom:
         return "has no room for the " + std::to_string(block.size()) + " bytes of the table";
-      default:
+      case Velk::PlacementResult::Done:
         changes_ += table.getBlockString() + (": added at offset " + offsetText(placement.offset)) + '\n';
         image_ = placement.image;
         return {};
+      default:
+        return inSectors;
     }
   }
 

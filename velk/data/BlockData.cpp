@@ -60,7 +60,7 @@ constexpr auto typedFields = [] {
 
 const FieldInfo& typedField(unsigned type) { return typedFields[type < typedFields.size() ? type : 0]; }
 
-// The bytes of blocks whose layout nobody knows, behind what is known.
+// The bytes of blocks with an unknown layout, after what is known.
 constexpr FieldInfo bytesFrom(std::size_t offset) {
   return detail::describeField<unsigned char>("bytes", offset).openList();
 }

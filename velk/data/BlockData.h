@@ -54,7 +54,7 @@ class VELK_EXPORT DataNode {
   /// Where a value lies. Only of a value.
   const FieldElement& element() const { return std::get<FieldElement>(place_); }
 
-  /// Values of one field that stand one behind the other.
+  /// Values of one field that are stored one after another.
   struct Run {
     FieldElement first;
     std::size_t count = 0;
@@ -71,7 +71,7 @@ class VELK_EXPORT DataNode {
 
     bool operator==(const Spacing&) const = default;
   };
-  /// Of lists and tables whose elements, or rows, fill their bytes one behind the other.
+  /// Of lists and tables whose elements, or rows, are stored without gaps.
   std::optional<Spacing> spacing() const;
 
  private:
@@ -82,7 +82,7 @@ class VELK_EXPORT DataNode {
     std::span<const FieldInfo> fields;
     std::size_t offset;
   };
-  /// Elements of a field one behind the other; those of a table are its rows.
+  /// Elements of a field one after another; those of a table are its rows.
   struct Elements {
     const FieldInfo* field;
     std::size_t offset;

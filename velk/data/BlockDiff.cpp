@@ -70,7 +70,7 @@ class Comparison {
   }
 
  private:
-  void tell(const DataPath& path, std::optional<FieldElement> first, std::optional<FieldElement> second) {
+  void report(const DataPath& path, std::optional<FieldElement> first, std::optional<FieldElement> second) {
     found_ = true;
     report_({path, first, second});
   }
@@ -112,7 +112,7 @@ class Comparison {
     moved_ = moved_ || first.offset != second.offset || first.size != second.size;
     if (isSameValue(first, second)) return;
     if (!moved_) explain(first);
-    tell(path, present(first_, first), present(second_, second));
+    report(path, present(first_, first), present(second_, second));
   }
 
   bool isSameValue(const FieldElement& first, const FieldElement& second) const {
@@ -120,7 +120,7 @@ class Comparison {
     const bool inSecond = second.isInside(second_.bytes().size());
     if (!inFirst || !inSecond) return inFirst == inSecond;
     if (first.field != second.field) {
-      // Stored as another type, which is told of the type itself.
+      // Stored as another type, which is reported for the type itself.
       return fieldText(first_.bytes(), first) == fieldText(second_.bytes(), second);
     }
     if (first.field->bits.width != 0) {
@@ -138,21 +138,21 @@ class Comparison {
   void tellAll(const DataPath& path, const DataNode& node, bool inFirst) {
     moved_ = true;
     const auto act = [&](const DataPath& place, const FieldElement& element) {
-      tell(place, inFirst ? std::optional(element) : std::nullopt, inFirst ? std::nullopt : std::optional(element));
+      report(place, inFirst ? std::optional(element) : std::nullopt, inFirst ? std::nullopt : std::optional(element));
     };
     forEachValue(node, path, act);
   }
 
   bool isExplained(std::size_t offset) const { return offset < explained_.size() && explained_[offset]; }
 
-  /// The bytes of an element need not be told one by one.
+  /// The bytes of an element need not be reported one by one.
   void explain(const FieldElement& element) {
     for (std::size_t i = element.offset; i < element.offset + element.size && i < explained_.size(); ++i) {
       explained_[i] = true;
     }
   }
 
-  /// One of the blocks is cut off by the end of its memory, behind all that its fields cover.
+  /// One of the blocks is cut off by the end of its memory, after all that its fields cover.
   void tellLength() {
     if (found_) return;
     const bool firstIsLonger = first_.bytes().size() > second_.bytes().size();
@@ -160,7 +160,7 @@ class Comparison {
     const DataPath bytes(byteField.name);
     for (std::size_t i = std::min(first_.bytes().size(), second_.bytes().size()); i < longer.size(); ++i) {
       const FieldElement element{&byteField, i};
-      tell(DataPath(bytes, i), present(first_, element), present(second_, element));
+      report(DataPath(bytes, i), present(first_, element), present(second_, element));
     }
   }
 

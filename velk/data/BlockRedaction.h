@@ -7,7 +7,7 @@
 
 namespace Velk {
 
-/// Replaces what tells a module from others of its kind, who had it and what users wrote into it by zeros: numbers of
+/// Replaces what identifies a module, who had it and what users wrote into it by zeros: numbers of
 /// modules, lots and repairs, names, departments, network addresses, descriptions. Updates the checksum; one that was
 /// wrong stays as wrong as it was. Returns the names of the fields that held something. `block` are the bytes that
 /// `view` describes.

@@ -11,8 +11,8 @@
 namespace Velk::detail {
 
 /// The name that a mistyped one is nearest to, upper and lower case being alike: of several the first, and none that
-/// more than `atMost` characters tell from it. Empty where there is none, or where `name` is too long for a mistyped
-/// one.
+/// differs from it in more than `atMost` characters. Empty where there is none, or where `name` is too long for a
+/// mistyped one.
 VELK_EXPORT std::string_view nearestName(std::string_view name, std::span<const std::string> names,
                                          std::size_t atMost = std::numeric_limits<std::size_t>::max());
 

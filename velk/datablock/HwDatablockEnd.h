@@ -17,7 +17,7 @@ static_assert(sizeof(HwSDatablockEnd) == 4);
 
 inline constexpr FieldInfo endFields[] = {VELK_FIELD(HwSDatablockEnd, id).fixed(), VELK_FIELD(HwSDatablockEnd, data)};
 
-/// The marker behind the last block of a memory: the id of erased memory and a data word. It has no checksum and
+/// The marker after the last block of a memory: the id of erased memory and a data word. It has no checksum and
 /// nothing to protect, so it always verifies.
 class VELK_EXPORT HwDatablockEnd : public HwDatablock {
  public:

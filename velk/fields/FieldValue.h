@@ -48,7 +48,7 @@ void withValue(ConstBytes block, FieldElement element, ValueForm form, Act act) 
   });
 }
 
-/// Calls `act` with each of `count` elements that stand one behind the other, as withValue does; the block has them
+/// Calls `act` with each of `count` elements that are stored one after another, as withValue does; the block has them
 /// all.
 template <class Act>
 void withValues(ConstBytes block, FieldElement first, std::size_t count, ValueForm form, Act act) {

@@ -63,7 +63,7 @@ struct FieldInfo {
   const char* unit = "";
   std::span<const FieldInfo> members{};           ///< of a sub-record
   bool openEnded = false;                         ///< a list of as many elements as the block has room for
-  bool isPersonal = false;                        ///< tells one module from the next, or who had it
+  bool isPersonal = false;                        ///< identifies a module, or who had it
   bool isFixed = false;                           ///< the rest of the block depends on it: not to be edited
   const char* usedRows = "";                      ///< the field of the same record that counts the elements in use
   const char* usedCols = "";                      ///< the same for the columns of a table

@@ -16,13 +16,13 @@ namespace {
 constexpr qsizetype enoughForMost = 32 * 1024;
 constexpr qsizetype most = 1024 * 1024 * 1024;
 
-/// 0 where only reading tells.
+/// 0 if only reading can find out.
 qsizetype knownSize(int file) {
   struct stat status {};
   return fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
 }
 
-/// Makes room behind `count` bytes that fill the buffer.
+/// Makes room after `count` bytes that fill the buffer.
 bool grow(int file, QByteArray& contents, qsizetype count) {
   // The size is asked for only where it saves growing step by step; one byte more finds the end.
   const qsizetype size = knownSize(file);

@@ -97,7 +97,7 @@ void BlockWalk::takeBehindEnd() {
 void BlockWalk::takeEnd() {
   std::uint64_t size = std::min<std::uint64_t>(endSize, block_.bytes.size());
   const auto data = detail::load<unsigned short>(block_.bytes, sizeof(erasedBlockId));
-  // What is no data word of an end block may be the first bytes of another one, behind erased memory.
+  // What is not a data word of an end block may be the first bytes of another one, after erased memory.
   if (data != 0 && data != erasedBlockId) size = std::min(size, nextProven(position_ + 2) - position_);
   block_.bytes = block_.bytes.first(size);
   block_.id = erasedBlockId;

@@ -15,14 +15,14 @@ enum class Search : unsigned char {
 
 /// The walk over one memory, from one block to the next.
 ///
-/// Which blocks it believes is told in docs/memory_image.md.
+/// docs/memory_image.md has the rules by which it believes blocks.
 class VELK_EXPORT BlockWalk {
  public:
   /// Walks `image`; the offsets of its blocks count from `start` bytes before it.
   explicit BlockWalk(ConstBytes image, std::uint64_t start = 0, Search search = Search::Everywhere)
       : image_(image), start_(start), search_(search) {}
 
-  /// Goes on to the next block; false behind the last.
+  /// Goes on to the next block; false after the last.
   bool next();
   /// The block that the walk is at.
   const BlockView& block() const { return block_; }

@@ -10,7 +10,7 @@ enum RecordType : unsigned { Data, End, SegmentBase, SegmentEntry, LinearBase, L
 /// Bytes of the records of each type but Data.
 constexpr std::size_t lengths[] = {0, 0, 2, 4, 2, 4};
 
-/// Length, two bytes of address and type before the data; the checksum behind it.
+/// Length, two bytes of address and type before the data; the checksum after it.
 constexpr std::size_t beforeData = 4;
 constexpr std::size_t around = beforeData + 1;
 

@@ -8,7 +8,7 @@
 namespace Velk {
 namespace {
 
-/// The greatest power of two that divides the distances of all sequences from the start, told block by block.
+/// The greatest power of two that divides the distances of all sequences from the start, found block by block.
 class SectorGrid {
  public:
   explicit SectorGrid(std::uint64_t start) : start_(start) {}

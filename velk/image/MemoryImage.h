@@ -14,11 +14,11 @@ inline constexpr std::uint64_t automaticSectorSize = ~std::uint64_t{0};
 
 /// The bytes of a module memory as the blocks in it.
 ///
-/// Blocks stand one behind the other, each as long as its header says, up to the end block or the last byte. Where such
+/// Blocks follow one another, each as long as its header says, up to the end block or the last byte. Where such
 /// a sequence is broken, by damage or by bytes of something else, the walk goes on at the next block that proves
-/// itself, at whatever offset; docs/memory_image.md tells which do. The same bytes always give the same blocks.
+/// itself, at whatever offset; docs/memory_image.md has the rules. The same bytes always give the same blocks.
 ///
-/// Nothing is lost: every byte is in one view, but for erased memory behind an end block. Walking takes time in
+/// Nothing is lost: every byte is in one view, but for erased memory after an end block. Walking takes time in
 /// proportion to the bytes, whatever they are, and an eighth of their memory at most.
 ///
 /// The image owns its bytes; views and iterators are valid while it lives.
@@ -76,7 +76,7 @@ class VELK_EXPORT MemoryImage::Iterator {
 
   std::uint64_t sectorSize_;
   std::uint64_t sectorStart_;
-  ConstBytes ahead_;  ///< what is behind the sector that is walked
+  ConstBytes ahead_;  ///< what follows the sector that is walked
   Search search_;
   BlockWalk walk_;
   bool atBlock_ = false;

@@ -34,7 +34,7 @@ class Survey {
   Survey(ConstBytes memory, const ProvenStarts& found)
       : memory_(memory), found_(found), sums_(memory), first_(memory.size()), granted_(memory.size()) {}
 
-  /// Hands on each offset from `end` down to `begin` at which one does. A header has to fit behind all of them.
+  /// Hands on each offset from `end` down to `begin` at which one does. A header has to fit after each of them.
   template <class Act>
   void goOver(std::size_t begin, std::size_t end, Act act) {
     const KnownBlocks& known = KnownBlocks::get();

@@ -13,7 +13,7 @@ namespace Velk {
 struct DumpView {
   std::size_t dump = 0;  ///< index of the dump
   BlockView view{};
-  std::int64_t place = 0;  ///< its offset in the memory, as far as the blocks that dumps share tell it
+  std::int64_t place = 0;  ///< its offset in the memory, as far as the blocks that dumps share show it
 };
 
 /// Two sound blocks of different bytes where the memory can have had only one.
@@ -37,7 +37,7 @@ struct Recovery {
 
 /// Puts together what dumps of one memory show: a block that is sound in one of them is among the blocks once.
 ///
-/// Blocks of equal bytes in the same order are one block; they tell how far the places of two dumps are apart, so that
+/// Blocks of equal bytes in the same order are one block; they show how far the places of two dumps are apart, so that
 /// a dump that lacks a byte can be merged. Other sound blocks of two dumps that overlap then are a conflict, but the
 /// dump `preferred` is right against the others. Takes n log n for n blocks.
 VELK_EXPORT Recovery recoverBlocks(std::span<const MemoryImage* const> dumps,

@@ -6,7 +6,7 @@
 namespace Velk {
 namespace {
 
-/// Bytes of the address, or of what stands in its place, by the digit behind the S; 0 where there is no such record.
+/// Bytes of the address, or of what stands in its place, by the digit after the S; 0 where there is no such record.
 constexpr std::size_t addressLengths[] = {2, 2, 3, 4, 0, 2, 3, 4, 3, 2};
 
 constexpr bool isData(unsigned type) { return type >= 1 && type <= 3; }

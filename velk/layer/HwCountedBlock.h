@@ -22,7 +22,7 @@ inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
 };
 
-/// Completes the traits of a list class by what its record tells, and by the unit of its values times `scale`, which is
+/// Completes the traits of a list class by what its record says, and by the unit of its values times `scale`, which is
 /// how its text presents them.
 template <class Record, UnitName unit, int scale = 1>
 constexpr RecordTraits listTraits(RecordTraits traits) {

@@ -18,7 +18,7 @@ template <class Record, UnitName unit>
 inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count),
                                            VELK_FIELD(Record, cells).in(unit.name).counted("count")};
 
-/// Completes the traits of a table class by what its record tells, and by the unit of its cells.
+/// Completes the traits of a table class by what its record says, and by the unit of its cells.
 template <class Record, UnitName unit = "">
 constexpr RecordTraits gridTraits(RecordTraits traits) {
   traits.size = sizeof(Record);

@@ -26,7 +26,7 @@ enum class Acceptance : unsigned char {
   ChecksumAndHeader,      ///< those whose checksum is right and whose header has the class's id and size
 };
 
-/// A text inside a record that ends at its first zero byte: what stands behind that is not taken over.
+/// A text inside a record that ends at its first zero byte: what follows it is not taken over.
 struct RecordName {
   unsigned short offset = 0;
   unsigned short length = 0;
@@ -56,7 +56,7 @@ struct TextForm {
   const char* countKey = "COUNT:";
   unsigned char countWidth = 17;             ///< 0: no such line
   const char* rowKey = "";                   ///< before the number of a row
-  const char* separator = ":             ";  ///< behind it
+  const char* separator = ":             ";  ///< after it
   /// The COUNT line of a table: what stands between the number of rows and the name of the companion list, the word of
   /// the block's own name that is another one there, and the comment lines that follow.
   const char* countJoint = " * ";
@@ -171,7 +171,7 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
   /// The detached record in the buffer, which is extended with zeros to hold it; valid until the block changes.
   Record* getBlock() { return reinterpret_cast<Record*>(recordBytes(sizeof(Record))); }
 
-  /// 0 when the record's checksum is right and the record was taken over; otherwise the error manager is told, the
+  /// 0 when the record's checksum is right and the record was taken over; otherwise an error is signalled, the
   /// block stays as it was and the result is 1.
   int setBlock(const Record* record) { return setRecord(record, isEmptyRecord(record)); }
 

@@ -41,7 +41,7 @@ class VELK_EXPORT HwSingleValueBlock : public HwTypedRecordBlock<SingleValueReco
   std::ostream& printToStream(std::ostream& os) override;
 
  protected:
-  /// `failure` is what the error manager is told when a stored value reads back differently.
+  /// `failure` is the text of the error signalled when a stored value reads back differently.
   HwSingleValueBlock(const RecordTraits& traits, const char* failure, bool stopConversionOnError = true)
       : HwTypedRecordBlock(traits, stopConversionOnError), failure_(failure) {}
 

@@ -27,7 +27,7 @@ void printTableCount(TextWriter& text, ConstBytes block, const RecordTraits& tra
 void printColumnComments(TextWriter& text, const TextForm& form);
 
 /// The rows of a table, `rows` of them with `columns` values each, whatever the table's capacity: a line a row with its
-/// number and its values, each behind two tabs and a blank. Values past the capacity are 0.
+/// number and its values, each after two tabs and a blank. Values past the capacity are 0.
 VELK_EXPORT void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form,
                            std::uint64_t rows, std::uint64_t columns);
 

@@ -18,7 +18,7 @@ namespace Velk::detail {
 /// is handed on in pieces. Once the stream has failed nothing more is formatted: loops over long tables ask ok().
 class VELK_EXPORT TextWriter {
  public:
-  /// Columns of a key with the blanks behind it, unless a text has another habit.
+  /// Columns of a key with the blanks after it, unless a text has another habit.
   static constexpr std::size_t keyWidth = 17;
 
   explicit TextWriter(std::ostream& os);
@@ -49,7 +49,7 @@ class VELK_EXPORT TextWriter {
   /// As an untouched stream writes it: general notation of 6 significant digits.
   TextWriter& general(double value);
   TextWriter& general(long double value);
-  /// Text with blanks behind it up to `width` characters.
+  /// Text with blanks after it up to `width` characters.
   TextWriter& field(std::string_view value, std::size_t width);
   TextWriter& date(PackedDate date) { return text(DateText(date).view()); }
 
