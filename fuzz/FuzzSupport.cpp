@@ -18,7 +18,7 @@ constexpr std::size_t sizeOffset = offsetof(Velk::HwSDatablockHeader, blockSize)
 constexpr std::size_t checksumOffset = offsetof(Velk::HwSDatablockHeader, checksum);
 
 /// Returns a size for the block at the start of `rest`: its own, that of its class, or all of `rest`.
-std::size_t pickSize(ConstBytes rest, unsigned choice) {
+std::size_t pickSize(Velk::ConstBytes rest, unsigned choice) {
   const std::size_t own = load<unsigned short>(rest, sizeOffset);
   if (choice % 4 != 0 && own >= sizeof(Velk::HwSDatablockHeader) && own <= rest.size()) return own;
   const Velk::CatalogueRow* const row = Velk::findCatalogueRow(load<unsigned short>(rest, 0));
@@ -31,9 +31,9 @@ unsigned valueOf(unsigned char digit) {
 }
 
 /// Repairs the checksum of a line that starts with `mark` characters that are not digits.
-void mendLine(MutableBytes line, std::size_t mark, bool complement) {
+void mendLine(Velk::MutableBytes line, std::size_t mark, bool complement) {
   if (line.size() < mark + 4) return;
-  const MutableBytes digits = line.subspan(mark);
+  const Velk::MutableBytes digits = line.subspan(mark);
   unsigned sum = 0;
   for (std::size_t i = 0; i + 3 < digits.size(); i += 2) sum += valueOf(digits[i]) * 16 + valueOf(digits[i + 1]);
   const unsigned checksum = complement ? ~sum : 0U - sum;
@@ -63,13 +63,13 @@ const std::vector<unsigned short>& catalogueIds() {
   return ids;
 }
 
-void mendBlock(MutableBytes block, bool crc) {
+void mendBlock(Velk::MutableBytes block, bool crc) {
   if (block.size() < sizeof(Velk::HwSDatablockHeader)) return;
   if (crc && block.size() >= shortestCrcBlock) store(block, crcOffset, crcOf(block));
   store(block, checksumOffset, checksumOf(block));
 }
 
-void mendImage(MutableBytes image, unsigned seed) {
+void mendImage(Velk::MutableBytes image, unsigned seed) {
   std::minstd_rand random(seed + 1);
   while (image.size() >= sizeof(Velk::HwSDatablockHeader)) {
     if (random() % 4 == 0) {
@@ -84,10 +84,10 @@ void mendImage(MutableBytes image, unsigned seed) {
   }
 }
 
-void mendText(MutableBytes text) {
+void mendText(Velk::MutableBytes text) {
   for (auto begin = text.begin(); begin != text.end();) {
     const auto end = std::find(begin, text.end(), '\n');
-    const MutableBytes line(begin, end);
+    const Velk::MutableBytes line(begin, end);
     if (!line.empty() && line[0] == ':') mendLine(line, 1, false);
     if (!line.empty() && line[0] == 'S') mendLine(line, 2, true);
     begin = end == text.end() ? end : end + 1;

@@ -41,7 +41,7 @@ TEST(Usage, MistypedNamesAreMetWithTheNearest) {
 TEST(Usage, WhatIsMissingOrTooMuchIsNamed) {
   expectAnswers({
       {{}, "no command is given; \"velk help\" lists them"},
-      {{"table"}, "table: unknown command is given; \"velk help table\" lists them"},
+      {{"table"}, "table: no command is given; \"velk help table\" lists them"},
       {{"list"}, "list: FILE is missing; \"velk help list\" shows its usage"},
       {{"set", "rf_board.bin", "--"}, "set: --id N is missing; \"velk help set\" shows its usage"},
       {{"set", "rf_board.bin", "--id", "2"}, "set: NAME=VALUE is missing; \"velk help set\" shows its usage"},
