@@ -40,11 +40,7 @@ class LimitedText : public std::streambuf {
   std::size_t inLines(std::string_view text) {
     if (linesLeft_ == anyNumber) return text.size();
     std::size_t end = 0;
-    for (; linesLeft_ > 0 && end < text.size(); --linesLeft_) {
-      const std::size_t lineEnd = text.find('\n', end);
-      if (lineEnd == text.npos) return text.size();
-      end = lineEnd + 1;
-    }
+    while (end < text.size() && linesLeft_ > 0) linesLeft_ -= text[end++] == '\n' ? 1 : 0;
     return end;
   }
 
