@@ -165,7 +165,7 @@ TEST(SecondEditionPages, DetailShowsTheRowIdsOfATableWithoutColumns) {
   EXPECT_EQ(rows("03 00 00 00 01 00 01 02 03"), "1: 1    \n2: 2    \n3: 3    \n");
   EXPECT_EQ(rows("FF FF 00 00 03 00 01 00 02 00 03"), "1: 1    \n2: 2    \n3: \n") << "as far as the block goes";
   EXPECT_EQ(rows("02 00 00 00 03 00  07 00 08 00", "07 00 00 00 00 00 04 00 00 00 64 00"), "1: 7    \n2: 8    \n")
-      << "behind the compact header";
+      << "after the compact header";
   EXPECT_EQ(rows("02 00 00 00 19 00 41 00 42 00"), "1: \n2: \n") << "strings are not shown";
   for (const char* const claim :
        {"FF FF 00 00 01 00", "FF FF 00 00 19 00", "FF FF 00 00 00 00 01 02", "FF FF 00 00 C8 00 01"}) {

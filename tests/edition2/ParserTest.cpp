@@ -56,7 +56,7 @@ TEST(SecondEditionParser, StringsLengthenTheirLists) {
 }
 
 TEST(SecondEditionParser, TablesWithoutRowsOrColumnsAreTables) {
-  // No columns, whatever the rows and ids; no rows, but column ids 1 and 2 with two bytes behind them; one cell.
+  // No columns, whatever the rows and ids; no rows, but column ids 1 and 2 with two bytes after them; one cell.
   const Parsed parsed(
       block("05 00 00 00 01 01"
             "00 00 02 00 03 01 01 01 01 02 00 00"

@@ -113,13 +113,13 @@ class ReferenceParser {
     state_ = align;
   }
 
-  void nextSection(State behind) {
+  void nextSection(State previous) {
     const ReferenceTable& table = tables.back();
     k_ = r_ = b_ = 0;
-    if (behind == TypeAlign && table.rowIdType != 0 && table.rows > 0) {
+    if (previous == TypeAlign && table.rowIdType != 0 && table.rows > 0) {
       e_ = p_ + table.rows * Velk::detail::typeSize(table.rowIdType);
       state_ = RowIds;
-    } else if (behind != ColumnIdsAlign && table.columnIdType != 0 && table.columns > 0) {
+    } else if (previous != ColumnIdsAlign && table.columnIdType != 0 && table.columns > 0) {
       e_ = p_ + table.columns * Velk::detail::typeSize(table.columnIdType);
       state_ = ColumnIds;
     } else if (table.rows == 0) {

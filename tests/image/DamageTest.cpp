@@ -1,5 +1,5 @@
 // Truncations and flipped bits of the example images are reported, but for what nothing in a memory protects:
-//   - an image that is cut between two blocks, or behind the id of its end block: the end of the memory ends it as well
+//   - an image that is cut between two blocks, or after the id of its end block: the end of the memory ends it as well
 //   - the data word of the end block
 //   - the odd last byte of a block without a CRC-32, which no 16-bit word covers
 #include <algorithm>
@@ -40,8 +40,8 @@ bool hasCrc(const BlockView& block) {
 
 bool cutIsNotSeen(const std::vector<BlockView>& blocks, std::size_t length) {
   return std::ranges::any_of(blocks, [&](const BlockView& block) {
-    const bool behindEndId = block.kind == BlockKind::End && length >= block.offset + sizeof block.id;
-    return length == block.offset || behindEndId;
+    const bool afterEndId = block.kind == BlockKind::End && length >= block.offset + sizeof block.id;
+    return length == block.offset || afterEndId;
   });
 }
 

@@ -70,7 +70,7 @@ TEST(MemoryImage, BlocksWithACrcAreFoundBehindDamageAsWell) {
   EXPECT_NE(walked(image).find("44 ID_1040 526 damaged size, 570 ID_1042 20 sound"), std::string::npos)
       << "whose checksum did not follow the counter: " << walked(image);
 
-  // What is left of a counter is none where nothing begins behind what it claims.
+  // The remains of a counter are not one if nothing begins where they claim to end.
   const QByteArray ident = VelkTest::exampleImage("rf_board.bin").left(44);
   const QByteArray remains =
       VelkTest::fromHex("02 00 03 00 00 00 00 00 00 00 00 00 12 04 3C 00 01 00 00 00 3C 00 2D 45");

@@ -128,7 +128,7 @@ TEST(EveryId, PrintsLikeItsClassWhateverIsMissingOrTooMuch) {
         EXPECT_EQ(textOf(whole.first(length)), textOf(whole.first(length) + zeros)) << length << " bytes";
       }
       if (!row.others.longer) {
-        EXPECT_EQ(textOf(whole + "\x01\x02\x03"), textOf(whole)) << "bytes behind the block";
+        EXPECT_EQ(textOf(whole + "\x01\x02\x03"), textOf(whole)) << "bytes after the block";
       }
     }
   }

@@ -186,14 +186,14 @@ TEST_F(EditCommand, RedactWritesNothingThatItCouldNotLookInto) {
   QByteArray swallowing = board.left(88);
   swallowing[3] = '\xF0';
   swallowing[64] = '\x01';
-  QByteArray behindHeader = VelkTest::exampleImage("mainboard.bin");
-  behindHeader.replace(0, 8, QByteArray(8, '\xFF'));
+  QByteArray erasedHeader = VelkTest::exampleImage("mainboard.bin");
+  erasedHeader.replace(0, 8, QByteArray(8, '\xFF'));
   Velk::ImageFile hex = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/mainboard.bin");
   hex.format = Velk::ImageFormat::IntelHex;
   const QByteArray lines = Velk::encodeImage(hex);
   const QStringList unseen[] = {
       {file("swallowed.bin", swallowing)},
-      {file("header.bin", behindHeader)},
+      {file("header.bin", erasedHeader)},
       {file("text.bin", "serial number 100234, of the department of measurements, and so on and on" + board)},
       {file("cut.hex", lines.left(lines.lastIndexOf(':')))},
       {file("empty.bin", {})},

@@ -106,7 +106,7 @@ TEST_F(Inputs, TheFormIsToldByTheContentsOrByHand) {
 }
 
 TEST_F(Inputs, GapsAreToldAndErased) {
-  // The end block, and erased memory far behind it.
+  // The end block, and erased memory far after it.
   const QString path = file("gap.s19", QByteArray("S1070100FFFF0000F9\nS1070200FFFFFFFFFA\nS9030000FC\n"));
   const Outcome result = run({"check", path});
   EXPECT_EQ(result.exitCode, 0) << "a gap is no damage";
@@ -132,9 +132,9 @@ TEST_F(Inputs, TheWalkBeginsAtTheOffsetInEveryForm) {
   expectSameTexts({"--offset", "48", raw}, {"--offset", "0x30", hex});
   EXPECT_EQ(run({"print", "--id", "2", "--offset", "48", raw}).output,
             run({"print", "--id", "2", "rf_board.bin"}).output);
-  const Outcome behind = run({"list", "--offset", "0x10000", raw});
-  EXPECT_EQ(behind.exitCode, 2);
-  EXPECT_EQ(behind.errors,
+  const Outcome outside = run({"list", "--offset", "0x10000", raw});
+  EXPECT_EQ(outside.exitCode, 2);
+  EXPECT_EQ(outside.errors,
             "velk: " + raw.toStdString() + ": offset 0x00010000 is past the end of the image, which has 1072 bytes\n");
   for (const char* const wrong : {"x", "-1", "0x", "1k", "", "99999999999999999999"}) {
     EXPECT_EQ(run({"list", "--offset", wrong, raw}).exitCode, 2) << wrong;
@@ -146,7 +146,7 @@ TEST_F(Inputs, AFlashDumpIsWalkedSectorBySector) {
   const QByteArray flash = sector + QByteArray(sector.size(), '\xFF') + sector;
   const QString path = file("flash", flash);
   const Outcome whole = run({"check", path});
-  EXPECT_EQ(whole.exitCode, 0) << "blocks behind an end block and erased memory prove themselves";
+  EXPECT_EQ(whole.exitCode, 0) << "blocks after an end block and erased memory prove themselves";
   EXPECT_EQ(whole.errors, "velk: " + path.toStdString() +
                               ": looks like a flash memory; --sector-size 0x800 or auto walks it sector by sector\n");
   const Outcome result = run({"check", "--sector-size", "0x400", path});

@@ -17,7 +17,7 @@ namespace {
 
 using detail::TextWriter;
 
-constexpr std::string_view behindValue = "    ";
+constexpr std::string_view afterValue = "    ";
 constexpr std::string_view columnGap = "         ";
 constexpr std::string_view pageStart = "############# NEW CONCEPT  #####################################";
 constexpr std::string_view rule = "#=======================================================================";
@@ -54,7 +54,7 @@ void appendValue(TextWriter& text, ConstBytes value, ETypeId type) {
     } else {
       text.number(detail::load<Value>(value, 0));
     }
-    text.text(behindValue);
+    text.text(afterValue);
   });
 }
 
