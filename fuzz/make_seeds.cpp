@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "FuzzSupport.h"
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 #include "velk/image/MemoryImage.h"
 #include "velk/tables/HwTableBlock.h"
 
@@ -44,9 +44,9 @@ void seedFrom(const fs::path& file, const fs::path& seeds) {
     write(seeds / "edit" / seed, bytes);
   }
   if (isLarge) return;
-  for (const ImageFormat format : {ImageFormat::IntelHex, ImageFormat::SRecord}) {
-    image.format = format;
-    write(seeds / "text" / (name + '.' + formatName(format)), encodeImage(image));
+  for (const Container container : {Container::IntelHex, Container::SRecord}) {
+    image.container = container;
+    write(seeds / "text" / (name + '.' + kindOf(container).name), encodeImage(image));
   }
 }
 

@@ -3,7 +3,7 @@
 #include <unistd.h>
 
 #include "velk/bytes/ByteArray.h"
-#include "velk/image/ImageFile.h"
+#include "velk/files/ReadFile.h"
 
 namespace VelkTool {
 namespace {
@@ -28,9 +28,10 @@ bool finish(Session& session, const std::string& name, Velk::FileReplacement& fi
 }  // namespace
 
 std::optional<std::string> readText(Session& session, const std::string& path) {
-  const Velk::ImageFile file = Velk::readImageFile(path, Velk::ImageFormat::Raw);
-  if (file.error.empty()) return file.bytes.toStdString();
-  fail(session, path, file.error);
+  std::string error;
+  const auto contents = Velk::readFile(path, error);
+  if (contents) return contents->toStdString();
+  fail(session, path, error);
   return std::nullopt;
 }
 

@@ -5,7 +5,7 @@
 #include <new>
 #include <utility>
 
-#include "Choices.h"
+#include "Containers.h"
 #include "FindingReport.h"
 #include "Images.h"
 #include "InTurn.h"
@@ -16,15 +16,42 @@
 namespace VelkTool {
 namespace {
 
-void reportGaps(Session& session, const Input& input) {
-  constexpr std::size_t most = 4;
-  const std::vector<Velk::ImageGap>& gaps = input.file.gaps;
-  for (std::size_t i = 0; i < std::min(gaps.size(), most); ++i) {
-    session.complain(input.name, "offset " + offsetText(gaps[i].offset) + ": " +
-                                     counted(gaps[i].size, "byte is", "bytes are") +
-                                     " not in the file, taken as erased");
+constexpr std::size_t mostRanges = 4;
+
+/// Reports ranges of an image, the first ones one by one. `is` and `are` say what became of their bytes.
+void reportRanges(Session& session, const std::string& name, const std::vector<Velk::ImageRange>& ranges,
+                  const char* is, const char* are) {
+  for (std::size_t i = 0; i < std::min(ranges.size(), mostRanges); ++i) {
+    session.complain(name, "offset " + offsetText(ranges[i].offset) + ": " + counted(ranges[i].size, is, are));
   }
-  if (gaps.size() > most) session.complain(input.name, counted(gaps.size() - most, "more gap", "more gaps"));
+  if (ranges.size() <= mostRanges) return;
+  std::uint64_t bytes = 0;
+  for (const Velk::ImageRange& range : ranges) bytes += range.size;
+  session.complain(name, counted(ranges.size() - mostRanges, "further range", "further ranges") + "; altogether " +
+                             counted(bytes, is, are));
+}
+
+/// Reports each block of which some bytes are lost.
+void reportCutBlocks(Session& session, const Input& input) {
+  if (input.file.lost.empty()) return;
+  for (const Velk::BlockView& block : input.image) {
+    const std::uint64_t lost = Velk::lostBytes(input.file, block.offset, block.bytes.size());
+    if (lost == 0 || block.kind == Velk::BlockKind::Stray) continue;
+    session.complain(input.name, placeText(block) + ": " + counted(lost, "byte of it is lost", "bytes of it are lost"));
+  }
+}
+
+/// Reports what is wrong with the file as a whole, which counts, and which bytes it does not hold.
+void reportFile(Session& session, const Input& input) {
+  for (const Velk::FileFinding& finding : input.file.findings) {
+    session.complain(input.name, finding.describe());
+    session.worsen(Exit::Findings);
+  }
+  reportRanges(session, input.name, input.file.lost, "byte is lost, shown as erased",
+               "bytes are lost, shown as erased");
+  reportRanges(session, input.name, input.file.gaps, "byte is not in the file, taken as erased",
+               "bytes are not in the file, taken as erased");
+  reportCutBlocks(session, input);
 }
 
 /// Checks that the start of the walk lies in the image.
@@ -53,19 +80,16 @@ CLI::Validator sectorSize() {
 
 std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
-  Choices<Velk::ImageFormat> formats;
-  for (const auto format : {Velk::ImageFormat::Raw, Velk::ImageFormat::IntelHex, Velk::ImageFormat::SRecord}) {
-    formats.emplace_back(Velk::formatName(format), format);
-  }
   const char* const description =
       count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
   CLI::Option* const files = command.add_option("FILE", inputs->files, description)
                                  ->required()
                                  ->check(CLI::Validator(takeStandardInputOnce(), ""));
   if (count != 0) files->expected(count)->allow_extra_args(false);
-  addChoice<Velk::ImageFormat>(
-      command, "--input", formats, [inputs](Velk::ImageFormat format) { inputs->format = format; },
-      "Format of the files: raw dump, Intel HEX or S-record; detected from the contents by default");
+  addChoice<Velk::Container>(
+      command, "--input", containerChoices([](const Velk::ContainerKind&) { return true; }),
+      [inputs](Velk::Container container) { inputs->container = container; },
+      "The container of the files; detected from the contents by default");
   command.add_option("--offset", inputs->offset, "Offset of the first block in the image; 64 and 0x40 are the same")
       ->transform(plainNumber())
       ->type_name("N");
@@ -80,7 +104,7 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
 }
 
 Input readInput(const Inputs& inputs, const std::string& name) try {
-  Velk::ImageFile file = Velk::readImageFile(name, inputs.format);
+  Velk::ImageFile file = Velk::readImageFile(name, inputs.container);
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
   std::uint64_t hidden = 0;
   if (inputs.redacted) {
@@ -119,17 +143,13 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
     session.worsen(Exit::NoAccess);
     return input;
   }
-  if (input.file.bytes.isEmpty() && input.file.warning.empty()) input.file.warning = "is empty";
-  if (!input.file.warning.empty()) {
-    session.complain(name, input.file.warning);
-    session.worsen(Exit::Findings);
-  }
+  if (input.file.bytes.isEmpty() && input.file.findings.empty()) input.file.findings.push_back({0, "is empty"});
+  reportFile(session, input);
   if (input.hidden > 0) {
     session.complain(name, counted(input.hidden, "byte that cannot be interpreted is shown as zero",
                                    "bytes that cannot be interpreted are shown as zeros"));
     session.worsen(Exit::Findings);
   }
-  reportGaps(session, input);
   if (!reachesOffset(session, input, inputs.offset)) session.worsen(Exit::Usage);
   return input;
 }

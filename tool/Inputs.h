@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Session.h"
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 #include "velk/image/MemoryImage.h"
 
 namespace VelkTool {
@@ -16,7 +16,7 @@ namespace VelkTool {
 /// The files that a subcommand reads and the options for reading them, common to all subcommands that read images.
 struct Inputs {
   std::vector<std::string> files{};
-  std::optional<Velk::ImageFormat> format{};  ///< nothing: detected from the contents
+  std::optional<Velk::Container> container{};  ///< nothing: detected from the contents
   std::uint64_t offset = 0;
   std::uint64_t sectorSize = 0;  ///< or Velk::automaticSectorSize
   bool redacted = false;         ///< redact the images after reading, as `velk redact` does

@@ -18,7 +18,7 @@ void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
   json.endArray();
 }
 
-void writeBlockMembers(JsonWriter& json, const Velk::BlockView& block) {
+void writeBlockMembers(JsonWriter& json, const Velk::ImageFile& file, const Velk::BlockView& block) {
   json.member("offset", block.offset).member("size", block.bytes.size());
   if (block.kind != Velk::BlockKind::Stray) {
     json.member("id", block.id).member("name", Velk::blockName(block)).member("declaredSize", block.declaredSize);
@@ -26,18 +26,26 @@ void writeBlockMembers(JsonWriter& json, const Velk::BlockView& block) {
   json.member("kind", Velk::kindName(block.kind)).member("verdict", Velk::verdictName(block));
   json.member("sound", block.isSound());
   if (block.kind != Velk::BlockKind::Stray) json.member("found", Velk::foundName(block.found));
+  if (const std::uint64_t lost = Velk::lostBytes(file, block.offset, block.bytes.size()); lost > 0) {
+    json.member("lost", lost);
+  }
   writeFindings(json, block);
 }
 
-void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
-  json.member("format", Velk::formatName(file.format)).member("address", file.address);
-  json.member("size", file.bytes.size());
-  if (!file.warning.empty()) json.member("warning", file.warning);
-  json.key("gaps").beginArray();
-  for (const Velk::ImageGap& gap : file.gaps) {
-    json.beginObject().member("offset", gap.offset).member("size", gap.size).endObject();
+void writeRanges(JsonWriter& json, const char* key, const std::vector<Velk::ImageRange>& ranges) {
+  json.key(key).beginArray();
+  for (const Velk::ImageRange& range : ranges) {
+    json.beginObject().member("offset", range.offset).member("size", range.size).endObject();
   }
   json.endArray();
+}
+
+void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
+  json.member("format", Velk::kindOf(file.container).name).member("address", file.address);
+  json.member("size", file.bytes.size());
+  if (!file.findings.empty()) json.member("warning", file.findings.front().describe());
+  writeRanges(json, "gaps", file.gaps);
+  writeRanges(json, "lost", file.lost);
 }
 
 /// Begins a line about a file.
@@ -50,7 +58,9 @@ void beginLine(JsonWriter& json, const std::string& name) {
 void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const std::string& name) {
   const bool isRead = file.error.empty();
   const char* const verdict = isRead ? "no blocks" : "unreadable";
-  const std::string text = !isRead ? file.error : !file.warning.empty() ? file.warning : "holds no block";
+  const std::string text = !isRead                  ? file.error
+                           : !file.findings.empty() ? file.findings.front().describe()
+                                                    : "holds no block";
   beginLine(json, name);
   if (!isRead) json.member("error", file.error);
   json.member("offset", 0).member("size", file.bytes.size()).member("id", nullptr).member("name", nullptr);
@@ -97,7 +107,7 @@ void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& sea
     json.key("blocks").beginArray();
     searched.forEach(input.image, [&](const Velk::BlockView& block) {
       json.beginObject();
-      writeBlockMembers(json, block);
+      writeBlockMembers(json, input.file, block);
       describe(json, session, input, block);
       json.endObject();
     });
@@ -125,7 +135,7 @@ void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& sear
       if (block.kind == Velk::BlockKind::Stray) {
         json.member("id", nullptr).member("name", nullptr).member("declaredSize", nullptr);
       }
-      writeBlockMembers(json, block);
+      writeBlockMembers(json, input.file, block);
       describe(json, part, input, block);
       json.endObject().finish();
     });

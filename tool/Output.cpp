@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <csignal>
 
+#include "Containers.h"
 #include "Files.h"
 
 namespace VelkTool {
@@ -38,7 +39,25 @@ bool Destination::keepBackup(Session& session) const {
   return contents && writeFile(session, input_ + ".bak", *backup_, QByteArray::fromStdString(*contents), {}, target_);
 }
 
-void Destination::write(Session& session, const Velk::ImageFile& image, std::string_view report) const {
+bool Destination::chooseContainer(Session& session, Velk::ImageFile& image) const {
+  if (container_) moveTo(image, *container_);
+  const std::string obstacle = writingObstacle(image);
+  if (obstacle.empty()) return true;
+  const Velk::ContainerKind* const named = Velk::containerForFile(name_);
+  if (!container_ && named != nullptr && named->write != nullptr && named->container != image.container) {
+    moveTo(image, named->container);
+    if (writingObstacle(image).empty()) return true;
+  }
+  std::string names;
+  for (const auto& choice : writableContainers()) names += (names.empty() ? "" : "|") + choice.first;
+  session.complain(input_,
+                   obstacle + "; nothing is written, use -o with a name such as new.bin, or --container " + names);
+  session.worsen(Exit::NoAccess);
+  return false;
+}
+
+void Destination::write(Session& session, Velk::ImageFile image, std::string_view report) const {
+  if (!chooseContainer(session, image)) return;
   // The reader of the report may close the pipe early. That must not stop the run halfway.
   std::signal(SIGPIPE, SIG_IGN);
   const QByteArray contents = Velk::encodeImage(image);
@@ -91,6 +110,7 @@ bool Output::openBackup(Session& session, Destination& destination) const {
 std::optional<Destination> Output::open(Session& session, const std::string& input,
                                         std::span<const std::string> others) const {
   Destination destination(input, inPlace_ ? input : file_);
+  destination.container_ = container_;
   const bool isOpen = destination.locate(session) &&
                       spares(session, others, destination.name_, "would be overwritten") &&
                       accepts(session, destination) &&
@@ -100,23 +120,34 @@ std::optional<Destination> Output::open(Session& session, const std::string& inp
   return isOpen ? std::optional(std::move(destination)) : std::nullopt;
 }
 
+namespace {
+
+void addContainer(CLI::App& command, std::optional<Velk::Container>& container) {
+  addChoice<Velk::Container>(
+      command, "--container", writableContainers(), [&container](Velk::Container chosen) { container = chosen; },
+      "The container to write; by default that of the input");
+}
+
+}  // namespace
+
 std::shared_ptr<const Output> addOutputFile(CLI::App& command) {
   const auto output = std::make_shared<Output>();
   command.add_option("-o,--output", output->file_, "The file to write; - is standard output")
       ->type_name("OUT")
       ->required();
+  addContainer(command, output->container_);
   return output;
 }
 
 std::shared_ptr<const Output> addOutput(CLI::App& command) {
   const auto output = std::make_shared<Output>();
   CLI::Option_group* const where = command.add_option_group("Output", "Where the changed image goes");
-  where->add_option("-o,--output", output->file_, "The file to write, in the format of the input; - is standard output")
-      ->type_name("OUT");
+  where->add_option("-o,--output", output->file_, "The file to write; - is standard output")->type_name("OUT");
   CLI::Option* const inPlace = where->add_flag("--in-place", output->inPlace_, "Replace FILE");
   where->require_option(1);
   command.add_flag("--backup", output->backup_, "Keep the old FILE as FILE.bak, replacing an older backup")
       ->needs(inPlace);
+  addContainer(command, output->container_);
   return output;
 }
 

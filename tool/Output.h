@@ -7,9 +7,9 @@
 #include <string>
 
 #include "Session.h"
+#include "velk/containers/ImageFile.h"
 #include "velk/files/FileLock.h"
 #include "velk/files/FileTarget.h"
-#include "velk/image/ImageFile.h"
 
 namespace VelkTool {
 
@@ -17,9 +17,10 @@ namespace VelkTool {
 /// is written, so that concurrent changes are not lost.
 class Destination {
  public:
-  /// Writes the image in the format it was read in, as a whole or not at all, and `report`, the lines that describe the
-  /// changes; these go to standard error if the image goes to a stream. Reports and counts a failure.
-  void write(Session& session, const Velk::ImageFile& image, std::string_view report) const;
+  /// Writes the image, as a whole or not at all, and `report`, the lines that describe the changes; these go to
+  /// standard error if the image goes to a stream. The container is the one that was asked for, or that it was read in;
+  /// if that cannot be written, the one that the name of the file says. Reports and counts a failure.
+  void write(Session& session, Velk::ImageFile image, std::string_view report) const;
 
  private:
   friend class Output;
@@ -28,12 +29,14 @@ class Destination {
   bool locate(Session& session);
   bool lock(Session& session);
   bool keepBackup(Session& session) const;
+  bool chooseContainer(Session& session, Velk::ImageFile& image) const;
 
   std::string input_;
   std::string name_;
   Velk::FileTarget target_{};
   std::optional<Velk::FileTarget> backup_{};
   Velk::FileLock lock_{};
+  std::optional<Velk::Container> container_{};
 };
 
 /// The options for the destination of a changed image: another file, or the input itself, optionally with a backup.
@@ -51,6 +54,7 @@ class Output {
   bool openBackup(Session& session, Destination& destination) const;
 
   std::string file_{};
+  std::optional<Velk::Container> container_{};
   bool inPlace_ = false;
   bool backup_ = false;
 };

@@ -56,6 +56,8 @@ class Recoverer {
     Velk::ImageFile& first = dumps_.front().file;
     first.bytes = image;
     first.gaps.clear();
+    first.lost.clear();
+    moveTo(first, first.container);
     destination->write(session_, first, report_);
   }
 

@@ -33,7 +33,7 @@ class Redactor {
   }
 
   void reportUnseen(const Input& input) {
-    unseen_ = !input.file.warning.empty();
+    unseen_ = !input.file.findings.empty();
     if (inputs_.offset == 0) return;
     reportUnseen("the bytes before offset " + offsetText(inputs_.offset) + " were not examined");
   }
@@ -57,11 +57,12 @@ class Redactor {
         left_ = reportLeft(session_, name_, block) || left_;
       }
     });
-    // The header record of an S-record file is free text.
+    // The header record of an S-record file is free text, and so is what surrounds records.
     if (QByteArray& header = input.file.details.header; !header.isEmpty()) {
       header.clear();
       taken_ += "header of the S-record file\n";
     }
+    moveTo(input.file, input.file.container);
   }
 
   Session& session_;

@@ -2,6 +2,8 @@
 
 // Every public header of the library.
 #include "velk/checks/FindingTable.h"
+#include "velk/containers/Container.h"
+#include "velk/containers/ImageFile.h"
 #include "velk/data/BlockData.h"
 #include "velk/data/BlockDiff.h"
 #include "velk/data/BlockRedaction.h"
@@ -33,13 +35,9 @@
 #include "velk/image/BlockView.h"
 #include "velk/image/BlockWalk.h"
 #include "velk/image/Findings.h"
-#include "velk/image/ImageFile.h"
-#include "velk/image/IntelHex.h"
 #include "velk/image/MemoryImage.h"
 #include "velk/image/Recovery.h"
 #include "velk/image/Region.h"
-#include "velk/image/SRecord.h"
-#include "velk/image/SparseImage.h"
 #include "velk/layer/HwRecordBlock.h"
 #include "velk/mainboard/ExternalLevelCalibration.h"
 #include "velk/mainboard/PathLists.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 #include "velk/image/MemoryImage.h"
 
 namespace {
@@ -26,7 +26,7 @@ void forEachFile(const std::vector<std::string>& folders, const std::function<bo
     for (auto entry = fs::recursive_directory_iterator(folder, options, ignored); entry != fs::end(entry);
          entry.increment(ignored)) {
       if (entry->is_symlink(ignored) || !entry->is_regular_file(ignored) || !isWanted(entry->path())) continue;
-      const Velk::ImageFile file = Velk::readImageFile(entry->path(), Velk::ImageFormat::Raw);
+      const Velk::ImageFile file = Velk::readImageFile(entry->path(), Velk::Container::Raw);
       if (file.error.empty() && !take(entry->path(), file.bytes)) return;
     }
   }

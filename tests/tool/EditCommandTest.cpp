@@ -1,5 +1,5 @@
 #include "CommandSupport.h"
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 
 namespace {
 
@@ -112,14 +112,14 @@ TEST_F(EditCommand, ChangesNothingWhereItRefuses) {
 
 TEST_F(EditCommand, KeepsTheContainerAndABackup) {
   Velk::ImageFile hex = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin");
-  hex.format = Velk::ImageFormat::SRecord;
+  hex.container = Velk::Container::SRecord;
   hex.address = 0x4000;
   const QString image = file("board.s19", Velk::encodeImage(hex));
   const QByteArray before = read(image);
   EXPECT_EQ(run({"set", image, "--id", "10", "name=X", "--in-place", "--backup"}).exitCode, 0);
   EXPECT_EQ(read(image + ".bak"), before);
   const Velk::ImageFile changed = Velk::readImageFile(image.toStdString());
-  EXPECT_EQ(changed.format, Velk::ImageFormat::SRecord);
+  EXPECT_EQ(changed.container, Velk::Container::SRecord);
   EXPECT_EQ(changed.address, 0x4000U);
   EXPECT_EQ(run({"diff", image + ".bak", image}).output, "IDENT_10 (id 10):\n  name: \"FILTER\" -> \"X\"\n");
 }
@@ -167,7 +167,7 @@ TEST_F(EditCommand, RedactsInTheBytesAndOnTheWay) {
                 .errors.find("id 4242: left as it is, since the meaning of its bytes is unknown"),
             std::string::npos);
   Velk::ImageFile records = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/rf_board.bin");
-  records.format = Velk::ImageFormat::SRecord;
+  records.container = Velk::Container::SRecord;
   records.details.header = "RF-BOARD 100234";
   EXPECT_EQ(run({"redact", file("board.s19", Velk::encodeImage(records)), "-o", out("public.s19")}).exitCode, 1);
   EXPECT_EQ(Velk::readImageFile(out("public.s19").toStdString()).details.header, "");
@@ -189,7 +189,7 @@ TEST_F(EditCommand, RedactWritesNothingThatItCouldNotLookInto) {
   QByteArray erasedHeader = VelkTest::exampleImage("mainboard.bin");
   erasedHeader.replace(0, 8, QByteArray(8, '\xFF'));
   Velk::ImageFile hex = Velk::readImageFile(VELK_SOURCE_DIR "/examples/images/mainboard.bin");
-  hex.format = Velk::ImageFormat::IntelHex;
+  hex.container = Velk::Container::IntelHex;
   const QByteArray lines = Velk::encodeImage(hex);
   const QStringList unseen[] = {
       {file("swallowed.bin", swallowing)},

@@ -1,6 +1,6 @@
 // The forms in which an image comes, and where in it the walk begins: the same for every subcommand.
 #include "CommandSupport.h"
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ TEST_F(Inputs, EveryFormOfAnImageIsTheSameImage) {
       EXPECT_EQ(image.gaps.size(), 0U);
       const QByteArray ours = Velk::encodeImage(image);
       // Beyond that the other tool writes segments of 64 KiB, where ours are linear addresses.
-      if (image.bytes.size() <= 0x10000 || image.format == Velk::ImageFormat::SRecord) {
+      if (image.bytes.size() <= 0x10000 || image.container == Velk::Container::SRecord) {
         EXPECT_TRUE(VelkTest::isSameText(ours.toStdString(), theirs.toStdString())) << "written as it was read";
       }
       EXPECT_TRUE(Velk::decodeImage(ours).bytes == image.bytes);
@@ -95,7 +95,7 @@ TEST_F(Inputs, NamesInBracketsAreNamesOfFiles) {
 
 TEST_F(Inputs, TheFormIsToldByTheContentsOrByHand) {
   const QByteArray image = exampleImage("rf_board.bin");
-  const QString path = file("image.txt", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));
+  const QString path = file("image.txt", Velk::encodeImage({.bytes = image, .container = Velk::Container::IntelHex}));
   EXPECT_EQ(run({"list", path}).exitCode, 0);
   EXPECT_EQ(run({"list", "--input", "hex", path}).exitCode, 0);
   EXPECT_EQ(run({"list", "--input", "raw", path}).exitCode, 1) << "text is no datablock";
@@ -128,7 +128,7 @@ TEST_F(Inputs, DoubtsAboutAFileCount) {
 TEST_F(Inputs, TheWalkBeginsAtTheOffsetInEveryForm) {
   const QByteArray image = QByteArray(48, 'x') + exampleImage("rf_board.bin");
   const QString raw = file("raw", image);
-  const QString hex = file("hex", Velk::encodeImage({.bytes = image, .format = Velk::ImageFormat::IntelHex}));
+  const QString hex = file("hex", Velk::encodeImage({.bytes = image, .container = Velk::Container::IntelHex}));
   expectSameTexts({"--offset", "48", raw}, {"--offset", "0x30", hex});
   EXPECT_EQ(run({"print", "--id", "2", "--offset", "48", raw}).output,
             run({"print", "--id", "2", "rf_board.bin"}).output);

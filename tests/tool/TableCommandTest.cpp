@@ -1,7 +1,7 @@
 #include <QFileInfo>
 
 #include "CommandSupport.h"
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 
 namespace {
 
@@ -183,7 +183,7 @@ TEST_F(TableCommand, TakesImagesAsTheOtherCommandsDo) {
   EXPECT_EQ(written().left(0x4000), flash.left(0x4000));
   EXPECT_EQ(run(QStringList{"table", "export", out(), "--id", "15799"} + sectors).output,
             registersText().toStdString());
-  QByteArray hex = Velk::encodeImage({.bytes = boardImage(), .format = Velk::ImageFormat::IntelHex});
+  QByteArray hex = Velk::encodeImage({.bytes = boardImage(), .container = Velk::Container::IntelHex});
   hex.chop(12);
   EXPECT_EQ(run({"table", "import", file("cut.hex", hex), file("one.txt", registersText()), "-o", out()}).exitCode, 1);
 }

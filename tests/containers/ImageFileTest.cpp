@@ -1,4 +1,4 @@
-#include "velk/image/ImageFile.h"
+#include "velk/containers/ImageFile.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -17,37 +17,34 @@ using VelkTest::fromHex;
 constexpr const char* hexWithGaps = ":0201000011AA42\n:0101040022D8\n:0101060033C5\n:00000001FF\n";
 constexpr const char* recordsWithGap = "S00600004844521B\nS105010011AA3E\nS104010533C2\nS9030010EC\n";
 
-TEST(ImageFile, IsWhatEveryLineOfItIs) {
+TEST(ImageFile, IsWhatItsContentsSay) {
   struct Case {
     const char* contents;
-    ImageFormat format;
-    const char* warning;
+    Container container;
+    const char* finding;
   };
   const Case cases[] = {
-      {hexWithGaps, ImageFormat::IntelHex, ""},
-      {"\n:00000001FF", ImageFormat::IntelHex, ""},
-      {recordsWithGap, ImageFormat::SRecord, ""},
-      {":0201000011AA42", ImageFormat::IntelHex, "has no end record; it may have been cut"},
-      {":0201000011AA42\nS9030000FC\n", ImageFormat::Raw,
-       "would be Intel HEX but for line 2: no ':' at its start; taken as a raw dump"},
-      {"S105010011AA3E\n\xFF\xFF", ImageFormat::Raw,
-       "would be S-record but for line 2: no S and digit at its start; taken as a raw dump"},
-      {":0201000011AA43\n:00000001FF\n", ImageFormat::Raw,
-       "would be Intel HEX but for line 1: checksum is 0x43, the bytes give 0x42; taken as a raw dump"},
-      {":\x02\x03 a dump that begins so\n", ImageFormat::Raw, ""},
-      {":0201", ImageFormat::Raw, ""},
-      {"S", ImageFormat::Raw, ""},
-      {"", ImageFormat::Raw, ""},
-      {"\n\n", ImageFormat::Raw, ""},
-      {"\x02", ImageFormat::Raw, ""},
+      {hexWithGaps, Container::IntelHex, ""},
+      {"\n:00000001FF", Container::IntelHex, ""},
+      {recordsWithGap, Container::SRecord, ""},
+      {":0201000011AA42", Container::IntelHex, "has no end record; it may have been cut"},
+      {":0201000011AA42\nS9030000FC\n", Container::IntelHex, "has no end record; it may have been cut"},
+      {":0201000011AA43\n", Container::Raw, "looks like text; taken as a raw dump"},
+      {":\x02\x03 a dump that begins so\n", Container::Raw, ""},
+      {"S", Container::Raw, "looks like text; taken as a raw dump"},
+      {"VGhpcyBpcyBhIHBpY3R1cmUgb2YgYSBtb2R1bGUsIG5vdCBhIG1lbW9yeQ==\n", Container::Raw,
+       "looks like base64 text; taken as a raw dump"},
+      {"%PDF-1.4\n\xE2\xE3", Container::Raw, "looks like a PDF document; taken as a raw dump"},
+      {"", Container::Raw, ""},
+      {"\x02", Container::Raw, ""},
   };
   for (const Case& expected : cases) {
     SCOPED_TRACE(expected.contents);
     const ImageFile image = decodeImage(expected.contents);
-    EXPECT_EQ(image.format, expected.format);
-    EXPECT_EQ(image.warning, expected.warning);
+    EXPECT_EQ(image.container, expected.container);
+    EXPECT_EQ(image.findings.empty() ? "" : image.findings.front().describe(), expected.finding);
     EXPECT_EQ(image.error, "");
-    if (expected.format == ImageFormat::Raw) EXPECT_EQ(image.bytes, QByteArray(expected.contents));
+    if (expected.container == Container::Raw) EXPECT_EQ(image.bytes, QByteArray(expected.contents));
   }
 }
 
@@ -75,11 +72,9 @@ TEST(ImageFile, IsReadWholeWhateverItsSizeAndWhereverItComesFrom) {
   EXPECT_EQ(readImageFile(directory.path().toStdString()).error, "Is a directory");
 }
 
-TEST(ImageFile, AFormatThatIsAskedForHasToFit) {
-  EXPECT_EQ(decodeImage(hexWithGaps, ImageFormat::SRecord).error, "line 1: no S and digit at its start");
-  EXPECT_EQ(decodeImage(":0201000011AA42\n:0", ImageFormat::IntelHex).error, "line 2: an odd number of digits");
-  EXPECT_EQ(decodeImage(hexWithGaps, ImageFormat::Raw).bytes, QByteArray(hexWithGaps));
-  EXPECT_EQ(decodeImage("", ImageFormat::IntelHex).warning, "has no end record; it may have been cut");
+TEST(ImageFile, AContainerThatIsAskedForHasToFit) {
+  EXPECT_EQ(decodeImage(hexWithGaps, Container::SRecord).error, "line 1: no S and digit at its start");
+  EXPECT_EQ(decodeImage(hexWithGaps, Container::Raw).bytes, QByteArray(hexWithGaps));
 }
 
 TEST(ImageFile, BeginsAtTheLowestAddressAndIsErasedInItsGaps) {
@@ -103,8 +98,7 @@ TEST(ImageFile, OnlyGapsThatAreStillErasedAreLeftOut) {
   image.bytes[2] = 0x77;
   const ImageFile again = decodeImage(encodeImage(image));
   EXPECT_EQ(again.bytes, fromHex("11 AA 77 FF 22 FF 33"));
-  ASSERT_EQ(again.gaps.size(), 1U);
-  EXPECT_EQ(again.gaps[0].offset, 5U);
+  EXPECT_EQ(again.gaps, (std::vector<ImageRange>{{3, 1}, {5, 1}}));
 }
 
 TEST(ImageFile, AFewBytesCannotClaimAllMemory) {

@@ -1,0 +1,64 @@
+#include "velk/containers/ContentGuess.h"
+
+#include <algorithm>
+
+namespace Velk {
+namespace {
+
+bool isTextByte(char c) { return (c >= ' ' && c < '\x7F') || (c >= '\t' && c <= '\r'); }
+
+bool isAllText(std::string_view contents) {
+  return !contents.empty() && std::ranges::all_of(contents.substr(0, 4096), isTextByte);
+}
+
+bool isBase64(std::string_view contents) {
+  constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/=\r\n";
+  constexpr std::size_t shortest = 40;
+  const std::string_view start = contents.substr(0, 4096);
+  return start.size() >= shortest && start.find_first_not_of(digits) == start.npos;
+}
+
+/// The first bytes of files that people take for dumps.
+struct Signature {
+  std::string_view bytes;
+  const char* what;
+};
+
+using namespace std::string_view_literals;
+
+constexpr Signature signatures[] = {
+    {"\x1F\x8B"sv, "gzip"},
+    {"PK\x03\x04"sv, "a ZIP archive"},
+    {"\x7F"
+     "ELF"sv,
+     "an ELF file"},
+    {"%PDF-"sv, "a PDF document"},
+    {"BZh"sv, "bzip2"},
+    {"\xFD"
+     "7zXZ"sv,
+     "xz"},
+    {"\x28\xB5\x2F\xFD"sv, "zstd"},
+    {"7z\xBC\xAF"sv, "a 7z archive"},
+    {"SQLite format 3"sv, "an SQLite database"},
+    {"\x89PNG"sv, "a PNG picture"},
+};
+
+}  // namespace
+
+bool looksLikeText(std::string_view contents) {
+  const std::string_view start = contents.substr(0, 4096);
+  const auto count = static_cast<std::size_t>(std::ranges::count_if(start, isTextByte));
+  return !start.empty() && count * 8 >= start.size() * 7;
+}
+
+std::string guessContents(std::string_view contents) {
+  const auto begins = [&](const Signature& signature) { return contents.starts_with(signature.bytes); };
+  const auto* const found = std::ranges::find_if(signatures, begins);
+  const char* const what = found != std::end(signatures) ? found->what
+                           : isBase64(contents)          ? "base64 text"
+                           : isAllText(contents)         ? "text"
+                                                         : nullptr;
+  return what == nullptr ? std::string() : std::string("looks like ") + what + "; taken as a raw dump";
+}
+
+}  // namespace Velk
