@@ -18,7 +18,7 @@ auto repeated(Call call) {
 }  // namespace
 
 Descriptor::~Descriptor() {
-  const int reason = errno;  // the owner may have failed, and errno say why
+  const int reason = errno;  // keeps the reason of an earlier failure
   close();
   errno = reason;
 }
