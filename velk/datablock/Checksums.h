@@ -8,7 +8,7 @@
 namespace Velk::detail {
 
 /// Returns the sum modulo 65536 of the little-endian 16-bit words of `bytes`, at any address. Ignores an odd last byte.
-/// A block with a right checksum sums to 0.
+/// A block with a valid checksum sums to 0.
 VELK_EXPORT unsigned short sumOfWords(ConstBytes bytes) noexcept;
 
 /// Returns the checksum that makes `block` sum to 0. Its third word, where the checksum is stored, counts as 0.

@@ -76,7 +76,7 @@ class VELK_EXPORT HwDatablock : public HwObject {
   virtual void setChecksum(unsigned short checksum);
   virtual void setAlignment(unsigned short alignment);
 
-  /// Each setData copies the bytes, whatever they are, and returns whether their checksum is right; false for null.
+  /// Each setData copies the bytes, whatever they are, and returns whether their checksum is valid; false for null.
   virtual bool setData(QByteArray bytes);
   virtual bool setData(HwDatablock* source);
   virtual bool setDataWithoutChecksumCheck(HwDatablock* source);
@@ -108,7 +108,7 @@ class VELK_EXPORT HwDatablock : public HwObject {
   /// Return the CRC-32 of a block image without its bytes 4 to 11.
   unsigned int computeChecksum32();
   unsigned int computeChecksum32(unsigned char* bytes, unsigned int count);
-  /// Returns whether the stored CRC-32 is right or the block has the event counter identifier; in the latter case, sets
+  /// Returns whether the stored CRC-32 is valid or the block has the event counter identifier; in the latter case, sets
   /// the class type.
   bool verifyChecksum32();
   /// Returns whether this block's stored CRC-32 is that of the given image.
@@ -128,7 +128,7 @@ class VELK_EXPORT HwDatablock : public HwObject {
   void swapBlock(HwEDataFormatTyp target, char* bytes, unsigned short length);
   /// Converts this block, which is a second-edition block, to `target` unless it has that format.
   void swapBlock(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
-  /// Converts `block` to the target format: by its own description if its CRC-32 is right, otherwise by block id.
+  /// Converts `block` to the target format: by its own description if its CRC-32 is valid, otherwise by block id.
   /// Leaves a block with an unknown id unchanged.
   void swapDataTo(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
 

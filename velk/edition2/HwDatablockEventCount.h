@@ -5,7 +5,7 @@
 namespace Velk {
 
 /// The event counters of a module: a second-edition header and, from offset 12 on, counters whose layout their owner
-/// defines. A counter changes byte by byte in the memory, so no CRC-32 could stay right. In its place the block has an
+/// defines. A counter changes byte by byte in the memory, so no CRC-32 could stay valid. In its place the block has an
 /// identifier that depends only on its size.
 class VELK_EXPORT HwDatablockEventCount : public HwDatablock2Edition {
  public:

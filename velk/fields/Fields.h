@@ -99,7 +99,7 @@ struct FieldInfo {
     field.scale = factor;
     field.bias = distance;
     const bool small = factor > 1e-9 && factor < 1;
-    // std::lround is no constant expression. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    // std::lround is not a constant expression. NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto whole = static_cast<double>(small ? static_cast<std::int64_t>(1 / factor + 0.5) : 0);
     field.divisor = small && factor == 1 / whole ? whole : 0;
     return field;

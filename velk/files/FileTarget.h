@@ -15,7 +15,7 @@ struct VELK_EXPORT FileTarget {
     File,     ///< a regular file
     Missing,  ///< nothing yet
     Folder,
-    Stream,      ///< a device, pipe or socket: takes bytes and is no file
+    Stream,      ///< a device, pipe or socket: written to directly, never replaced
     Descriptor,  ///< a descriptor that the process has open already, such as /dev/stdout
   };
 

@@ -31,8 +31,8 @@ class KnownBlocks {
 
 /// Decides from the bytes of a block alone, wherever they are, whether they are one.
 ///
-/// They are if the 16-bit sum is right, the id that of a class, and the size that of its blocks; a longer size, which
-/// some classes accept as well, would prove little. Or if the alignment word is 0, and either the CRC-32 is right and
+/// They are if the 16-bit sum is valid, the id that of a class, and the size that of its blocks; a longer size, which
+/// some classes accept as well, would prove little. Or if the alignment word is 0, and either the CRC-32 is valid and
 /// tables fill the block, or it has the event counter identifier and whole counters.
 ///
 /// In a memory whose bytes would need very many CRC-32s, only some are computed: `grant` allows for more.
@@ -67,8 +67,8 @@ inline bool describesItself(ConstBytes block) {
          typeSize(block[firstType]) != 0;
 }
 
-/// Returns whether a block is long and varied enough for its 16-bit sum to mean something, if a block that proves
-/// itself follows.
+/// Returns whether a block is long and varied enough for its 16-bit sum to mean something, if a verified
+/// block follows.
 bool isWorthASum(ConstBytes block);
 
 }  // namespace Velk::detail

@@ -11,7 +11,7 @@ namespace Velk {
 
 enum class BlockKind : unsigned char {
   OldStyle,       ///< a class knows its id
-  SecondEdition,  ///< describes itself: has a right CRC-32, or an unknown id and tables that fill it
+  SecondEdition,  ///< describes itself: has a valid CRC-32, or an unknown id and tables that fill it
   EventCounter,   ///< has the event counter identifier
   End,            ///< erased memory: no block follows
   Unknown,        ///< no class knows its id
@@ -21,7 +21,7 @@ enum class BlockKind : unsigned char {
 /// Why bytes are taken to be a block.
 enum class Found : unsigned char {
   InSequence,     ///< it begins where the one before it ends, or where the walk begins
-  OutOfSequence,  ///< it proves itself, whatever is around it
+  OutOfSequence,  ///< it is verified, whatever is around it
 };
 
 /// One block of an image, or bytes that belong to none. `bytes` points into the image.

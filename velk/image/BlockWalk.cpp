@@ -136,7 +136,7 @@ bool BlockWalk::mayDoubt(std::uint64_t bytes) {
   return found_ == Found::OutOfSequence || doubted_ <= freely + perByte * image_.size();
 }
 
-/// Takes a block that is not as long as it claims, up to where the next block proves itself.
+/// Takes a block that is not as long as it claims, up to the next block that can be verified.
 void BlockWalk::takeBroken(std::uint64_t end) {
   const std::uint64_t size = end - position_;
   if (size < detail::headerSize) return takeStray(Finding::TooShort, end);
@@ -162,7 +162,7 @@ bool BlockWalk::isBelieved(std::uint64_t end, std::uint64_t cut) {
   return search_ == Search::SequenceOnly || !hasDoubtfulSize(block_) || leadsOn(end);
 }
 
-/// Returns where a block that proves itself begins inside one whose check does not confirm its end, or else that end.
+/// Returns where a verified block begins inside one whose check does not confirm its end, or else that end.
 std::uint64_t BlockWalk::cutOf(std::uint64_t end) {
   const bool counter = block_.kind == BlockKind::EventCounter;
   if (search_ == Search::SequenceOnly || block_.found == Found::OutOfSequence) return end;

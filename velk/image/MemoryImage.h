@@ -15,7 +15,7 @@ inline constexpr std::uint64_t automaticSectorSize = ~std::uint64_t{0};
 /// The bytes of a module memory, and the blocks in it.
 ///
 /// Blocks follow one another, each as long as its header says, up to the end block or the last byte. If the sequence is
-/// broken, by damage or by other data, the walk continues at the next block that proves itself, at any offset;
+/// broken, by damage or by other data, the walk continues at the next block that can be verified, at any offset;
 /// docs/memory_image.md has the rules. The same bytes always give the same blocks.
 ///
 /// Nothing is lost: every byte is in one view, except for erased memory after an end block. Walking takes time

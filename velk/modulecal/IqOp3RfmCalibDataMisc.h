@@ -18,7 +18,7 @@ struct VELK_RECORD HwSDatablockIqOp3RfmCalibDataMisc {
   unsigned short toleranceLevAtt_30_45;
   unsigned short toleranceDetAtt;        ///< of the detector step attenuator
   float detFullScale;                    ///< of the detector converter, in V
-  unsigned int numberOfOperatingStates;  ///< 8 as a rule
+  unsigned int numberOfOperatingStates;  ///< usually 8
   float pmaxBz[12];                      ///< maximum output power: a 16-bit fixed-point value, stored as float
   float uiqBz[12];                       ///< I/Q baseband voltage, in V
   unsigned short lconReserveBz[12];      ///< reserve of the level-control attenuator

@@ -53,7 +53,7 @@ class VELK_EXPORT HwTableBlock : public HwRecordBlock {
   std::ostream& writeExchangeText(std::ostream& os) const;
   /// Replaces the whole table with one read from a text, which is searched from its start for the table's ID line.
   /// Errors in the text are written to the Console's output, one line each; the table is replaced all the same, with a
-  /// right checksum. `doubts`, unless null, gets a sentence for each word that was read as a number but is not one, or
+  /// valid checksum. `doubts`, unless null, gets a sentence for each word that was read as a number but is not one, or
   /// only in part, and for dropped rows: the Console's output does not report those.
   std::istream& readExchangeText(std::istream& is, std::vector<std::string>* doubts = nullptr);
 

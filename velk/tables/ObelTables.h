@@ -189,7 +189,7 @@ class VELK_EXPORT HwDatablockObelWIQQuadDac : public HwCountedBlock<HwSDatablock
 
   explicit HwDatablockObelWIQQuadDac(bool stopConversionOnError = true);
 
-  /// Copies all 13 values to `out` unless that is null, and sets `valid` to whether the checksum is right.
+  /// Copies all 13 values to `out` unless that is null, and sets `valid` to whether the checksum is valid.
   void getObelWiqQuadDacData(double* out, bool& valid);
   /// Sets all 13 values; does nothing if `in` is null.
   void setObelWiqQuadDacData(const double* in);
@@ -225,7 +225,7 @@ class VELK_EXPORT HwDatablockObelWiqSensorData : public HwTypedRecordBlock<HwSDa
   explicit HwDatablockObelWiqSensorData(bool stopConversionOnError = true);
 
   /// Copies the 28 values of each series to `a` and `b` unless one of them is null, and sets `valid` to whether the
-  /// checksum is right.
+  /// checksum is valid.
   void getObelWiqSensorData(double* a, double* b, bool& valid);
   /// Sets all 28 values of each series; does nothing if `a` or `b` is null.
   void setObelWiqSensorData(const double* a, const double* b);

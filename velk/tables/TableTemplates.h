@@ -17,7 +17,7 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   explicit HwTypedTableBlock(const TableTraits& traits, bool stopConversionOnError, int idOffset = 0)
       : HwTableBlock(layout, traits, stopConversionOnError, idOffset) {}
 
-  /// Copies an image and returns 0 if its checksum is right. Otherwise reports an error, leaves the block unchanged and
+  /// Copies an image and returns 0 if its checksum is valid. Otherwise reports an error, leaves the block unchanged and
   /// returns 1. The block gets the size of its class, and alignment 0.
   int setBlock(const Image* image) { return setRecord(image); }
 
