@@ -28,7 +28,7 @@ ConstBytes record(const unsigned short* words, unsigned short byteCount) {
   return {reinterpret_cast<const unsigned char*>(words), byteCount};
 }
 
-/// Holds a block in the layout that its checksum covers. Reads the block's id and size before, since a conversion may
+/// Holds a block in the layout that its checksum covers. Reads the block's id and size first, since a conversion may
 /// change them.
 class StoredLayout {
  public:

@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// Accessors for lists of frequencies, in terms of "frequency values".
+/// The accessors of lists of frequency values.
 template <class Record>
 class VELK_EXPORT HwFrequencyList : public HwCountedBlock<Record> {
  public:
