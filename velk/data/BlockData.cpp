@@ -21,7 +21,7 @@ constexpr FieldInfo updateIndexField =
 constexpr const char* selfDescribingMembers[] = {"updateIndex", "tables"};
 constexpr FieldInfo columnTypeField = typeField("columnTypes", 0);
 
-/// What stands in the header of a table; more members follow.
+/// The members in the header of a table; more follow.
 constexpr FieldInfo tableHeaderFields[] = {
     VELK_FIELD(HwSTableHeader2Edition, rows).fixed(),
     detail::describeField<unsigned short>("cols", offsetof(HwSTableHeader2Edition, columns)).fixed(),
@@ -51,7 +51,7 @@ constexpr FieldInfo typedValue(unsigned type) {
   });
 }
 
-/// How the values of each type are stored and shown. What is no type has no size and is never found in a block.
+/// How the values of each type are stored and shown. TYPE_ID_NONE has no size, so no block has values of it.
 constexpr auto typedFields = [] {
   std::array<FieldInfo, TYPE_ID_MAX + 1> fields{};
   for (unsigned type = 0; type < fields.size(); ++type) fields[type] = typedValue(type);
@@ -60,7 +60,7 @@ constexpr auto typedFields = [] {
 
 const FieldInfo& typedField(unsigned type) { return typedFields[type < typedFields.size() ? type : 0]; }
 
-// The bytes of blocks with an unknown layout, after what is known.
+// The bytes of blocks with an unknown layout, after the known ones.
 constexpr FieldInfo bytesFrom(std::size_t offset) {
   return detail::describeField<unsigned char>("bytes", offset).openList();
 }
@@ -78,7 +78,7 @@ std::uint32_t placeIn(ConstBytes block, ConstBytes part) {
   return static_cast<std::uint32_t>(part.data() - block.data());
 }
 
-/// Where each of the texts begins that stand back to back, each with its zero, and where the next would.
+/// Returns where each of the texts, stored back to back with their zeros, begins, and where the next one would.
 std::vector<std::uint32_t> textStarts(ConstBytes block, ConstBytes texts) {
   std::vector<std::uint32_t> starts;
   for (std::size_t at = 0; at < texts.size();) {
@@ -89,7 +89,7 @@ std::vector<std::uint32_t> textStarts(ConstBytes block, ConstBytes texts) {
   return starts;
 }
 
-/// Rows that have a cell; a damaged table may claim any number.
+/// Returns the number of rows that have a cell; a damaged table may claim any number.
 std::size_t rowsThere(const StoredTable& table) {
   std::size_t there = 0;
   for (std::size_t beyond = std::size_t{table.rows()} + 1; beyond - there > 1;) {

@@ -18,7 +18,7 @@ namespace Velk {
 /// Which elements a list or table has: those that its block says are in use, or all that the block has room for.
 enum class Extent : unsigned char { InUse, Capacity };
 
-/// A table of a second-edition block, and where in the block its texts begin that have no fixed length.
+/// A table of a second-edition block, and where in the block those of its texts begin that have no fixed length.
 struct DataTable {
   StoredTable stored;
   std::size_t offset = 0;                    ///< of the table in its block
@@ -31,27 +31,27 @@ class BlockData;
 
 /// A place in the data of a block: a value, a list of places, or a record of named ones.
 ///
-/// Nodes are small and made on the way; they view the BlockData that they come from, which has to outlive them.
+/// Nodes are small and made on demand. They view the BlockData that they come from, which must outlive them.
 class VELK_EXPORT DataNode {
  public:
   enum class Kind : unsigned char { Value, List, Record };
 
   Kind kind() const { return kinds[place_.index()]; }
-  /// How many elements a list or members a record has; 0 for a value.
+  /// Returns the number of elements of a list or members of a record; 0 for a value.
   std::size_t size() const;
-  /// An element or member; `index` is below size().
+  /// Returns an element or member; `index` must be below size().
   DataNode operator[](std::size_t index) const;
-  /// What the elements of a list are like, of an empty one as well: for their names and fields, not for their values.
+  /// Returns what the elements of a list are like, even of an empty one: for their names and fields, not their values.
   DataNode sample() const { return (*this)[0]; }
-  /// The value that an element or member is, or nothing where it is a list or record: the short way to most values.
+  /// Returns an element or member if it is a value, and otherwise nothing: the fast way to most values.
   std::optional<FieldElement> valueAt(std::size_t index) const;
-  /// What a member is called; `index` is below size() of a record.
+  /// Returns the name of a member; `index` must be below size() of a record.
   const char* nameOf(std::size_t index) const;
-  /// The member of a record that is called so, or nothing.
+  /// Returns the member of a record with this name, or nothing.
   std::optional<DataNode> find(std::string_view name) const;
-  /// The field that a value, a list or a table is, where its record declares it; else null.
+  /// Returns the field of a value, list or table if its record declares one; else null.
   const FieldInfo* field() const;
-  /// Where a value lies. Only of a value.
+  /// Returns where a value lies. Only for values.
   const FieldElement& element() const { return std::get<FieldElement>(place_); }
 
   /// Values of one field that are stored one after another.
@@ -59,19 +59,19 @@ class VELK_EXPORT DataNode {
     FieldElement first;
     std::size_t count = 0;
   };
-  /// The elements of a list of values that is stored as one run: the fast way to all of them.
+  /// Returns the elements of a list of values that is stored as one run: the fast way to all of them.
   std::optional<Run> run() const;
-  /// The run that an element is, such as a row of a table, or nothing: the short way to all rows.
+  /// Returns the run that an element is, such as a row of a table, or nothing: the fast way to all rows.
   std::optional<Run> runAt(std::size_t index) const;
 
-  /// Where the first element of a list lies, and how many bytes it is from one to the next.
+  /// Where the first element of a list lies, and the number of bytes from one element to the next.
   struct Spacing {
     std::size_t offset = 0;
     std::size_t distance = 0;
 
     bool operator==(const Spacing&) const = default;
   };
-  /// Of lists and tables whose elements, or rows, are stored without gaps.
+  /// Returns the spacing of a list or table whose elements or rows are stored without gaps; else nothing.
   std::optional<Spacing> spacing() const;
 
  private:
@@ -119,24 +119,24 @@ class VELK_EXPORT DataNode {
   std::size_t selfDescribedSize() const;
   const char* selfDescribedName(std::size_t index) const;
   Place part(const DataTable& table, std::size_t index) const;
-  /// How many elements of a field the block has room for from an offset on.
+  /// Returns how many elements of a field the block has room for from an offset on.
   std::size_t roomFor(const FieldInfo& field, std::size_t offset) const;
 
   const BlockData* data_;
   Place place_;
 };
 
-/// What a block holds, of whatever kind it is, as one tree of named values. Export, comparison, editing and redaction
-/// all walk this tree.
+/// The contents of a block, of whatever kind it is, as one tree of named values. Export, comparison, editing and
+/// redaction all walk this tree.
 ///
 /// Old-style blocks have the fields of their class; second-edition blocks `updateIndex` and `tables`, each with `rows`,
 /// `cols`, `rowIdType`, `columnIdType`, `columnTypes`, `rowIds`, `columnIds` and `cells[r][c]`; all others their
-/// `bytes`. Lists end where the block does; a single value may lie outside it. The block's bytes have to outlive the
-/// data, which takes memory in proportion to them.
+/// `bytes`. Lists end where the block does; a single value may lie outside it. The block's bytes must outlive the data,
+/// which takes memory proportional to them.
 class VELK_EXPORT BlockData {
  public:
   explicit BlockData(const BlockView& block, Extent extent = Extent::InUse);
-  /// The data of a record whose fields are these.
+  /// Makes the data of a record with these fields.
   BlockData(ConstBytes bytes, std::span<const FieldInfo> fields, Extent extent = Extent::InUse);
   BlockData(const BlockData&) = delete;
   BlockData& operator=(const BlockData&) = delete;
@@ -145,7 +145,7 @@ class VELK_EXPORT BlockData {
   ConstBytes bytes() const { return bytes_; }
   const std::vector<DataTable>& tables() const { return tables_; }
   Extent extent() const { return extent_; }
-  /// Whether the data are those of a second-edition block.
+  /// Returns whether the data are those of a second-edition block.
   bool isSelfDescribing() const { return selfDescribing_; }
 
  private:
@@ -156,7 +156,7 @@ class VELK_EXPORT BlockData {
   std::vector<DataTable> tables_;
 };
 
-// A walk takes most of its steps here: they are in the header for the compiler to see through.
+// A walk spends most of its time in these functions: they are in the header to be inlined.
 
 inline std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
   return Velk::roomFor(field, offset, data_->bytes().size());
@@ -215,8 +215,8 @@ inline std::optional<DataNode::Run> DataNode::runAt(std::size_t index) const {
   return Run{{&field, offset}, std::min(table->columns, roomFor(field, offset))};
 }
 
-/// Where a value stands in its block. A walk strings these together on its way down, so that a path costs nothing until
-/// its text is asked for.
+/// The path of a value in its block. A walk links these on its way down, so that a path costs nothing until its text is
+/// needed.
 class VELK_EXPORT DataPath {
  public:
   DataPath() = default;
@@ -224,7 +224,7 @@ class VELK_EXPORT DataPath {
   DataPath(const DataPath& parent, const char* name) : parent_(&parent), name_(name) {}
   DataPath(const DataPath& parent, std::size_t index) : parent_(&parent), index_(index) {}
 
-  /// As "serialNumber", "cells[2][5]", "blocks[7].gain"; without `indices` "cells", "blocks.gain".
+  /// Returns the path as "serialNumber", "cells[2][5]", "blocks[7].gain"; without `indices`, as "cells", "blocks.gain".
   std::string text(bool indices = true) const;
 
  private:

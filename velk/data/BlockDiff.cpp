@@ -25,9 +25,9 @@ bool isEqual(ConstBytes first, ConstBytes second) {
          (first.empty() || std::memcmp(first.data(), second.data(), first.size()) == 0);
 }
 
-/// How many bytes at the start of two equally long stretches are equal.
+/// Returns how many bytes at the start of two equally long stretches are equal.
 std::size_t equalBytes(ConstBytes first, ConstBytes second) {
-  constexpr std::size_t piece = 256;  // a comparison of pieces takes no look at single bytes
+  constexpr std::size_t piece = 256;  // comparing in pieces skips equal ones without looking at single bytes
   std::size_t at = 0;
   while (first.size() - at > piece && std::memcmp(first.data() + at, second.data() + at, piece) == 0) at += piece;
   const auto differing = std::mismatch(first.begin() + static_cast<std::ptrdiff_t>(at), first.end(),
@@ -37,7 +37,7 @@ std::size_t equalBytes(ConstBytes first, ConstBytes second) {
 
 bool hasHeader(const BlockView& block) { return block.kind != BlockKind::Stray && block.kind != BlockKind::End; }
 
-/// A block as bytes without a meaning.
+/// Returns a block as bytes without a layout.
 BlockView withoutLayout(BlockView block) {
   block.kind = hasHeader(block) ? BlockKind::Unknown : BlockKind::Stray;
   block.row = nullptr;
@@ -93,8 +93,8 @@ class Comparison {
     for (std::size_t i = common; i < second.size(); ++i) tellAll(DataPath(path, i), second[i], false);
   }
 
-  /// The first part from `index` on that may differ: of lists that lie in the same place in both blocks the one with
-  /// the next byte that does.
+  /// Returns the first part from `index` on that may differ. In lists at the same place in both blocks, this is the
+  /// part with the next byte that differs.
   std::size_t nextDifference(const DataNode& first, const DataNode& second, std::size_t index,
                              std::size_t count) const {
     const auto spacing = first.spacing();
@@ -120,7 +120,7 @@ class Comparison {
     const bool inSecond = second.isInside(second_.bytes().size());
     if (!inFirst || !inSecond) return inFirst == inSecond;
     if (first.field != second.field) {
-      // Stored as another type, which is reported for the type itself.
+      // The types differ, which is reported for the types themselves.
       return fieldText(first_.bytes(), first) == fieldText(second_.bytes(), second);
     }
     if (first.field->bits.width != 0) {
@@ -145,14 +145,14 @@ class Comparison {
 
   bool isExplained(std::size_t offset) const { return offset < explained_.size() && explained_[offset]; }
 
-  /// The bytes of an element need not be reported one by one.
+  /// Marks the bytes of an element as reported.
   void explain(const FieldElement& element) {
     for (std::size_t i = element.offset; i < element.offset + element.size && i < explained_.size(); ++i) {
       explained_[i] = true;
     }
   }
 
-  /// One of the blocks is cut off by the end of its memory, after all that its fields cover.
+  /// Reports the bytes that one of the blocks lacks because the end of its memory cuts it off, after all of its fields.
   void tellLength() {
     if (found_) return;
     const bool firstIsLonger = first_.bytes().size() > second_.bytes().size();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t checksumOffset = offsetof(HwSDatablockHeader, checksum);
 
-/// The sum of all that the checksum of a block covers.
+/// Returns the sum of everything that the checksum of a block covers.
 unsigned short restOfSum(ConstBytes block) { return static_cast<unsigned short>(-detail::checksumOf(block)); }
 
 }  // namespace

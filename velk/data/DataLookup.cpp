@@ -22,7 +22,7 @@ struct Step {
   std::optional<std::size_t> index{};
 };
 
-/// Takes the first step off a path, or nothing where it begins with none.
+/// Removes the first step from a path and returns it; nothing if the path does not begin with one.
 std::optional<Step> takeStep(std::string_view& path) {
   if (path.starts_with('[')) {
     std::size_t index = 0;
@@ -37,7 +37,7 @@ std::optional<Step> takeStep(std::string_view& path) {
   return Step{.name = name};
 }
 
-/// The part of a node that a step leads to; else `lookup` says why there is none.
+/// Returns the part of a node that a step leads to; otherwise `lookup` gets the reason why there is none.
 std::optional<DataNode> take(const DataNode& node, const Step& step, std::string_view before, DataLookup& lookup) {
   const std::string text(before.empty() ? "a block" : before);
   if (node.kind() == DataNode::Kind::Record) {

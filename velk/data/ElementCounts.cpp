@@ -5,7 +5,7 @@
 namespace Velk {
 namespace {
 
-/// Says why so many elements cannot be in use; empty where they can.
+/// Returns why so many elements cannot be in use; empty if they can.
 std::string excess(std::int64_t count, unsigned capacity, const FieldInfo& counted) {
   if (count < 0) return std::to_string(count) + " is no count";
   if (count <= capacity) return {};
@@ -13,7 +13,7 @@ std::string excess(std::int64_t count, unsigned capacity, const FieldInfo& count
          " has room for";
 }
 
-/// Calls `act` with the name of each member that counts others, what it counts, and how many of them there is room for.
+/// Calls `act` with the name of each member that counts others, what it counts, and how many of them fit.
 template <class Act>
 void forEachCounter(const DataNode& record, Act act) {
   for (std::size_t i = 0; record.kind() == DataNode::Kind::Record && i < record.size(); ++i) {

@@ -18,7 +18,7 @@ std::string lowerCase(std::string_view text) {
   return lower;
 }
 
-/// How many characters have to be added, dropped or replaced to make one text the other.
+/// Returns how many characters have to be added, dropped or replaced to turn one text into the other.
 std::size_t editDistance(std::string_view from, std::string_view to) {
   std::vector<std::size_t> row(to.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});

@@ -10,9 +10,9 @@
 
 namespace Velk::detail {
 
-/// The name that a mistyped one is nearest to, upper and lower case being alike: of several the first, and none that
-/// differs from it in more than `atMost` characters. Empty where there is none, or where `name` is too long for a
-/// mistyped one.
+/// Returns the name nearest to a mistyped one, ignoring case: the first if
+/// there are several, and none that differs in more than `atMost` characters.
+/// Empty if there is none, or if `name` is too long for a mistyped name.
 VELK_EXPORT std::string_view nearestName(std::string_view name, std::span<const std::string> names,
                                          std::size_t atMost = std::numeric_limits<std::size_t>::max());
 

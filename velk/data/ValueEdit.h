@@ -4,9 +4,9 @@
 
 namespace Velk {
 
-/// Sets a value of a block to what `text` says. Returns an empty text, or the path and the reason why it cannot be set,
-/// as "values[3]: 70000 is out of range: -32768 to 32767"; the block is unchanged then. A count may not exceed what it
-/// counts. The block's checks are not updated: see sealBlock. `block` are the bytes that `view` describes.
+/// Sets a value of a block from `text`. Returns an empty text, or the path and the reason why it cannot be set, such as
+/// "values[3]: 70000 is out of range: -32768 to 32767"; then the block is unchanged. A count may not exceed what it
+/// counts. The block's checks are not updated: see sealBlock. `block` has the bytes that `view` describes.
 VELK_EXPORT std::string setValue(MutableBytes block, const BlockView& view, std::string_view path,
                                  std::string_view text, ValueForm form);
 

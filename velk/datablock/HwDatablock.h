@@ -11,13 +11,13 @@
 
 namespace Velk {
 
-/// One record of a module memory (serial EEPROM or flash sector): an 8-byte header and a payload that the block id or,
-/// in second-edition blocks, the payload itself describes. The base of every datablock class.
+/// One block of a module memory (serial EEPROM or flash sector): an 8-byte header and a payload, which is described by
+/// the block id or, in second-edition blocks, by itself. The base of all datablock classes.
 ///
-/// The block owns its bytes in a shared QByteArray that is detached before each write. Nothing that a block's bytes
-/// claim is believed: a header field that is not wholly inside the buffer reads as 0 and is not written, and a block
-/// size beyond the buffer is cut to it. Errors are results, never exceptions. An object belongs to one thread at a
-/// time; buffers may be handed between threads freely.
+/// The block holds its bytes in an implicitly shared QByteArray, which is detached before each write. The bytes are not
+/// trusted: a header field that is not wholly inside the buffer reads as 0 and is not written, and a block size beyond
+/// the buffer is cut to it. Errors are return values, never exceptions. An object may be used by one thread at a time;
+/// buffers may be passed between threads freely.
 class VELK_EXPORT HwDatablock : public HwObject {
  public:
   /// The characters of an event counter block's identifier, without a terminating zero.
@@ -34,84 +34,84 @@ class VELK_EXPORT HwDatablock : public HwObject {
     return table;
   }();
 
-  /// An empty block: a header with id 0 and size 8. The flag tells callers whether converting the block should stop at
-  /// an error; the library only keeps it.
+  /// Makes an empty block: a header with id 0 and size 8. The flag tells callers whether converting the block should
+  /// stop at an error; the library only stores it.
   explicit HwDatablock(bool stopConversionOnError);
 
-  /// The block's 16-bit checksum; leaves 0 in the stored checksum. Store the result with setChecksum.
+  /// Returns the block's 16-bit checksum and sets the stored one to 0. Store the result with setChecksum.
   virtual unsigned short computeChecksum();
-  /// The 16-bit checksum of a record in memory, at any address; the record is only read.
+  /// Returns the 16-bit checksum of a record in memory, at any address; the record is only read.
   virtual unsigned short computeChecksum(unsigned short* words, unsigned short byteCount);
 
   virtual unsigned short getId();
-  /// The size that the header claims; 4 for erased memory.
+  /// Returns the size that the header claims; 4 for erased memory.
   virtual unsigned short getBlockSize();
   virtual unsigned short getChecksum();
   virtual unsigned short getAlignment();
-  /// The block's bytes, detached, for reading and writing in place; valid until the block changes.
+  /// Returns the block's bytes, detached, for reading and writing in place; valid until the block changes.
   virtual unsigned char* getData();
   virtual QByteArray getByteArrayData();
 
-  /// Where the caller found the block in its memory.
+  /// Return where the caller found the block in its memory.
   virtual unsigned int getEepromAddress();
   virtual unsigned int getEepromSector();
   virtual HwEDataFormatTyp getDataFormatTyp();
   virtual HwEDatablockClassTyp getDatablockClassTyp();
-  /// What an event counter block of this size carries in place of a CRC-32.
+  /// Returns what an event counter block of this size has in place of a CRC-32.
   virtual unsigned int getMagicIdentifierEventCount();
   virtual bool getStopConversionOnError();
 
-  /// Takes over the bytes of `other`, and nothing else of it.
+  /// Copies the bytes of `other`, and nothing else.
   virtual void replaceDataInList(HwDatablock* other);
 
-  /// Whether the block's 16-bit words add up to 0.
+  /// Returns whether the block's 16-bit words add up to 0.
   virtual bool verifyChecksum();
-  /// Whether a record's 16-bit words add up to 0; the record may be at any address. The flag has no effect.
+  /// Returns whether a record's 16-bit words add up to 0; it may be at any address. The flag has no effect.
   virtual bool verifyChecksum(unsigned short* words, unsigned short byteCount, bool flag);
 
-  /// All but setBlockSizeWithoutCalcChecksumm and setChecksum store a fresh checksum.
+  /// All but setBlockSizeWithoutCalcChecksumm and setChecksum update the checksum.
   virtual void setBlockId(unsigned short id);
   virtual void setBlockSize(unsigned short size);
   virtual void setBlockSizeWithoutCalcChecksumm(unsigned short size);
   virtual void setChecksum(unsigned short checksum);
   virtual void setAlignment(unsigned short alignment);
 
-  /// Each setData takes the bytes whatever they are and returns whether their checksum is right; false for null.
+  /// Each setData copies the bytes, whatever they are, and returns whether their checksum is valid; false for null.
   virtual bool setData(QByteArray bytes);
   virtual bool setData(HwDatablock* source);
   virtual bool setDataWithoutChecksumCheck(HwDatablock* source);
   virtual bool setData(const unsigned char* bytes, unsigned int count);
-  /// Always true; null leaves the block alone.
+  /// Always returns true; does nothing if `bytes` is null.
   virtual bool setDataWithoutChecksumCheck(const unsigned char* bytes, unsigned int count);
-  /// Brings `source` into the firmware's own layout and takes it over.
+  /// Converts `source` itself to the firmware's layout, then copies its bytes.
   virtual void setHwDatablockFirmwareConform(HwDatablock* source);
 
   virtual bool setEepromAddress(unsigned int address);
   virtual bool setEepromSector(unsigned int sector);
-  /// Records the byte order of the bytes without touching them.
+  /// Sets the byte order that the bytes are said to have; does not convert them.
   virtual bool setDataFormatTyp(HwEDataFormatTyp format);
   virtual bool setDatablockClassTyp(HwEDatablockClassTyp type);
 
-  /// Makes the buffer `size` bytes long: zeroes what it adds, gives back what it cuts. The header stays.
+  /// Makes the buffer `size` bytes long: zeroes what it adds, frees what it cuts. Does not update the header.
   virtual void resizeData(unsigned int size);
 
-  /// Writes the block's text form; this base form is the raw bytes in lines of 60.
+  /// Writes the block's text form; in this class, the raw bytes in lines of 60.
   virtual std::ostream& printToStream(std::ostream& os);
 
-  /// The CRC-32 at bytes 8 to 11, or 0.
+  /// Returns the CRC-32 at bytes 8 to 11, or 0 if the buffer is shorter.
   unsigned int getChecksum32();
-  /// Marks the block for its caller; the library itself never looks at the mark.
+  /// Marks the block for its caller; the library itself never uses the mark.
   void setDatablockToCorrupt(bool corrupt);
-  /// Writes `count` bytes in hexadecimal to the Console's output, 16 a line.
+  /// Writes `count` bytes in hexadecimal to the Console's output, 16 per line.
   void printHexDump(char* bytes, unsigned int count);
 
-  /// CRC-32 of a block image without its bytes 4 to 11.
+  /// Return the CRC-32 of a block image without its bytes 4 to 11.
   unsigned int computeChecksum32();
   unsigned int computeChecksum32(unsigned char* bytes, unsigned int count);
-  /// Whether the stored CRC-32 is right or the block carries the event counter identifier; the latter sets the class
-  /// type.
+  /// Returns whether the stored CRC-32 is valid or the block has the event counter identifier; in the latter case, sets
+  /// the class type.
   bool verifyChecksum32();
-  /// Whether this block's stored CRC-32 is that of another image.
+  /// Returns whether this block's stored CRC-32 is that of the given image.
   bool verifyChecksum32(unsigned char* bytes, unsigned int count);
 
   /// Convert a value in place between the stored layout and the host's.
@@ -126,10 +126,10 @@ class VELK_EXPORT HwDatablock : public HwObject {
 
   /// Converts a second-edition image in place, by its own description.
   void swapBlock(HwEDataFormatTyp target, char* bytes, unsigned short length);
-  /// Converts this block, a second-edition block, to `target` unless it has that format.
+  /// Converts this block, which is a second-edition block, to `target` unless it has that format.
   void swapBlock(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
-  /// Brings `block` into the target format: by its own description where its CRC-32 is right, by block id otherwise.
-  /// A block of an unknown id stays as it is.
+  /// Converts `block` to the target format: by its own description if its CRC-32 is valid, otherwise by block id.
+  /// Leaves a block with an unknown id unchanged.
   void swapDataTo(HwEDataFormatTyp target, unsigned short id, HwDatablock* block);
 
   /// Registers the library's error table; call it once at start-up.
@@ -137,27 +137,27 @@ class VELK_EXPORT HwDatablock : public HwObject {
 
  protected:
   ConstBytes bytes() const { return bytesOf(data_); }
-  /// The buffer, detached.
+  /// Returns the buffer, detached.
   MutableBytes mutableBytes();
 
-  /// A word of the header; 0 where it is not wholly inside the buffer.
+  /// Returns a word of the header; 0 if it is not wholly inside the buffer.
   template <class T>
   T load(std::size_t offset) const {
     return detail::load<T>(bytes(), offset);
   }
-  /// A field of a record; bytes that are missing count as 0.
+  /// Returns a field of a record; missing bytes count as 0.
   template <class T>
   T loadPadded(std::size_t offset) const {
     return detail::loadPadded<T>(bytes(), offset);
   }
-  /// False, and nothing stored, where the value would not lie wholly inside the buffer.
+  /// Stores a value. Returns false and stores nothing if it would not lie wholly inside the buffer.
   template <class T>
   bool store(std::size_t offset, T value) {
     return detail::fits(bytes().size(), offset, sizeof(T)) && detail::store(mutableBytes(), offset, value);
   }
 
  private:
-  /// The bytes that the header's size covers, cut to the buffer; a cut is reported under the caller's name.
+  /// Returns the bytes that the header's size covers, cut to the buffer; a cut is reported under the caller's name.
   ConstBytes checkedBytes(unsigned short id, unsigned short blockSize, const char* operation) const;
   void reportWrongChecksum();
 

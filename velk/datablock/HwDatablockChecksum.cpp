@@ -28,8 +28,8 @@ ConstBytes record(const unsigned short* words, unsigned short byteCount) {
   return {reinterpret_cast<const unsigned char*>(words), byteCount};
 }
 
-/// Holds a block in the layout that its checksum is of. Notes before what the block says of itself: a conversion may
-/// change that.
+/// Holds a block in the layout that its checksum covers. Reads the block's id and size first, since a conversion may
+/// change them.
 class StoredLayout {
  public:
   explicit StoredLayout(HwDatablock& block)

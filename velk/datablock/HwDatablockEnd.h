@@ -17,18 +17,18 @@ static_assert(sizeof(HwSDatablockEnd) == 4);
 
 inline constexpr FieldInfo endFields[] = {VELK_FIELD(HwSDatablockEnd, id).fixed(), VELK_FIELD(HwSDatablockEnd, data)};
 
-/// The marker after the last block of a memory: the id of erased memory and a data word. It has no checksum and
-/// nothing to protect, so it always verifies.
+/// The marker after the last block of a memory: the id of erased memory and a data word. It has no checksum, so
+/// verifying it always succeeds.
 class VELK_EXPORT HwDatablockEnd : public HwDatablock {
  public:
   HwDatablockEnd();
 
-  /// The detached record; a shorter buffer is extended with zeros first.
+  /// Returns the detached record; a shorter buffer is extended with zeros first.
   HwSDatablockEnd* getBlock();
   void setEndBlock();
   void setEndBlockID(unsigned short id);
   void setEndBlockData(unsigned short data);
-  /// Takes any record over and returns 0; 1 for null.
+  /// Copies any record and returns 0; returns 1 for null.
   int setBlock(const HwSDatablockEnd* record);
 
   using HwDatablock::computeChecksum;
@@ -40,11 +40,11 @@ class VELK_EXPORT HwDatablockEnd : public HwDatablock {
   void setChecksum(unsigned short checksum) override;
   std::ostream& printToStream(std::ostream& os) override;
 
-  /// Of a signed count: 0, whatever the record. An unsigned one gives the record's checksum.
+  /// Returns 0 for a signed count, whatever the record. For an unsigned one, the record's checksum is returned.
   virtual unsigned short computeChecksum(unsigned short* words, short byteCount);
   virtual bool verifyChecksum(unsigned short* words, short byteCount);
 
-  /// A count of any other type goes by its sign as well: without this a plain 8 would fit both of them equally badly.
+  /// Selects one of the two by the sign of any other type of count: otherwise a call with a plain 8 would be ambiguous.
   template <std::integral Count>
   unsigned short computeChecksum(unsigned short* words, Count byteCount) {
     using Nearest = std::conditional_t<std::is_signed_v<Count>, short, unsigned short>;

@@ -37,11 +37,11 @@ enum HwEVariantEepromDatablock : int {
   _DatablockId_Common_Operating_Time_Count_Backup_ = 11313
 };
 
-/// The kinds of blocks by name, whether they have a number here or not. The values are this library's own: blocks do
-/// not carry them.
+/// The kinds of blocks by name, whether they have a number here or not. The values are internal to this library: blocks
+/// do not contain them.
 enum HwEBlockString : int {
-  _BlockString_Unknown_,         ///< of no kind that is known
-  _BlockString_CompleteEeprom_,  ///< no single block but the whole memory
+  _BlockString_Unknown_,         ///< of an unknown kind
+  _BlockString_CompleteEeprom_,  ///< not a single block but the whole memory
   _BlockString_Ident_2_,
   _BlockString_Ident_3_,
   _BlockString_Ident_4_,

@@ -4,7 +4,7 @@
 
 #include "velk/Export.h"
 
-/// Marks the record of a block: laid out byte by byte as in the memory, and usable from outside the library.
+/// Marks the record of a block: packed, as in the memory, and exported from the library.
 #define VELK_RECORD __attribute__((packed)) VELK_EXPORT
 
 namespace Velk {
@@ -15,10 +15,10 @@ enum HwEDataFormatTyp {
   PPC_Conform = 1     ///< big-endian: the layout of PowerPC firmware
 };
 
-/// Kind of a block, as far as the checksum logic knows it.
+/// Kind of a block, as far as checksums are concerned.
 enum HwEDatablockClassTyp {
   HwDatablockClassOrdinary = 0,
-  HwDatablockClassEventCounter = 2  ///< carries the event counter identifier in place of a CRC-32
+  HwDatablockClassEventCounter = 2  ///< has the event counter identifier in place of a CRC-32
 };
 
 /// The first eight bytes of every block, little-endian.
@@ -32,7 +32,7 @@ struct VELK_RECORD HwSDatablockHeader {
 };
 static_assert(sizeof(HwSDatablockHeader) == 8);
 
-/// The id that erased memory shows: no block.
+/// The id that erased memory shows. No block has it.
 inline constexpr unsigned short erasedBlockId = 0xFFFF;
 
 }  // namespace Velk

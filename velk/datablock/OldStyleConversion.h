@@ -8,12 +8,12 @@ class HwDatablock;
 
 namespace detail {
 
-/// Converts an old-style block by the layout of block id `id`; false for an id without a known layout.
+/// Converts an old-style block by the layout of block id `id`; returns false for an id without a known layout.
 ///
-/// The one call that goes up: a block converts itself, and which fields it has only the catalogue of all classes knows.
-/// So it is declared here and defined by the old-style interpreter. To verify a checksum a block may have to be brought
-/// into the layout that the checksum is of, and the conversion asks for the CRC-32 to distinguish the editions. That
-/// goes round only once: the CRC-32 is computed of the bytes as they are, and never converts a block.
+/// This is the one call into a higher layer: a block converts itself, but only the catalogue of all classes knows its
+/// fields. So it is declared here and defined by the old-style interpreter. Verifying a checksum may convert the block
+/// to the layout that the checksum covers, and the conversion needs the CRC-32 to tell the editions apart. The
+/// recursion ends there: the CRC-32 is computed over the bytes as they are, and never converts a block.
 bool convertOldStyleBlock(HwEDataFormatTyp target, int id, HwDatablock* block);
 
 }  // namespace detail

@@ -5,13 +5,13 @@
 namespace Velk {
 
 /// The channel between the library and the firmware's debug service. The firmware calls init() before it wants output
-/// and exit() at shutdown. Class and level of the most recent test or line are process-wide and without a lock.
+/// and exit() at shutdown. The class and level of the most recent check or line are process-wide and not locked.
 class VELK_EXPORT HwDebug : public HwObject {
  public:
   static void init();
   static void exit();
 
-  /// Whether the service would show a line of this type and level; remembers both.
+  /// Returns whether the service would show a line of this type and level; remembers both.
   static bool checkOutput(int type, int level);
   /// Writes a line if the service would show it; remembers type and level in any case.
   static void println(int type, int level, const QString& text);

@@ -6,10 +6,10 @@
 
 namespace Velk {
 
-/// The root of the class tree: gives every object the question whether a debug line is wanted, and the line itself.
+/// The root of the class tree: lets every object check whether a debug line is wanted, and write it.
 ///
-/// Ask first and format only when the answer is yes: `if (chkdbg(type, level)) dbgout(text);`. The question leaves its
-/// class and level for the dbgout that follows, so both belong on one thread.
+/// Check first and format only if needed: `if (chkdbg(type, level)) dbgout(text);`. The check stores its class and
+/// level for the dbgout that follows, so both must be called on one thread.
 class VELK_EXPORT HwObject {
  public:
   /// How severe a line is; lower is more severe.
@@ -47,7 +47,7 @@ class VELK_EXPORT HwObject {
   void dbgout(const QString& text) const;
   void dbgout(int level, const QString& text) const;
 
-  /// `prefix` and the object's name, where the object is a QObject as well.
+  /// Returns `prefix` and the object name of a QObject; for other objects, a text in place of the name.
   QString getClassName(const QString& prefix);
 };
 

@@ -13,7 +13,7 @@ using Header = HwSDatablockHeader2Edition;
 constexpr std::size_t longestBlock = 0xFFFF;
 constexpr std::size_t alignmentModulus = 4;
 
-/// The bytes that the block claims, cut to those that it has.
+/// Returns the bytes that the block claims, cut to those that it has.
 QByteArray imageOf(IHwDatablockAccess& block) {
   qsizetype size = block.getBlockSize(0);
   if (auto* const known = dynamic_cast<HwDatablock*>(&block)) size = std::min(size, known->getByteArrayData().size());
@@ -21,7 +21,7 @@ QByteArray imageOf(IHwDatablockAccess& block) {
   return data == nullptr ? QByteArray() : QByteArray(reinterpret_cast<const char*>(data), size);
 }
 
-/// The header, padded with zeros if the block is shorter.
+/// Returns the header, padded with zeros if the block is shorter.
 Header headerOf(ConstBytes block) {
   const auto bytes = detail::firstBytes<sizeof(Header)>(block);
   return {.header = {.id = detail::load<unsigned short>(bytes, offsetof(Header, header.id)),
@@ -32,7 +32,7 @@ Header headerOf(ConstBytes block) {
           .updateIndex = detail::load<unsigned short>(bytes, offsetof(Header, updateIndex))};
 }
 
-/// The 4-byte entries of a list as a table: their values are not captured, so that each row is there and empty.
+/// Returns the 4-byte entries of a list as a table. Their values are not read, so the rows are empty.
 CommonSubDatablock listTable(ConstBytes block) {
   constexpr std::size_t entrySize = 4;
   CommonSubDatablock table;

@@ -8,9 +8,9 @@
 
 namespace Velk {
 
-/// The cells of a table as their stored bytes: cells[column][row]. Strings are without their terminating zero. A cell
-/// that the table does not have, or whose bytes the block lacks, is empty. Shares the block's bytes with its copies;
-/// a cell's bytes are valid while one of them lives.
+/// The stored bytes of a table's cells: cells[column][row]. Strings are without their terminating zero. A cell that the
+/// table does not have, or whose bytes the block lacks, is empty. Copies share the block's bytes; a cell's bytes are
+/// valid as long as one of the copies exists.
 class VELK_EXPORT TableCells {
  public:
   class Column {
@@ -39,8 +39,8 @@ class VELK_EXPORT TableCells {
   StoredTable table_;
 };
 
-/// One table of a parsed second-edition block. The counts and types are as the block claims them; the stores have what
-/// bytes the block really holds of the table.
+/// One table of a parsed second-edition block. The counts and types are as the block claims them; the ids and cells are
+/// what the block really holds of the table.
 struct VELK_EXPORT CommonSubDatablock {
   unsigned int rows = 0;
   unsigned int columns = 0;

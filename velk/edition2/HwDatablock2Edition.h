@@ -8,25 +8,25 @@
 
 namespace Velk {
 
-/// What the caller states about a block that it prints. The pages show only the block's name.
+/// What the caller knows about a block to be printed. The pages show only the block's name.
 struct HwSDataBlockCfg {
   QString moduleName;
   QString description;
   unsigned int moduleIndex = 0;
   unsigned int blockIndex = 0;
-  QString blockName;  ///< a null name stops the summary, and all else on its stream
+  QString blockName;  ///< a null name ends the summary and sets the stream's badbit
   QString remark;
 };
 
-/// A self-describing block: after a header with a CRC-32 it holds tables, each of which states its counts and the
-/// types of its ids and columns. CommonDatablockAccess reads the tables; this class holds the bytes, answers for
-/// the header and the first table, and prints the pages that service looks at.
+/// A self-describing block: after a header with a CRC-32 it holds tables, each with its counts and the types of its ids
+/// and columns. CommonDatablockAccess reads the tables; this class holds the bytes, gives access to the header and the
+/// first table, and prints the pages that are used in service.
 ///
-/// Blocks with an alignment word other than 0 are taken for ones whose header is two bytes shorter: their update index
-/// begins at offset 10. In list format a block is a plain header and a sequence of 4-byte entries.
+/// A block with an alignment word other than 0 is assumed to have a header two bytes shorter: its update index begins
+/// at offset 10. In list format a block is a plain header and a sequence of 4-byte entries.
 class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockAccess {
  public:
-  /// An empty block of 12 bytes.
+  /// Makes an empty block of 12 bytes.
   HwDatablock2Edition();
 
   using HwDatablock::computeChecksum;
@@ -43,10 +43,10 @@ class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockA
   bool setEepromAddress(unsigned int address) override;
   bool setEepromSector(unsigned int sector) override;
 
-  /// Of the first table, whatever the part.
+  /// Return the counts of the first table, whatever the part.
   unsigned short getNumberOfRows(unsigned int part) override;
   unsigned short getNumberOfColumns(unsigned int part) override;
-  /// The stored hundredths, signed, as a number.
+  /// Returns the stored hundredths, signed, as a number.
   double getUpdateIndex() override;
   /// Prints the complete page.
   virtual std::ostream& printToStream2Edition(std::ostream& os, HwSDataBlockCfg cfg);
@@ -56,10 +56,10 @@ class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockA
   bool isListFormat() override;
   void setListFormat(bool list) override;
 
-  /// Stores a CRC-32 where the block has room for it; the 16-bit checksum stays as it is. Always true.
+  /// Stores a CRC-32 if the block has room for it; leaves the 16-bit checksum unchanged. Always returns true.
   bool setChecksum32(unsigned int checksum);
 
-  /// The types of the first table, TYPE_ID_NONE where the block has no such byte.
+  /// Return the types of the first table; TYPE_ID_NONE if the block has no such byte.
   ETypeId getRowIdType();
   ETypeId getColumnIdType();
   ETypeId getColumnType(int column);
@@ -70,25 +70,25 @@ class VELK_EXPORT HwDatablock2Edition : public HwDatablock, public IHwDatablockA
   static unsigned int size_in_byte(ETypeId type);
   static const char* getTypeString(ETypeId type);
 
-  /// The five lines that head a list of summaries or a detail page.
+  /// Prints the five lines at the top of a list of summaries or of a detail page.
   std::ostream& printDebugPageHeading(std::ostream& os, bool summary);
-  /// Id, name and update index.
+  /// Prints id, name and update index.
   std::ostream& printDebugPageSummary(std::ostream& os, HwSDataBlockCfg cfg);
-  /// The first table as its bytes stand. Shows fixed-point values and long doubles, and no strings: a list of strings
-  /// counts as having no bytes. A table without columns shows the row ids that its block holds. Values beyond the
-  /// block's end are left out, and rows that have none before it.
+  /// Prints the bytes of the first table as they are. Shows fixed-point values and long doubles, but no strings: a list
+  /// of strings counts as having no bytes. For a table without columns, shows the row ids that its block holds. Leaves
+  /// out values beyond the block's end, and rows without any value before it.
   std::ostream& printDebugPageDetail(std::ostream& os, HwSDataBlockCfg cfg);
-  /// Every complete table in aligned columns, as the typed readers give them: strings are shown; fixed-point values and
-  /// long doubles, which the readers do not convert, are 0. A table without columns has its row ids shown where its
-  /// block holds all of them and no further table, and else no row.
+  /// Prints every complete table in aligned columns, as the typed readers give them: strings are shown; fixed-point
+  /// values and long doubles, which the readers do not convert, are 0. For a table without columns, shows the row ids
+  /// if its block holds all of them and no further table, and otherwise no row.
   std::ostream& printDebugPageComplete(std::ostream& os, HwSDataBlockCfg cfg);
 
-  /// Prints one stored value and four blanks, and returns what follows the value. `value` has the bytes that its type
-  /// asks for. A fixed-point value leaves the stream in fixed notation with its decimals.
+  /// Prints one stored value and four blanks, and returns the address after the value. `value` must have as many bytes
+  /// as its type needs. A fixed-point value leaves the stream in fixed notation with its decimals.
   unsigned char* printDataTypeToStream(std::ostream& os, unsigned char* value, ETypeId type);
 
  private:
-  /// The place of a field of the normal header, in the header that this block has.
+  /// Returns the offset in this block's header of a field of the normal header.
   std::size_t placed(std::size_t offset);
   std::size_t firstColumnType();
 

@@ -4,21 +4,21 @@
 
 namespace Velk {
 
-/// The event counters of a module: a second-edition header and, from offset 12 on, counters whose layout is their
-/// owner's. A counter changes byte by byte in the memory, so that no CRC-32 could stay right; the block carries an
-/// identifier in its place that depends on its size alone.
+/// The event counters of a module: a second-edition header and, from offset 12 on, counters whose layout their owner
+/// defines. A counter changes byte by byte in the memory, so no CRC-32 could stay valid. In its place the block has an
+/// identifier that depends only on its size.
 class VELK_EXPORT HwDatablockEventCount : public HwDatablock2Edition {
  public:
-  /// An empty block of 12 bytes that carries the identifier.
+  /// Makes an empty block of 12 bytes that has the identifier.
   HwDatablockEventCount();
 
   using HwDatablock2Edition::setData;
-  /// Takes any bytes and stores the identifier of their block size; always true.
+  /// Copies any bytes and stores the identifier for their block size; always returns true.
   bool setData(const unsigned char* data, unsigned int length) override;
 
-  /// Makes the bytes an event counter block by storing the identifier; always true.
+  /// Makes the bytes an event counter block by storing the identifier; always returns true.
   bool makeDatablock2HwEventCount();
-  /// Changes one byte; does nothing beyond the block's end. Always true.
+  /// Changes one byte; does nothing beyond the block's end. Always returns true.
   bool updateEventCountBlock(unsigned int position, char value);
 };
 

@@ -6,7 +6,7 @@
 
 namespace Velk {
 
-/// A second-edition block as generic code sees it. The `unsigned int` of the four getters names a part of the block to
+/// A second-edition block as generic code sees it. The `part` of the four getters selects a part of the block in
 /// implementations that have several; readers of this library pass 0.
 class VELK_EXPORT IHwDatablockAccess {
  public:
@@ -14,7 +14,7 @@ class VELK_EXPORT IHwDatablockAccess {
 
   virtual unsigned short getNumberOfRows(unsigned int part) = 0;
   virtual unsigned short getNumberOfColumns(unsigned int part) = 0;
-  /// The block's first byte; at least getBlockSize bytes follow unless the block is an HwDatablock, which knows better.
+  /// Returns the first byte. At least getBlockSize bytes follow, except in an HwDatablock, which may be shorter.
   virtual unsigned char* getData(unsigned int part) = 0;
   virtual unsigned short getBlockSize(unsigned int part) = 0;
   virtual bool setData(QByteArray bytes) = 0;
@@ -25,7 +25,7 @@ class VELK_EXPORT IHwDatablockAccess {
   virtual bool setEepromSector(unsigned int sector) = 0;
   virtual unsigned int getEepromSector() = 0;
   virtual double getUpdateIndex() = 0;
-  /// Whether the block is a header and 4-byte entries, without tables.
+  /// Returns whether the block is a header and 4-byte entries, without tables.
   virtual bool isListFormat() = 0;
   virtual void setListFormat(bool list) = 0;
 };

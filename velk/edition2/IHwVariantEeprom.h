@@ -11,7 +11,7 @@ class VELK_EXPORT IHwVariantEeprom {
  public:
   virtual ~IHwVariantEeprom() = default;
 
-  /// Stores `block`, which belongs to the store from now on, under its id.
+  /// Stores `block` under its id, and takes ownership of it.
   virtual void writeDatablock(unsigned int blockId, HwDatablock* block) = 0;
 };
 

@@ -8,7 +8,7 @@
 
 namespace Velk::detail {
 
-/// Stored row ids as CommonDatablockAccess shows those of a table.
+/// Returns stored row ids as the texts that CommonDatablockAccess reads from a table.
 std::vector<std::string> rowIdTexts(ConstBytes ids, ETypeId type, unsigned int count);
 
 }  // namespace Velk::detail

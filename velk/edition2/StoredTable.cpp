@@ -12,14 +12,14 @@ constexpr std::size_t longestStringCell = 2048;
 
 constexpr std::size_t notFound = static_cast<std::size_t>(-1);
 
-/// The offset of the first zero byte among the first `limit`.
+/// Returns the offset of the first zero byte among the first `limit`.
 std::size_t findZero(ConstBytes bytes, std::size_t limit = notFound) {
   if (bytes.empty()) return notFound;
   const void* const zero = std::memchr(bytes.data(), 0, std::min(limit, bytes.size()));
   return zero == nullptr ? notFound : static_cast<std::size_t>(static_cast<const unsigned char*>(zero) - bytes.data());
 }
 
-/// The bytes of `count` strings with their zeros, or all bytes where there are fewer.
+/// Returns the size of `count` strings with their zeros, or of all bytes if there are fewer.
 std::size_t sizeOfStrings(ConstBytes bytes, std::size_t count, bool& complete) {
   std::size_t size = 0;
   for (std::size_t i = 0; i < count; ++i) {

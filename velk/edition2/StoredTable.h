@@ -49,9 +49,9 @@ struct CellRun {
 /// outlive it. Parsing takes time and space proportional to the bytes of the table, whatever counts they claim.
 class VELK_EXPORT StoredTable {
  public:
-  /// A table without bytes.
+  /// Makes a table without bytes.
   StoredTable() = default;
-  /// The table that begins at `offset` of a block.
+  /// Reads the table that begins at `offset` of a block.
   StoredTable(ConstBytes block, std::size_t offset);
 
   unsigned int rows() const { return rows_; }
@@ -59,28 +59,28 @@ class VELK_EXPORT StoredTable {
   ETypeId rowIdType() const { return rowIdType_; }
   ETypeId columnIdType() const { return columnIdType_; }
 
-  /// One type byte per column; fewer if the block ends early.
+  /// Returns one type byte per column; fewer if the block ends early.
   ConstBytes columnTypes() const { return columnTypes_; }
-  /// The stored ids back to back, strings with their terminating zeros.
+  /// Return the stored ids back to back, strings with their terminating zeros.
   ConstBytes rowIds() const { return rowIds_; }
   ConstBytes columnIds() const { return columnIds_; }
-  /// A cell's bytes, without the zero that ends a string; empty if the table or the block lacks it.
+  /// Returns a cell's bytes, without the zero that ends a string; empty if the table or the block lacks it.
   ConstBytes cell(std::size_t column, std::size_t row) const {
     if (column >= columns() || row >= rows()) return {};
     return starts_.empty() ? placedCell(column, row) : foundCell(column, row);
   }
 
-  /// The cells from row 0 on of a column whose table has no strings; none of a table with strings.
+  /// Returns the cells of a column from row 0 on; none if the table has strings.
   CellRun run(std::size_t column) const;
 
-  /// Whether the block holds all of the table. A table without rows ends after its column ids, one without columns
-  /// after its header.
+  /// Returns whether the block holds all of the table. A table without rows ends after its column ids, one without
+  /// columns after its header.
   bool isComplete() const { return complete_; }
-  /// The offset after a complete table, where the next one begins.
+  /// Returns the offset after a complete table, where the next one begins.
   std::size_t end() const { return end_; }
 
-  /// The row ids of a table without columns, of which only the header is parsed: `block` has them if it ends with them,
-  /// or if nothing after the header parses as a table. Empty if some are missing.
+  /// Returns the row ids of a table without columns, of which only the header is parsed. `block` has them if it ends
+  /// with them, or if nothing after the header parses as a table. Empty if some are missing.
   ConstBytes rowIdsBehindHeader(ConstBytes block) const;
 
  private:
@@ -130,8 +130,8 @@ class VELK_EXPORT TableWalk {
   std::size_t position_ = sizeof(HwSDatablockHeader2Edition);
 };
 
-/// Whether a block consists of complete tables up to its end, at least one of them with a cell: how a second-edition
-/// block with a wrong CRC is recognised.
+/// Returns whether a block consists of complete tables up to its end, at least one of them with a cell. A
+/// second-edition block with a wrong CRC is recognised by this.
 VELK_EXPORT bool isFilledByTables(ConstBytes block);
 
 }  // namespace Velk

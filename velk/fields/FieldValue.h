@@ -7,7 +7,7 @@
 
 namespace Velk::detail {
 
-/// The number whose ten x87 bytes stand at `offset`; NaN for bytes that the x87 takes for no number.
+/// Returns the number whose ten x87 bytes are at `offset`; NaN for bytes that are not a valid x87 number.
 VELK_EXPORT long double loadExtended(ConstBytes bytes, std::size_t offset);
 
 constexpr bool isScaled(const FieldInfo& field) { return field.scale != 1 || field.bias != 0; }
@@ -31,8 +31,8 @@ void withNumber(const FieldInfo& field, T stored, ValueForm form, Act& act) {
   act(stored);
 }
 
-/// Calls `act` with the value of an element: an integer, a float, double or long double, a std::string_view, which
-/// lives as long as the call, or nullptr where the block is too short to have the element.
+/// Calls `act` with the value of an element: an integer, a float, double or long double, a std::string_view, which is
+/// valid during the call, or nullptr if the block is too short to have the element.
 template <class Act>
 void withValue(ConstBytes block, FieldElement element, ValueForm form, Act act) {
   const FieldInfo& field = *element.field;
@@ -48,8 +48,8 @@ void withValue(ConstBytes block, FieldElement element, ValueForm form, Act act) 
   });
 }
 
-/// Calls `act` with each of `count` elements that are stored one after another, as withValue does; the block has them
-/// all.
+/// Calls `act` with each of `count` elements that are stored one after another, as withValue does. The block must have
+/// all of them.
 template <class Act>
 void withValues(ConstBytes block, FieldElement first, std::size_t count, ValueForm form, Act act) {
   const FieldInfo& field = *first.field;

@@ -18,13 +18,13 @@ using detail::numberText;
 
 constexpr std::size_t extendedSize = 10;
 
-/// Whether a text is a number so small that zero is the nearest to it which every type has.
+/// Returns whether a number that is out of range for some type is too small for it, rather than too large.
 bool isTiny(std::string_view text) {
   long double value = 0;
   return std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc{} && std::abs(value) < 1;
 }
 
-/// Reads a whole text as one number; nothing may be left over.
+/// Reads the whole text as one number.
 template <class T>
 FieldResult parseNumber(std::string_view text, T& value) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -72,7 +72,7 @@ Range rangeOf(Bits bits) {
   return {least, least + span - 1};
 }
 
-/// Stores an integer where the field's type, and the bits that it has of it, hold the value.
+/// Stores an integer if the field's type, or the bits of it that the field has, can hold the value.
 template <class T>
 FieldResult storeInteger(MutableBytes block, FieldElement element, std::int64_t value) {
   const Bits bits = element.field->bits;
@@ -87,7 +87,7 @@ FieldResult storeInteger(MutableBytes block, FieldElement element, std::int64_t 
   return FieldResult::Done;
 }
 
-/// `form` is that of dates: stored ones are numbers as well, since no calendar has all that records hold.
+/// In stored form, dates may be numbers as well, since records hold dates that no calendar has.
 template <class T>
 FieldResult setInteger(MutableBytes block, FieldElement element, std::string_view text, ValueForm form) {
   if (std::is_same_v<T, std::uint64_t> && !text.starts_with('-')) {
@@ -103,7 +103,7 @@ FieldResult setInteger(MutableBytes block, FieldElement element, std::string_vie
   return parsed == FieldResult::Done ? storeInteger<T>(block, element, value) : parsed;
 }
 
-/// Stores a number that a floating field can hold; infinities and NaN are among them.
+/// Stores a number if the floating field can hold it; infinities and NaN are accepted.
 template <class T>
 FieldResult storeFloating(MutableBytes block, FieldElement element, double value) {
   const bool finite = std::abs(value) <= std::numeric_limits<double>::max();
@@ -127,7 +127,7 @@ FieldResult setExtended(MutableBytes block, FieldElement element, std::string_vi
   return parsed;
 }
 
-/// Stores the number whose presented value is nearest to what the text says.
+/// Stores the number whose presented value is nearest to the one in the text.
 FieldResult setPresented(MutableBytes block, FieldElement element, std::string_view text) {
   const FieldInfo& field = *element.field;
   double value = 0;
@@ -160,7 +160,7 @@ FieldResult setNumber(MutableBytes block, FieldElement element, std::string_view
   return result;
 }
 
-/// A value's bytes with zeros where the block lacks them.
+/// The bytes of a value, with zeros for those that the block lacks.
 struct ExtendedElement {
   ExtendedElement(ConstBytes block, FieldElement there)
       : bytes(detail::firstBytes<16>(block.subspan(std::min(there.offset, block.size())))),

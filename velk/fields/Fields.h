@@ -40,7 +40,7 @@ enum class FieldKind : unsigned char {
 struct Scaling {
   double factor = 1;
   double bias = 0;
-  double divisor = 0;  ///< 1 / factor where that is whole: a division by it rounds once and gives 0.1, not 0.1000...01
+  double divisor = 0;  ///< 1 / factor if that is whole: dividing by it rounds once and gives 0.1, not 0.1000...01
 };
 
 /// One field of a record, as data: where it lies in the block, what it holds and what it is called. A field may be a
@@ -64,14 +64,14 @@ struct FieldInfo {
   std::span<const FieldInfo> members{};           ///< of a sub-record
   bool openEnded = false;                         ///< a list of as many elements as the block has room for
   bool isPersonal = false;                        ///< identifies a module, or who had it
-  bool isFixed = false;                           ///< the rest of the block depends on it: not to be edited
+  bool isFixed = false;                           ///< the rest of the block depends on it, so it must not be edited
   const char* usedRows = "";                      ///< the field of the same record that counts the elements in use
   const char* usedCols = "";                      ///< the same for the columns of a table
   const char* (*nameOf)(std::int64_t) = nullptr;  ///< of a Name
 
   constexpr Scaling scaling() const { return {scale, bias, divisor}; }
 
-  /// A character array is one text rather than a list of small numbers; an array of those is a list of texts.
+  /// Makes a character array one text rather than a list of small numbers, and an array of those a list of texts.
   constexpr FieldInfo asText() const {
     FieldInfo field = *this;
     field.kind = FieldKind::Text;
@@ -86,7 +86,7 @@ struct FieldInfo {
     field.kind = FieldKind::Date;
     return field;
   }
-  /// The bits of a stored word under a name of their own.
+  /// Returns a field for some bits of a stored word, under a name of their own.
   constexpr FieldInfo part(const char* partName, Bits partBits) const {
     FieldInfo field = *this;
     field.name = partName;
@@ -99,12 +99,12 @@ struct FieldInfo {
     field.scale = factor;
     field.bias = distance;
     const bool small = factor > 1e-9 && factor < 1;
-    // std::lround is no constant expression. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    // std::lround is not a constant expression. NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto whole = static_cast<double>(small ? static_cast<std::int64_t>(1 / factor + 0.5) : 0);
     field.divisor = small && factor == 1 / whole ? whole : 0;
     return field;
   }
-  /// The elements in use are as many as other fields of the record say.
+  /// Sets which other fields of the record count the elements in use.
   constexpr FieldInfo counted(const char* rowsField, const char* colsField = "") const {
     FieldInfo field = *this;
     field.usedRows = rowsField;
@@ -180,7 +180,7 @@ constexpr FieldInfo describeField(const char* name, std::size_t offset) {
 struct FieldElement {
   const FieldInfo* field;
   std::size_t offset;
-  std::size_t size = field->stride;  ///< its bytes; texts of any length have their own
+  std::size_t size = field->stride;  ///< in bytes; texts of any length have their own
 
   bool isInside(std::size_t blockSize) const { return detail::fits(blockSize, offset, size); }
 };
@@ -188,16 +188,16 @@ struct FieldElement {
 /// Values as records store them, or as people read them: scaled, biased, in a unit.
 enum class ValueForm : unsigned char { Presented, Stored };
 
-/// How a presented value is rounded where the factor is no binary number.
+/// How a presented value is rounded if the factor has no exact binary form.
 enum class Rounding : unsigned char {
-  Decimal,  ///< to the decimal number that is meant: 35 at 0.01 is 0.35. Fields are shown, exported and set so.
-  /// As the product with the binary number next to the factor, in the precision of Number: 35 at 0.01 is
-  /// 0.35000000000000003. Instruments reckon so: the accessors and texts of tables and second-edition blocks do as
-  /// well.
+  Decimal,  ///< to the intended decimal number: 35 at 0.01 is 0.35. Used to show, export and set fields.
+  /// As the product with the binary number nearest to the factor, in the precision of Number: 35 at 0.01 is
+  /// 0.35000000000000003. Instruments calculate this way, so the accessors and texts of tables and second-edition
+  /// blocks do too.
   Product,
 };
 
-/// The presented value of a stored number. All accessors, texts and exports come here for it.
+/// Returns the presented value of a stored number. All accessors, texts and exports use it.
 template <Rounding rounding = Rounding::Decimal, class Number>
 constexpr Number presentedValue(const Scaling& scaling, Number stored) {
   const bool divides = rounding == Rounding::Decimal && scaling.divisor != 0;
@@ -206,7 +206,7 @@ constexpr Number presentedValue(const Scaling& scaling, Number stored) {
 }
 inline double presentedValue(const FieldInfo& field, double stored) { return presentedValue(field.scaling(), stored); }
 
-/// The field of that name; a name that none of the fields has does not compile.
+/// Returns the field of that name; does not compile if there is none.
 consteval const FieldInfo& fieldNamed(std::span<const FieldInfo> fields, std::string_view name) {
   for (const FieldInfo& field : fields) {
     if (field.name == name) return field;
@@ -216,7 +216,7 @@ consteval const FieldInfo& fieldNamed(std::span<const FieldInfo> fields, std::st
 
 namespace detail {
 
-/// Whether a name is that of a whole number among the fields, which can count others.
+/// Returns whether a name is that of an integer field, which can count elements of others.
 constexpr bool isCounter(std::span<const FieldInfo> fields, std::string_view name) {
   for (const FieldInfo& field : fields) {
     if (field.name == name) {
@@ -226,7 +226,7 @@ constexpr bool isCounter(std::span<const FieldInfo> fields, std::string_view nam
   return false;
 }
 
-/// Whether all that is counted by another field of its record is counted by one that can.
+/// Returns whether all fields that are counted are counted by a field that can count.
 constexpr bool hasItsCounters(std::span<const FieldInfo> fields) {
   for (const FieldInfo& field : fields) {
     for (const std::string_view counter : {field.usedRows, field.usedCols}) {
@@ -239,36 +239,36 @@ constexpr bool hasItsCounters(std::span<const FieldInfo> fields) {
 
 }  // namespace detail
 
-/// The stored integer (of a floating field: 0) and its text forms below; bytes outside the block count as 0.
+/// Returns the stored integer; 0 for a floating field. Here and below, bytes outside the block count as 0.
 VELK_EXPORT std::int64_t integerValue(ConstBytes block, FieldElement element);
 
-/// The value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
+/// Returns the value as text: numbers in full precision, dates as 2017-03-15, texts up to their first zero byte.
 VELK_EXPORT std::string fieldText(ConstBytes block, FieldElement element, ValueForm form = ValueForm::Stored);
 
-/// How many elements of a field are in use: as many as the field `counter` of the same record says, which begins at
-/// `offset`, but no more than `capacity`; all where nothing counts them.
+/// Returns how many elements of a field are in use: as many as the field `counter` of the same record says, which
+/// begins at `offset`, but at most `capacity`; all if nothing counts them.
 VELK_EXPORT std::size_t elementsInUse(ConstBytes block, std::span<const FieldInfo> fields, std::size_t offset,
                                       std::string_view counter, std::size_t capacity);
 
-/// How many elements of a field a block of `blockSize` bytes holds from `offset` on.
+/// Returns how many elements of a field a block of `blockSize` bytes holds from `offset` on.
 constexpr std::size_t roomFor(const FieldInfo& field, std::size_t offset, std::size_t blockSize) {
   return offset >= blockSize || field.stride == 0 ? 0 : (blockSize - offset) / field.stride;
 }
 
-/// "-32768 to 32767": what a number or date field takes, as text.
+/// Returns what a number or date field accepts, as text: "-32768 to 32767".
 VELK_EXPORT std::string fieldLimits(const FieldInfo& field, ValueForm form);
 
 enum class FieldResult {
   Done,
-  NotAValue,     ///< the text is no number, no date
+  NotAValue,     ///< the text is not a number or not a date
   OutOfRange,    ///< more than the field can hold
   OutsideBlock,  ///< the block is too short to have the field
   Fixed,         ///< the rest of the block depends on the field
 };
 
-/// Stores what `text` says, in the form that fieldText gives; any other result leaves the block unchanged. A presented
-/// number becomes the nearest that the field can store. Dates are such as a calendar has, or 1980-00-00, which is none;
-/// in the stored form they may be numbers as well. The block's checksum is the caller's.
+/// Stores the value that `text` gives, in the form of fieldText; any other result than Done leaves the block unchanged.
+/// A presented number is rounded to the nearest that the field can store. Dates are those of the calendar, or
+/// 1980-00-00 for none; in stored form they may be numbers as well. The caller updates the block's checksum.
 VELK_EXPORT FieldResult setFieldText(MutableBytes block, FieldElement element, std::string_view text,
                                      ValueForm form = ValueForm::Stored);
 

@@ -4,8 +4,8 @@
 
 namespace Velk::detail {
 
-/// Calls `act` with a zero of the scalar type, so that what it does over many elements is compiled for that type. For
-/// sub-records and the x87's numbers, which no C++ type stores in ten bytes, nothing is called.
+/// Calls `act` with a zero of the scalar type, so that a loop over many elements is compiled for that type. Calls
+/// nothing for sub-records and for x87 numbers, which no C++ type stores in ten bytes.
 template <class Act>
 void withScalarType(ScalarType type, Act act) {
   switch (type) {

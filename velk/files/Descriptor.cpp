@@ -18,7 +18,7 @@ auto repeated(Call call) {
 }  // namespace
 
 Descriptor::~Descriptor() {
-  const int reason = errno;  // of the failure that may have ended the owner's work
+  const int reason = errno;  // keeps the reason of an earlier failure
   close();
   errno = reason;
 }
@@ -38,7 +38,7 @@ bool Descriptor::writeTo(int number, std::string_view bytes) {
     const auto count = repeated([&] { return ::write(number, bytes.data(), bytes.size()); });
     if (count < 0) return false;
     if (count == 0) {
-      errno = EIO;  // a device that takes nothing would be asked for ever
+      errno = EIO;  // otherwise a device that takes nothing would be tried forever
       return false;
     }
     bytes.remove_prefix(static_cast<std::size_t>(count));

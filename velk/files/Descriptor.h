@@ -8,9 +8,9 @@
 
 namespace Velk {
 
-/// An open file of the operating system. Owns it, and closes it at the end.
+/// An open file of the operating system. Owns it and closes it in the destructor.
 ///
-/// Calls that a signal interrupts are made again. Where a call fails, errno says why.
+/// Calls interrupted by a signal are repeated. If a call fails, errno says why.
 class VELK_EXPORT Descriptor {
  public:
   Descriptor() = default;
@@ -22,10 +22,10 @@ class VELK_EXPORT Descriptor {
   }
   ~Descriptor();
 
-  /// Opens a path, relative to the open folder `folder` or to the current one. Not open where that fails.
+  /// Opens a path, relative to the open folder `folder` or to the current one. If that fails, the result is not open.
   static Descriptor open(const std::string& path, int flags, unsigned mode = 0);
   static Descriptor openAt(const Descriptor& folder, const std::string& path, int flags, unsigned mode = 0);
-  /// A second descriptor of what `number` has open.
+  /// Returns a second descriptor for what `number` has open.
   static Descriptor duplicate(int number);
 
   bool isOpen() const { return number_ >= 0; }
@@ -34,9 +34,9 @@ class VELK_EXPORT Descriptor {
   /// Writes all of `bytes`.
   bool write(std::string_view bytes) const { return writeTo(number_, bytes); }
   static bool writeTo(int number, std::string_view bytes);
-  /// Waits until what was written is on the disk. File systems that cannot say so count as done.
+  /// Waits until what was written is on the disk. Succeeds on file systems that cannot tell.
   bool sync() const;
-  /// Closes the file now, where its end would lose an error.
+  /// Closes the file now and returns whether that succeeded; the destructor cannot report an error.
   bool close();
 
  private:

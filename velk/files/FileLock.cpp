@@ -19,7 +19,7 @@ bool flockRepeated(int file, int operation) {
   return true;
 }
 
-/// Whether a path still leads to an open file: who changes a file puts another in its place.
+/// Returns whether a path still leads to an open file: a change to a file puts another one in its place.
 bool leadsTo(const std::string& path, int file) {
   struct stat there {};
   struct stat here {};

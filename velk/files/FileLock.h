@@ -7,18 +7,18 @@
 
 namespace Velk {
 
-/// The right to change a file, which one process at a time has. It ends with the object, and with the process.
+/// The right to change a file, which one process at a time has, until the object is destroyed or the process ends.
 ///
-/// Others who lock the file wait; nobody else is kept from it.
+/// Others who lock the file wait; the lock keeps nobody else from changing it.
 class VELK_EXPORT FileLock {
  public:
   FileLock() = default;
 
-  /// Waits for the file to be free; `whenLong` is called once where that takes longer than a moment. The file that
-  /// `path` leads to then is the locked one, even where another was put in its place meanwhile.
+  /// Waits until the file is free; calls `whenLong` once if that takes longer than a moment. Locks the file that `path`
+  /// leads to after that, even if another file was put in its place meanwhile.
   explicit FileLock(const std::string& path, const std::function<void()>& whenLong);
 
-  /// Why the file could not be locked; empty where it is.
+  /// Returns why the file could not be locked; empty if it is locked.
   const std::string& error() const { return error_; }
 
  private:

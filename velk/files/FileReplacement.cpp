@@ -17,7 +17,7 @@ constexpr unsigned permissionBits = 07777;
 constexpr unsigned newFileMode = 0666;
 constexpr unsigned privateMode = 0600;
 
-/// Short, since the file's own name may be as long as names can be.
+/// Returns a short name, since the file's own name may be as long as names can be.
 std::string temporaryName() {
   constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyz0123456789";
   constexpr int length = 12;
@@ -73,14 +73,14 @@ bool FileReplacement::createTemporary(unsigned mode) {
   return file_.isOpen();
 }
 
-/// Who may read the old contents may read the new ones, and nobody else.
+/// Lets exactly those read the new contents who may read the old ones.
 bool FileReplacement::takeAttributes(const FileTarget& model) {
   const auto& wanted = model.status;
   return fchown(file_.number(), wanted.st_uid, wanted.st_gid) == 0 &&
          fchmod(file_.number(), wanted.st_mode & permissionBits) == 0;
 }
 
-/// Whether the temporary has taken the file's name.
+/// Returns whether the temporary file has taken the file's name.
 bool FileReplacement::isInPlace() const {
   struct stat status {};
   return fstatat(folder_.number(), target_.name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 && status.st_ino == inode_;
@@ -99,7 +99,7 @@ WriteOutcome FileReplacement::commit() {
   if (!error_.empty()) return WriteOutcome::Unchanged;
   if (target_.isStream()) return writeStream();
   const int folder = folder_.number();
-  // A network may lose the answer, and so report a failure of what is done.
+  // A network file system may lose the answer and report a failure although the file was renamed.
   while (renameat(folder, temporary_.c_str(), folder, target_.name.c_str()) != 0) {
     const int reason = errno;
     if (isInPlace()) break;

@@ -11,31 +11,31 @@ namespace Velk {
 
 /// How the last step of writing a file ended.
 enum class WriteOutcome : unsigned char {
-  Unchanged,   ///< what was there is there as it was
+  Unchanged,   ///< the old contents are still there
   Written,     ///< the new contents are there, and on the disk
-  WriteDoubt,  ///< the new contents are there; whether they outlast a crash of the machine is not known
+  WriteDoubt,  ///< the new contents are there; whether they survive a crash of the machine is unknown
 };
 
-/// The new contents of a file, which become the file's in one step: whatever fails, and whenever the run ends, the file
-/// has its old contents or the new ones, whole.
+/// Replaces the contents of a file in one step: whatever fails, and whenever the process ends, the file has either its
+/// old contents or the new ones, complete.
 ///
-/// The contents are written to a temporary in the same folder, which takes the file's name once it is on the disk. The
-/// file keeps its owner, group and permissions, or is not replaced. Other names of it (hard links) keep the old
+/// The contents are written to a temporary file in the same folder, which takes the file's name once it is on the disk.
+/// The file keeps its owner, group and permissions, or is not replaced. Other names of it (hard links) keep the old
 /// contents. Streams are written to in the last step, and cannot be protected.
 class VELK_EXPORT FileReplacement {
  public:
-  /// Does all but the last step. A new file gets the owner and permissions of `model` where that exists, which counts
-  /// before those of what is replaced.
+  /// Does all but the last step. A new file gets the owner and permissions of `model` if that exists, rather than those
+  /// of the file that it replaces.
   FileReplacement(const FileTarget& target, std::string_view contents, const FileTarget& model = {});
   FileReplacement(const FileReplacement&) = delete;
   FileReplacement& operator=(const FileReplacement&) = delete;
-  /// Without commit() nothing has changed.
+  /// Leaves the file unchanged unless commit() was called.
   ~FileReplacement();
 
-  /// Why it cannot be done; empty while it can.
+  /// Returns why the file cannot be replaced; empty if it can.
   const std::string& error() const { return error_; }
 
-  /// Does the last step; error() says why where the outcome is not Written.
+  /// Does the last step; error() says why if the outcome is not Written.
   WriteOutcome commit();
 
  private:

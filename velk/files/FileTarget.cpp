@@ -23,7 +23,7 @@ std::string folderOf(const std::string& path) {
 
 std::string nameOf(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
 
-/// A path without symbolic links, or empty and errno says why.
+/// Returns a path without symbolic links; if that fails, it is empty and errno says why.
 std::string realPath(const std::string& path) {
   const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), &std::free);
   return real ? real.get() : std::string();
@@ -36,7 +36,7 @@ std::optional<std::string> linkAt(const std::string& path) {
   return std::string(text.data(), static_cast<std::size_t>(length));
 }
 
-/// The descriptor that a name in the process's own folder of open files means.
+/// Returns the descriptor that a name in the process's own folder of open files stands for.
 std::optional<int> descriptorAt(const std::string& folder, const std::string& name) {
   static const std::string own = realPath("/proc/self/fd");
   int number = 0;
@@ -59,7 +59,7 @@ bool FileTarget::isSame(const FileTarget& other) const {
 }
 
 std::optional<FileTarget> findTarget(const std::string& path, std::string& error) {
-  constexpr int mostLinks = 40;  // as the kernel follows
+  constexpr int mostLinks = 40;  // as many as the kernel follows
   const auto fail = [&error](int reason) {
     error = std::strerror(reason);
     return std::nullopt;

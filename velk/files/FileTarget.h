@@ -15,23 +15,23 @@ struct VELK_EXPORT FileTarget {
     File,     ///< a regular file
     Missing,  ///< nothing yet
     Folder,
-    Stream,      ///< a device, pipe or socket: takes bytes and keeps no file
-    Descriptor,  ///< what the process has open already, as /dev/stdout
+    Stream,      ///< a device, pipe or socket: written to directly, never replaced
+    Descriptor,  ///< a descriptor that the process has open already, such as /dev/stdout
   };
 
   Kind kind = Kind::Missing;
-  std::string folder{};   ///< the place and the name of the file itself, symbolic links followed
-  std::string name{};     ///< in that folder
+  std::string folder{};   ///< the folder of the file itself, symbolic links followed
+  std::string name{};     ///< of the file in that folder
   int descriptor = -1;    ///< of Kind::Descriptor
-  struct stat status {};  ///< of what exists
+  struct stat status {};  ///< of a file that exists
   bool isLink = false;    ///< the path as it was given is a symbolic link
 
   bool isStream() const { return kind == Kind::Stream || kind == Kind::Descriptor; }
-  /// Whether both are one file, whatever it is called.
+  /// Returns whether both are one file, whatever its name.
   bool isSame(const FileTarget& other) const;
 };
 
-/// Follows a path to what would be written. `error` gets the reason where that cannot be found out.
+/// Follows a path to what would be written. `error` gets the reason if that cannot be determined.
 VELK_EXPORT std::optional<FileTarget> findTarget(const std::string& path, std::string& error);
 
 }  // namespace Velk

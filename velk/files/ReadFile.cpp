@@ -16,7 +16,7 @@ namespace {
 constexpr qsizetype enoughForMost = 32 * 1024;
 constexpr qsizetype most = 1024 * 1024 * 1024;
 
-/// 0 if only reading can find out.
+/// Returns the size of a file, or 0 if only reading can find out.
 qsizetype knownSize(int file) {
   struct stat status {};
   return fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
@@ -24,7 +24,7 @@ qsizetype knownSize(int file) {
 
 /// Makes room after `count` bytes that fill the buffer.
 bool grow(int file, QByteArray& contents, qsizetype count) {
-  // The size is asked for only where it saves growing step by step; one byte more finds the end.
+  // Asks for the size only if that saves growing step by step; one byte more finds the end.
   const qsizetype size = knownSize(file);
   if (std::max(size, count) < most) {
     contents.resize(std::max(size + 1, 2 * count));
@@ -34,7 +34,7 @@ bool grow(int file, QByteArray& contents, qsizetype count) {
   return false;
 }
 
-/// Reads up to the file's end; false, and errno says why, where that fails.
+/// Reads up to the end of the file; returns false, with the reason in errno, if that fails.
 bool readTo(QByteArray& contents, int file) {
   contents.resize(enoughForMost);
   for (qsizetype count = 0;;) {

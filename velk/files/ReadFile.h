@@ -8,8 +8,8 @@
 
 namespace Velk {
 
-/// The whole of a file, or of standard input, which "-" stands for. `error` gets the reason where it cannot be read,
-/// which it also cannot where it has 1 GiB or more: some devices can be read without end.
+/// Returns the whole of a file, or of standard input if `path` is "-". `error` gets the reason if it cannot be read, or
+/// if it has 1 GiB or more: some devices can be read without end.
 VELK_EXPORT std::optional<QByteArray> readFile(const std::string& path, std::string& error);
 
 }  // namespace Velk

@@ -15,7 +15,7 @@ inline unsigned short sizeOf(ConstBytes block) {
   return load<unsigned short>(block, offsetof(HwSDatablockHeader, blockSize));
 }
 
-/// What stands where a block that has a CRC-32 keeps it; 0 in shorter blocks.
+/// Returns what is stored where a block has its CRC-32; 0 for shorter blocks.
 inline std::uint32_t storedCrc(ConstBytes block) { return load<std::uint32_t>(block, crcOffset); }
 
 inline bool hasRightCrc(ConstBytes block) {
@@ -24,13 +24,13 @@ inline bool hasRightCrc(ConstBytes block) {
 
 inline bool hasCounterIdentifier(ConstBytes block) { return storedCrc(block) == eventCounterMagic(sizeOf(block)); }
 
-/// The block that bytes begin with, as long as it claims to be; nothing where it cannot be.
+/// Returns the block that bytes begin with, as long as it claims to be; empty if it cannot be that long.
 inline ConstBytes claimedBlock(ConstBytes ahead) {
   const std::size_t size = sizeOf(ahead);
   return size < headerSize || size > ahead.size() ? ConstBytes{} : ahead.first(size);
 }
 
-/// Whether all bytes are alike.
+/// Returns whether all bytes are equal.
 inline bool isUniform(ConstBytes bytes) {
   return bytes.size() < 2 || std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
 }

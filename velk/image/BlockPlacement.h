@@ -10,7 +10,7 @@ enum class PlacementResult : unsigned char {
   Done,
   OtherSize,   ///< the block to be replaced has another size
   HasSectors,  ///< nothing is appended to a memory with sectors
-  Damaged,     ///< nothing is appended where a block is not sound
+  Damaged,     ///< nothing is appended if a block is not sound
   NoRoom,      ///< the erased memory after the end block is too short
 };
 
@@ -28,8 +28,8 @@ VELK_EXPORT std::optional<BlockView> firstBlockOf(const MemoryImage& image, unsi
 /// Replaces a block of an image by another of the same size.
 VELK_EXPORT Placement replaceBlock(const MemoryImage& image, const BlockView& block, const QByteArray& bytes);
 
-/// Appends a block after the last one of an image. An end block moves on into the erased memory after it, so that the
-/// image keeps its size; without an end block the image grows.
+/// Appends a block after the last one of an image. An end block moves into the erased memory after it, so the image
+/// keeps its size; without an end block the image grows.
 VELK_EXPORT Placement appendBlock(const MemoryImage& image, const QByteArray& bytes);
 
 }  // namespace Velk

@@ -7,7 +7,7 @@
 namespace Velk::detail {
 namespace {
 
-/// The head of a block's first table, as far as it must make sense before the block is read.
+/// The header and types of a block's first table, which must make sense before the rest of the block is read.
 class FirstTable {
  public:
   /// The table of a block that describes itself.

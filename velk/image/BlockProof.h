@@ -9,13 +9,13 @@
 
 namespace Velk::detail {
 
-/// The ids and sizes of blocks that have a class, the end block left out: asked far more often than the catalogue can
-/// be.
+/// The ids and sizes of blocks that have a class, without the end block. Needed far more often than a look-up in the
+/// catalogue would allow.
 class KnownBlocks {
  public:
   static const KnownBlocks& get();
 
-  /// False where the catalogue knows no such block; it may know none of that size all the same.
+  /// Returns false if the catalogue has no such block; otherwise it may still have none of that size.
   bool mayHave(unsigned id, std::size_t size) const {
     return ids_[id] && (sizes_[id] == size || sizes_[id] == several);
   }
@@ -29,16 +29,16 @@ class KnownBlocks {
   std::vector<unsigned short> sizes_;  ///< by id
 };
 
-/// Whether the bytes of a block show, without regard to where they stand, that they are one.
+/// Decides from the bytes of a block alone, wherever they are, whether they are one.
 ///
-/// They do with a right 16-bit sum, and the id of a class and the size that its blocks have: any longer one, which some
-/// classes take as well, would say little. Or with a cleared alignment word, and either a right CRC-32 and tables that
-/// fill the block, or the event counter identifier and whole counters.
+/// They are if the 16-bit sum is valid, the id that of a class, and the size that of its blocks; a longer size, which
+/// some classes accept as well, would prove little. Or if the alignment word is 0, and either the CRC-32 is valid and
+/// tables fill the block, or it has the event counter identifier and whole counters.
 ///
-/// Of a memory whose bytes would ask for very many CRC-32s, only some are made: `grant` allows for more.
+/// In a memory whose bytes would need very many CRC-32s, only some are computed: `grant` allows for more.
 class BlockProof {
  public:
-  /// For the first test of each `bytes` further bytes of the memory.
+  /// Allows for the first test of each of `bytes` further bytes of the memory.
   void grant(std::uint64_t bytes) { allowance_ += perByte * bytes; }
 
   bool isOfClass(ConstBytes block) const;
@@ -54,8 +54,8 @@ class BlockProof {
   std::uint64_t allowance_ = freely;
 };
 
-/// Whether a block has an event counter identifier, or a first table with columns and types: a short look ahead of the
-/// tests proper.
+/// Returns whether a block has an event counter identifier, or a first table with columns and types: a quick check
+/// before the full tests.
 inline bool describesItself(ConstBytes block) {
   if (hasCounterIdentifier(block)) return true;
   constexpr std::size_t table = sizeof(HwSDatablockHeader2Edition);
@@ -67,8 +67,8 @@ inline bool describesItself(ConstBytes block) {
          typeSize(block[firstType]) != 0;
 }
 
-/// Whether a block is long and varied enough for its 16-bit sum to say something, where a block follows that proves
-/// itself.
+/// Returns whether a block is long and varied enough for its 16-bit sum to mean something, if a verified
+/// block follows.
 bool isWorthASum(ConstBytes block);
 
 }  // namespace Velk::detail

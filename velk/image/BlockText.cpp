@@ -8,7 +8,7 @@
 namespace Velk {
 namespace {
 
-/// Whether the block is printed as tables that it describes itself.
+/// Returns whether the block is printed as tables, which it describes itself.
 bool hasTables(const BlockView& block) {
   return block.kind == BlockKind::SecondEdition || block.kind == BlockKind::EventCounter;
 }
@@ -55,13 +55,13 @@ void printBytes(std::ostream& stream, const BlockView& block) {
   text.endLine();
 }
 
-/// Types that the typed readers do not convert.
+/// Returns whether a type is one that the typed readers do not convert.
 bool isUnconverted(unsigned type) { return type == TYPE_ID_LONG_DOUBLE || detail::isFixedPoint(type); }
 
-/// Types whose row ids the typed readers do not copy right.
+/// Returns whether a type is one whose row ids the typed readers copy wrongly.
 bool isMiscopied(unsigned type) { return type == TYPE_ID_LONG_DOUBLE; }
 
-/// Types for which the detail page counts no bytes.
+/// Returns whether a type is one for which the detail page counts no bytes.
 bool isString(unsigned type) { return type == TYPE_ID_STRING; }
 
 using TypeTest = bool(unsigned type);

@@ -23,14 +23,14 @@ enum class Page : unsigned char {
 /// go. Some classes report odd contents to the Console while they print.
 VELK_EXPORT void printBlock(std::ostream& stream, const BlockView& block, Page page = Page::Usual);
 
-/// Something of a block that a page does not show as it is.
+/// A part of a block that a page does not show as it is.
 struct NotShown {
-  std::string text;  ///< as "table 1: the complete page cannot show row ids (LONG DOUBLE)"
-  Page instead;      ///< shows it
+  std::string text;  ///< such as "table 1: the complete page cannot show row ids (LONG DOUBLE)"
+  Page instead;      ///< the page that shows it
 };
 
-/// Returns what a page does not show of a block, at most one entry for each table. An event counter is not what any
-/// page of tables takes it for.
+/// Returns what a page does not show of a block, at most one entry for each table. No page of tables shows an event
+/// counter as what it is.
 VELK_EXPORT std::vector<NotShown> notOnPage(const BlockView& block, Page page);
 
 }  // namespace Velk

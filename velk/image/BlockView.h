@@ -11,17 +11,17 @@ namespace Velk {
 
 enum class BlockKind : unsigned char {
   OldStyle,       ///< a class knows its id
-  SecondEdition,  ///< describes itself: has a right CRC-32, or an unknown id and tables that fill it
-  EventCounter,   ///< carries the event counter identifier
+  SecondEdition,  ///< describes itself: has a valid CRC-32, or an unknown id and tables that fill it
+  EventCounter,   ///< has the event counter identifier
   End,            ///< erased memory: no block follows
-  Unknown,        ///< nobody knows its id
+  Unknown,        ///< no class knows its id
   Stray,          ///< bytes that belong to no block
 };
 
-/// Why a block is believed to be one.
+/// Why bytes are taken to be a block.
 enum class Found : unsigned char {
-  InSequence,     ///< it stands where the one before it ends, or where the walk begins
-  OutOfSequence,  ///< it proves itself, in whatever bytes it stands
+  InSequence,     ///< it begins where the one before it ends, or where the walk begins
+  OutOfSequence,  ///< it is verified, whatever is around it
 };
 
 /// One block of an image, or bytes that belong to none. `bytes` points into the image.
@@ -41,11 +41,11 @@ struct VELK_EXPORT BlockView {
   bool isSound() const;
 };
 
-/// The name of a kind, as "old-style".
+/// Returns the name of a kind, such as "old-style".
 VELK_EXPORT const char* kindName(BlockKind kind);
-/// "in-sequence" or "out-of-sequence".
+/// Returns "in-sequence" or "out-of-sequence".
 VELK_EXPORT const char* foundName(Found found);
-/// A block's name: the key of its id, or what its kind says of it.
+/// Returns a block's name: the key of its id, or a name for its kind.
 VELK_EXPORT std::string blockName(const BlockView& block);
 
 }  // namespace Velk

@@ -12,7 +12,7 @@ bool beginsWithEnd(ConstBytes bytes) {
   return bytes.size() >= sizeof(erasedBlockId) && detail::idOf(bytes) == erasedBlockId;
 }
 
-/// Says what a block is if its size is right.
+/// Sets the kind of a block whose size is assumed to be right.
 void classify(BlockView& block) {
   if (detail::hasRightCrc(block.bytes)) {
     block.kind = BlockKind::SecondEdition;
@@ -28,7 +28,7 @@ void classify(BlockView& block) {
 
 bool hasCrc(BlockKind kind) { return kind == BlockKind::SecondEdition || kind == BlockKind::EventCounter; }
 
-/// Says what a block is and what is wrong with it; false where its size cannot be believed after all.
+/// Sets the kind and the findings of a block. Returns false if its size cannot be right after all.
 bool judge(BlockView& block) {
   classify(block);
   const bool rightSum = detail::sumOfWords(block.bytes) == 0;
@@ -43,7 +43,7 @@ bool judge(BlockView& block) {
   return rightSum || ownSize;
 }
 
-/// Whether nothing but what it is made of speaks for the size that a block claims.
+/// Returns whether nothing confirms the size that a block claims.
 bool hasDoubtfulSize(const BlockView& block) { return !block.isSound() && block.kind == BlockKind::Unknown; }
 
 }  // namespace
@@ -127,8 +127,8 @@ void BlockWalk::takeBlock() {
   found_ = Found::InSequence;
 }
 
-/// Whether more bytes may be looked at for blocks that are not as long as they claim, of which very many could begin in
-/// each other.
+/// Counts bytes of blocks that are not as long as they claim, of which very many could overlap. Returns whether more of
+/// them may be examined.
 bool BlockWalk::mayDoubt(std::uint64_t bytes) {
   constexpr std::uint64_t freely = 16 * 1024 * 1024;
   constexpr std::uint64_t perByte = 2;
@@ -136,7 +136,7 @@ bool BlockWalk::mayDoubt(std::uint64_t bytes) {
   return found_ == Found::OutOfSequence || doubted_ <= freely + perByte * image_.size();
 }
 
-/// Takes what is not as long as it claims, up to where the next block proves itself.
+/// Takes a block that is not as long as it claims, up to the next block that can be verified.
 void BlockWalk::takeBroken(std::uint64_t end) {
   const std::uint64_t size = end - position_;
   if (size < detail::headerSize) return takeStray(Finding::TooShort, end);
@@ -156,26 +156,26 @@ void BlockWalk::takeBroken(std::uint64_t end) {
   position_ = end;
 }
 
-/// Whether a block is as long as it claims.
+/// Returns whether a block is assumed to be as long as it claims.
 bool BlockWalk::isBelieved(std::uint64_t end, std::uint64_t cut) {
   if (cut != end) return false;
   return search_ == Search::SequenceOnly || !hasDoubtfulSize(block_) || leadsOn(end);
 }
 
-/// Where another block begins that proves itself inside one whose check does not speak for its end, or that end.
+/// Returns where a verified block begins inside one whose check does not confirm its end, or else that end.
 std::uint64_t BlockWalk::cutOf(std::uint64_t end) {
   const bool counter = block_.kind == BlockKind::EventCounter;
   if (search_ == Search::SequenceOnly || block_.found == Found::OutOfSequence) return end;
   if (block_.isSound() && (!counter || isPlausibleAt(end))) return end;
   if (isProven(end)) return end;
-  // A counter's size stands in it twice: a few bytes may be missing in it, but what it holds whole is its own.
+  // A counter stores its size twice: a few bytes may be missing in it, but blocks wholly inside are part of it.
   constexpr std::uint64_t mostMissing = 64;
   std::uint64_t cut = nextProven(counter ? std::max(position_ + 1, end - std::min(end, mostMissing)) : position_ + 1);
   while (counter && cut < end && cut + detail::sizeOf(from(cut)) <= end) cut = nextProven(cut + 1);
   return std::min(cut, end);
 }
 
-/// Whether what stands at an offset looks like the next block of a sequence, or like its end.
+/// Returns whether the bytes at an offset look like the next block of a sequence, or like its end.
 bool BlockWalk::isPlausibleAt(std::uint64_t offset) const {
   if (offset >= image_.size()) return true;
   if (beginsWithEnd(from(offset))) return !beginsWithEnd(from(offset - 2));  // not just anywhere in erased memory
@@ -185,7 +185,7 @@ bool BlockWalk::isPlausibleAt(std::uint64_t offset) const {
   return !claimed.empty() && ((row != nullptr && row->acceptsSize(size)) || detail::sumOfWords(claimed) == 0);
 }
 
-/// Whether a sequence leads from an offset to a block that looks like one, or to its end.
+/// Returns whether a sequence leads from an offset to a block that looks like one, or to its end.
 bool BlockWalk::leadsOn(std::uint64_t offset) {
   constexpr int furthest = 3;
   for (int blocks = 0; blocks < furthest; ++blocks) {
@@ -197,7 +197,7 @@ bool BlockWalk::leadsOn(std::uint64_t offset) {
   return false;
 }
 
-/// Where an end block closes a memory of which nothing but erased memory is left, or else the memory's end.
+/// Returns where an end block begins that only erased memory follows, or else the memory's end.
 std::uint64_t BlockWalk::endBehind(std::uint64_t offset) const {
   if (search_ == Search::SequenceOnly) return image_.size();
   const auto used = std::find_if(image_.rbegin(), image_.rend(), [](auto byte) { return byte != detail::erasedByte; });

@@ -9,8 +9,8 @@ namespace Velk {
 
 /// Where blocks are looked for.
 enum class Search : unsigned char {
-  Everywhere,    ///< in sequence and, where that is broken, at every offset
-  SequenceOnly,  ///< where the one before ends, and nowhere else
+  Everywhere,    ///< in sequence and, if that is broken, at every offset
+  SequenceOnly,  ///< where the block before ends, and nowhere else
 };
 
 /// The walk over one memory, from one block to the next.
@@ -22,15 +22,15 @@ class VELK_EXPORT BlockWalk {
   explicit BlockWalk(ConstBytes image, std::uint64_t start = 0, Search search = Search::Everywhere)
       : image_(image), start_(start), search_(search) {}
 
-  /// Goes on to the next block; false after the last.
+  /// Moves to the next block; returns false after the last.
   bool next();
-  /// The block that the walk is at.
+  /// Returns the current block.
   const BlockView& block() const { return block_; }
 
  private:
-  /// Whether anything but erased memory is ahead; takes the walk over what is erased.
+  /// Skips erased memory; returns whether anything else follows.
   bool skipErased();
-  /// Each completes block_, which begins as all bytes ahead.
+  /// Each of these completes block_, which begins with all the bytes ahead.
   void takeStray(Finding finding, std::uint64_t end);
   void takeBehindEnd();
   void takeEnd();
@@ -56,12 +56,12 @@ class VELK_EXPORT BlockWalk {
   std::uint64_t start_;
   Search search_;
   std::uint64_t position_ = 0;
-  bool ended_ = false;  ///< an end block is all that stands before the position
+  bool ended_ = false;  ///< the block before the position is an end block
   Found found_ = Found::InSequence;
   BlockView block_;
-  /// Bytes that were looked at for blocks that are not as long as they claim.
+  /// Bytes that were examined of blocks that are not as long as they claim.
   std::uint64_t doubted_ = 0;
-  /// Known once they are needed: most memories are sound.
+  /// Computed when needed: most memories are sound.
   std::optional<detail::ProvenStarts> proven_;
 };
 

@@ -32,7 +32,7 @@ std::string describeTooShort(const BlockView& block) {
   return std::to_string(block.bytes.size()) + " bytes are too few for a block";
 }
 
-/// Says what bytes look like, where they look like something.
+/// Says what bytes look like; empty if they look like nothing known.
 std::string describeLook(const BlockView& block) {
   const RegionLook look = lookOf(block.bytes);
   return look == RegionLook::Other ? "" : std::string("; they look like ") + lookName(look);
@@ -53,14 +53,14 @@ std::string describeSizeOfClass(const BlockView& block) {
   return "size " + std::to_string(block.declaredSize) + ", blocks of this id have " + std::to_string(block.row->size);
 }
 
-/// Describes a finding where the walk has set it.
+/// Describes a finding if the walk has set it.
 template <Finding finding, std::string (*text)(const BlockView&)>
 std::vector<std::string> describeSet(const BlockView& block) {
   if (!block.has(finding)) return {};
   return {text(block)};
 }
 
-/// By Finding.
+/// Indexed by Finding.
 constexpr FindingKind kinds[] = {
     {"damaged-size", "damaged size", Severity::Error, describeSet<Finding::UnbelievableSize, describeSize>},
     {"wrong-checksum", "wrong checksum", Severity::Error, describeSet<Finding::WrongChecksum, describeChecksum>},

@@ -18,10 +18,10 @@ enum class Severity : unsigned char {
 
 /// One thing that can be wrong with a block.
 struct FindingKind {
-  const char* code;  ///< for programs, as "wrong-checksum"; unique
-  const char* name;  ///< two or three words, as "wrong checksum"; kinds may share one
+  const char* code;  ///< for programs, such as "wrong-checksum"; unique
+  const char* name;  ///< two or three words, such as "wrong checksum"; kinds may share one
   Severity severity;
-  /// Describes what a block has of this kind, one sentence for each place; empty where it has nothing.
+  /// Describes each place with this kind of problem in a sentence; empty if the block has none.
   std::vector<std::string> (*describe)(const BlockView& block);
 };
 
@@ -38,16 +38,16 @@ enum class Finding : unsigned char {
 };
 inline constexpr std::size_t findingCount = static_cast<std::size_t>(Finding::WrongSumBesideCrc) + 1;
 
-/// Findings of the walk, by Finding.
+/// Findings of the walk, indexed by Finding.
 using FindingSet = std::bitset<findingCount>;
 
-/// Returns the kinds that the walk finds, by Finding.
+/// Returns the kinds that the walk finds, indexed by Finding.
 VELK_EXPORT std::span<const FindingKind> walkFindingKinds();
 
 /// Returns those of them that are errors.
 VELK_EXPORT FindingSet errorFindings();
 
-/// Describes one finding of the walk, as "checksum is 0x1234, the bytes give 0x4321"; empty where the block has it not.
+/// Describes one finding of the walk, as "checksum is 0x1234, the bytes give 0x4321"; empty if there is none.
 VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 
 /// Returns the name of the most important error, or "sound".

@@ -9,17 +9,17 @@
 
 namespace Velk {
 
-/// The size of sectors that a memory suggests itself.
+/// Selects the sector size that the memory itself suggests.
 inline constexpr std::uint64_t automaticSectorSize = ~std::uint64_t{0};
 
-/// The bytes of a module memory as the blocks in it.
+/// The bytes of a module memory, and the blocks in it.
 ///
-/// Blocks follow one another, each as long as its header says, up to the end block or the last byte. Where such
-/// a sequence is broken, by damage or by bytes of something else, the walk goes on at the next block that proves
-/// itself, at whatever offset; docs/memory_image.md has the rules. The same bytes always give the same blocks.
+/// Blocks follow one another, each as long as its header says, up to the end block or the last byte. If the sequence is
+/// broken, by damage or by other data, the walk continues at the next block that can be verified, at any offset;
+/// docs/memory_image.md has the rules. The same bytes always give the same blocks.
 ///
-/// Nothing is lost: every byte is in one view, but for erased memory after an end block. Walking takes time in
-/// proportion to the bytes, whatever they are, and an eighth of their memory at most.
+/// Nothing is lost: every byte is in one view, except for erased memory after an end block. Walking takes time
+/// proportional to the bytes, whatever they are, and at most an eighth of their memory.
 ///
 /// The image owns its bytes; views and iterators are valid while it lives.
 ///
@@ -28,9 +28,9 @@ class VELK_EXPORT MemoryImage {
  public:
   class Iterator;
 
-  /// Walks `bytes` from offset `start` on, and looks at none before it: as one memory, or in sectors of `sectorSize`
-  /// bytes, the first of which begins at `start` and the last of which may be shorter. automaticSectorSize takes the
-  /// size that is suggested.
+  /// Walks `bytes` from offset `start` on, without looking at any before it: as one memory, or in sectors of
+  /// `sectorSize` bytes, the first of which begins at `start` and the last of which may be shorter. automaticSectorSize
+  /// uses the suggested size.
   explicit MemoryImage(QByteArray bytes, std::uint64_t start = 0, std::uint64_t sectorSize = 0,
                        Search search = Search::Everywhere);
 
@@ -38,14 +38,14 @@ class VELK_EXPORT MemoryImage {
   static std::default_sentinel_t end() { return {}; }
 
   ConstBytes bytes() const;
-  /// As it is walked: 0 for one memory without sectors.
+  /// Returns the size used by the walk; 0 for one memory without sectors.
   std::uint64_t sectorSize() const { return sectorSize_; }
 
-  /// What no block covers from the start of the walk on, in order: stray bytes and erased memory.
+  /// Returns what no block covers from the start of the walk on, in order: stray bytes and erased memory.
   std::vector<Region> regions() const;
 
-  /// The size of sectors that explains where the sequences of a memory begin that is walked without sectors; 0 where it
-  /// has but one, or where they begin anywhere.
+  /// Returns the sector size that explains where the sequences begin in a memory that is walked without sectors; 0 if
+  /// it has only one, or if they begin anywhere.
   std::uint64_t suggestedSectorSize() const;
 
  private:

@@ -25,7 +25,7 @@ struct Anchor {
   std::size_t other;
 };
 
-/// Pairs of equal blocks of which each list has only one, in the order of `others`.
+/// Returns the pairs of equal blocks of which each list has only one, in the order of `others`.
 std::vector<Anchor> uniquePairs(const std::vector<DumpView>& merged, const std::vector<DumpView>& others) {
   struct Places {
     std::size_t merged = 0, other = 0, mergedCount = 0, otherCount = 0;
@@ -49,7 +49,7 @@ std::vector<Anchor> uniquePairs(const std::vector<DumpView>& merged, const std::
   return pairs;
 }
 
-/// The longest part of the pairs that is in the order of both lists.
+/// Returns the longest sequence of pairs that is in the order of both lists.
 std::vector<Anchor> inOrder(const std::vector<Anchor>& pairs) {
   constexpr std::size_t none = ~std::size_t{0};
   std::vector<std::size_t> ends;  // of the best sequence of each length, the index of its last pair
@@ -70,14 +70,14 @@ std::vector<Anchor> inOrder(const std::vector<Anchor>& pairs) {
   return anchors;
 }
 
-/// How far the offsets of a dump are from the places of the memory.
+/// How far the offsets in a dump are from the places in the memory.
 class Shift {
  public:
-  /// The block at `offset` of the dump stands at `place`.
+  /// Adds that the block at `offset` of the dump is at `place`.
   void add(std::uint64_t offset, std::int64_t place) {
     shifts_[static_cast<std::int64_t>(offset)] = place - static_cast<std::int64_t>(offset);
   }
-  /// By the nearest block before that has a place, or else the first one.
+  /// Returns the place of an offset, by the nearest block before it that has a place, or else by the first one.
   std::int64_t placeOf(std::uint64_t offset) const {
     if (shifts_.empty()) return static_cast<std::int64_t>(offset);
     auto after = shifts_.upper_bound(static_cast<std::int64_t>(offset));
@@ -89,7 +89,7 @@ class Shift {
   std::map<std::int64_t, std::int64_t> shifts_;
 };
 
-/// What one dump shows.
+/// The views of one dump.
 struct Dump {
   std::vector<DumpView> sound{};
   std::vector<DumpView> damaged{};
@@ -107,14 +107,14 @@ Dump survey(const MemoryImage& image, std::size_t number) {
 using Blocks = std::vector<DumpView>;
 using Part = std::span<const DumpView>;
 
-/// Whether the memory can have had only one of two blocks. One that lacks bytes before it stands a little early.
+/// Returns whether the memory can have had only one of two blocks. One with bytes missing before it is a little early.
 bool isSamePlace(const DumpView& first, const DumpView& second) {
   const std::int64_t shared = std::min(endOf(first), endOf(second)) - std::max(first.place, second.place);
   const auto shorter = static_cast<std::int64_t>(std::min(first.view.bytes.size(), second.view.bytes.size()));
   return shared > shorter / 2;
 }
 
-/// Moves blocks that overlap apart, and what follows with them.
+/// Moves overlapping blocks apart, and the blocks after them along.
 void moveApart(Blocks& blocks) {
   std::int64_t moved = 0;
   for (std::size_t i = 0; i < blocks.size(); ++i) {
@@ -126,7 +126,7 @@ void moveApart(Blocks& blocks) {
   }
 }
 
-/// How far the offsets of a dump are from the places of the merged blocks, by the blocks that both have.
+/// Returns how far the offsets of a dump are from the places of the merged blocks, by the blocks that both have.
 Shift shiftOf(const Dump& dump, const Blocks& merged) {
   Shift shift;
   for (const Anchor& anchor : inOrder(uniquePairs(merged, dump.sound))) {
@@ -139,7 +139,7 @@ class Merger {
  public:
   explicit Merger(std::optional<std::size_t> preferred) : preferred_(preferred) {}
 
-  /// Adds the blocks of a dump, part by part between the blocks that it shares with those before.
+  /// Adds the blocks of a dump, part by part between the blocks that it shares with earlier dumps.
   void add(Dump& dump) {
     const Blocks before = std::exchange(recovery_.blocks, {});
     const std::vector<Anchor> anchors = inOrder(uniquePairs(before, dump.sound));
@@ -170,7 +170,7 @@ class Merger {
   Recovery take() { return std::move(recovery_); }
 
  private:
-  /// Blocks of the same stretch of memory, by their places.
+  /// Merges blocks of the same stretch of memory, by their places.
   void addPart(Part merged, Part others) {
     while (!merged.empty() || !others.empty()) {
       if (!merged.empty() && !others.empty() && isSamePlace(merged.front(), others.front())) {
@@ -189,7 +189,7 @@ class Merger {
     if (textOf(first) != textOf(second) && first.dump != preferred_) recovery_.conflicts.push_back({first, second});
   }
 
-  /// How many bytes of a view blocks stand for.
+  /// Returns how many bytes of a view the recovered blocks cover.
   std::uint64_t bytesRecovered(const DumpView& view) const {
     const Blocks& blocks = recovery_.blocks;
     std::int64_t count = 0;

@@ -28,7 +28,7 @@ class Histogram {
     return text;
   }
 
-  /// In bits a byte.
+  /// Returns the entropy in bits per byte.
   double entropy() const {
     double bits = 0;
     for (const std::size_t count : counts_) {

@@ -7,19 +7,19 @@
 
 namespace Velk {
 
-/// What bytes look like that belong to no block.
+/// What bytes that belong to no block look like.
 enum class RegionLook : unsigned char {
   Erased,       ///< nothing but FF
   Zeros,        ///< nothing but zeros
-  Text,         ///< characters of ASCII and line ends, for the most part
+  Text,         ///< mostly ASCII characters and line ends
   HighEntropy,  ///< as evenly spread as compressed or encrypted data
   Other,
 };
 
-/// "erased", "zeros", "text", "high-entropy" or "other".
+/// Returns "erased", "zeros", "text", "high-entropy" or "other".
 VELK_EXPORT const char* lookName(RegionLook look);
 
-/// What bytes look like. Of many bytes, samples decide on text and entropy.
+/// Returns what bytes look like. Of many bytes, samples decide on text and entropy.
 VELK_EXPORT RegionLook lookOf(ConstBytes bytes);
 
 /// Bytes of an image that no block covers.

@@ -8,16 +8,16 @@
 
 namespace Velk::detail {
 
-/// The sums of the 16-bit words of blocks, asked for from the end of a memory to its beginning.
+/// The sums of the 16-bit words of blocks, requested from the end of a memory to its beginning.
 ///
-/// Each is the difference of two sums that reach from an offset to a common end. Those of 128 KiB are kept, twice as
-/// long as a block can be. Those of even and of odd offsets alternate and do not mix.
+/// Each is the difference of two sums from an offset to a common end. Those of 128 KiB are kept, twice the length of
+/// the longest block. Sums of even and of odd offsets alternate and do not mix.
 class WindowedSums {
  public:
   explicit WindowedSums(ConstBytes memory) : memory_(memory), reached_(memory.size() + 2 * longest) {}
 
-  /// The sum of `size` bytes of the memory from an offset on, which is not much above the least one asked for before;
-  /// an odd last byte is no word.
+  /// Returns the sum of `size` bytes of the memory from an offset on, which must not be far above the lowest one
+  /// requested before; an odd last byte is ignored.
   unsigned short sum(std::size_t offset, std::size_t size) {
     if (offset < reached_) reach(offset);
     return static_cast<unsigned short>(toEnd(offset) - toEnd(offset + size / 2 * 2));
@@ -38,7 +38,7 @@ class WindowedSums {
       next = sum;
     }
   }
-  /// Nobody asks so far ahead again.
+  /// Starts anew: sums this far ahead are not requested again.
   void begin(std::size_t end) {
     toEnd_.resize(std::bit_ceil(std::min(memory_.size() + 2, 2 * longest)));
     reached_ = end;

@@ -22,8 +22,8 @@ inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
 };
 
-/// Completes the traits of a list class by what its record says, and by the unit of its values times `scale`, which is
-/// how its text presents them.
+/// Completes the traits of a list class from its record, and with the unit of its values times `scale`, which is how
+/// its text presents them.
 template <class Record, UnitName unit, int scale = 1>
 constexpr RecordTraits listTraits(RecordTraits traits) {
   static_assert(scale == 1 || std::is_same_v<std::remove_extent_t<decltype(Record::values)>, unsigned int>);
@@ -52,17 +52,17 @@ class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
 
   Count count() const { return this->get(&Record::count); }
   void setListCount(Count count) { this->set(&Record::count, count); }
-  /// Ignores a count of more values than the list has room for.
+  /// Sets the count; ignores one of more values than the list has room for.
   void setCountThatFits(Count count) {
     if (std::cmp_less_equal(count, std::extent_v<decltype(Record::values)>)) setListCount(count);
   }
   Value value(std::int64_t index) const { return this->get(&Record::values, index); }
   void setValue(Value value, std::int64_t index) { this->set(&Record::values, value, index); }
-  /// Without a fresh checksum where the caller stores one after a series of values.
+  /// Updates the checksum if `withChecksum` is set; a caller may do so once after a series of values.
   void setValue(Value value, std::int64_t index, bool withChecksum) {
     this->set(&Record::values, value, index, withChecksum);
   }
-  /// The value as the text presents it.
+  /// Returns the value as the text presents it.
   double presented(std::int64_t index) const {
     return detail::presentedValue(this->bytes(), this->recordTraits().fields[1], this->recordTraits().text, index);
   }
@@ -74,7 +74,7 @@ class VELK_EXPORT HwSpreadFrequencyList : public List {
  public:
   unsigned int getNumberOfFrequency() const { return this->count(); }
   void setNumberOfFrequency(unsigned int n) { this->setListCount(n); }
-  /// The presented value; 0 past the capacity.
+  /// Returns the presented value; 0 past the capacity.
   double getFrequencyValue(unsigned int index) const { return this->presented(index); }
 
  protected:

@@ -18,7 +18,7 @@ template <class Record, UnitName unit>
 inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count),
                                            VELK_FIELD(Record, cells).in(unit.name).counted("count")};
 
-/// Completes the traits of a table class by what its record says, and by the unit of its cells.
+/// Completes the traits of a table class from its record, and with the unit of its cells.
 template <class Record, UnitName unit = "">
 constexpr RecordTraits gridTraits(RecordTraits traits) {
   traits.size = sizeof(Record);
@@ -26,8 +26,8 @@ constexpr RecordTraits gridTraits(RecordTraits traits) {
   return traits;
 }
 
-/// A block that is a number of steps and a table of all its columns for each. Its COUNT line names the companion list
-/// of frequencies: the block's own name with another word in it.
+/// A block with a number of steps and a table that has a row of all columns for each. Its COUNT line names the
+/// companion list of frequencies: the block's own name with one word replaced.
 template <class Record>
 class VELK_EXPORT HwGridBlock : public HwTypedRecordBlock<Record> {
  public:

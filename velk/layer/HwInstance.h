@@ -4,11 +4,11 @@
 
 namespace Velk {
 
-/// A block of which a memory holds several, one for each path or copy, with ids one after another.
+/// A block of which a memory holds several, one for each path or copy, with consecutive ids.
 template <class Block>
 class VELK_EXPORT HwInstance : public Block {
  public:
-  /// The path or copy that the block was made for.
+  /// Returns the path or copy that the block was constructed for.
   int getInstance() const { return instance_; }
 
  protected:

@@ -19,13 +19,13 @@ inline constexpr FieldInfo singleValueFields[] = {
     VELK_FIELD(SingleValueRecord, value).counted("count"),
 };
 
-/// The value of some blocks has no sign.
+/// In some blocks the value is unsigned.
 inline constexpr FieldInfo unsignedSingleValueFields[] = {
     singleValueFields[0],
     detail::describeField<unsigned int>("value", offsetof(SingleValueRecord, value)).counted("count"),
 };
 
-/// Completes the traits of a single-value class by what they have in common.
+/// Completes the traits of a single-value class with what all of them share.
 constexpr RecordTraits singleValueTraits(RecordTraits traits, std::span<const FieldInfo> fields = singleValueFields) {
   traits.size = sizeof(SingleValueRecord);
   traits.fields = fields;
@@ -41,14 +41,14 @@ class VELK_EXPORT HwSingleValueBlock : public HwTypedRecordBlock<SingleValueReco
   std::ostream& printToStream(std::ostream& os) override;
 
  protected:
-  /// `failure` is the text of the error signalled when a stored value reads back differently.
+  /// `failure` is the text of the error signalled if a stored value reads back differently.
   HwSingleValueBlock(const RecordTraits& traits, const char* failure, bool stopConversionOnError = true)
       : HwTypedRecordBlock(traits, stopConversionOnError), failure_(failure) {}
 
   void storeCount(unsigned int count) { set(&SingleValueRecord::count, count); }
   int value(unsigned char index) const { return index == 0 ? get(&SingleValueRecord::value) : 0; }
-  /// Stores the value of index 0 and reads it back: 0 when that worked, -1 and an error signal otherwise. Another index
-  /// changes nothing and gives 0.
+  /// Stores the value of index 0, reads it back and returns 0; or signals an error and returns -1 if it differs. For
+  /// any other index does nothing and returns 0.
   int storeValue(int value, unsigned char index);
 
  private:
@@ -60,7 +60,7 @@ class VELK_EXPORT HwReferenceOscillatorBlock : public HwSingleValueBlock {
  public:
   void setCount(unsigned char count) { storeCount(count); }
   int getOcxoRefCalValue(unsigned char index) const { return value(index); }
-  /// 0, or -1 and an error signal when the stored value reads back differently.
+  /// Returns 0; or -1, after signalling an error, if the stored value reads back differently.
   int setOcxoRefCalValue(int value, unsigned char index) { return storeValue(value, index); }
 
  protected:

@@ -75,7 +75,7 @@ void printRecordFields(TextWriter& text, ConstBytes block, std::span<const Field
     const std::size_t capacity = field.openEnded ? roomFor(field, at, block.size()) : field.rows;
     const std::size_t rows = elementsInUse(block, fields, offset, field.usedRows, capacity);
     const std::size_t columns = elementsInUse(block, fields, offset, field.usedCols, field.cols);
-    // A single value is there whatever counts it.
+    // A single value is shown whatever its count.
     printElements(text, block, {&field, at}, path + field.name, field.rank == 0 ? 1 : rows, columns);
   }
 }

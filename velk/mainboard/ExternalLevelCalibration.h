@@ -6,12 +6,12 @@
 
 namespace Velk {
 
-/// The frequency grid of a path's external level calibration. A stored value is a tenth of the presented one; two equal
-/// neighbours are presented 0.01 apart.
+/// The frequency grid of a path's external level calibration. Presented values are ten times the stored ones; of two
+/// equal neighbours, the second is presented 0.01 higher.
 template <class Record>
 class VELK_EXPORT HwPathFrequencyList : public HwSpreadFrequencyList<HwInstance<HwCountedBlock<Record>>> {
  public:
-  /// Takes the value as it is stored.
+  /// Sets a value, in stored units.
   void setFrequencyValue(unsigned int value, unsigned int index) { this->setValue(value, index); }
 
  protected:
@@ -89,14 +89,14 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq2Edition_Enh
       : HwPathFrequencyList(traits, path, stopConversionOnError) {}
 };
 
-/// The level corrections of a path's external level calibration: a row for each level step, a column for each
+/// The level corrections of a path's external level calibration: a row for each level step and a column for each
 /// frequency.
 template <class Record>
 class VELK_EXPORT HwPathLevelTable : public HwInstance<HwGridBlock<Record>> {
  public:
   unsigned int getNumberOfLevelSteps() const { return this->count(); }
   void setNumberOfLevelSteps(unsigned short n) { this->setGridCount(n); }
-  /// 0 outside the table.
+  /// Returns 0 outside the table.
   short getCorLevelValue(unsigned char level, unsigned int frequencyIndex) const {
     return this->cell(level, frequencyIndex);
   }
@@ -170,7 +170,7 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition
 using HwSDatablockMbrdExtLevCalData2Edition_Enh = GridRecord<short, 13, 500>;
 static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition_Enh) == 13012);
 
-/// Comes in two sizes; the smaller one ends after seven rows. Handing out its record extends the buffer by the others.
+/// Has one of two sizes; the smaller one ends after seven rows. getBlock() extends its buffer by the others.
 class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
     : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition_Enh> {
  public:
@@ -182,10 +182,10 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
           .alsoKeys = {.firstId = 12160, .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION"}},
       },
       "# Userdaten ");
-  /// Bytes of a block with seven rows.
+  /// The size in bytes of a block with seven rows.
   static constexpr unsigned short smallSize = 7012;
 
-  /// 13 rows for a `blockSize` of 13012, else seven.
+  /// Makes a block with 13 rows if `blockSize` is 13012, and with seven otherwise.
   HwDatablockMbrdExtLevCalData2Edition_Enh(int path, bool stopConversionOnError, int blockSize)
       : HwPathLevelTable(blockSize == traits.size ? traits : smallTraits, path, stopConversionOnError) {}
 

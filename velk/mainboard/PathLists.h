@@ -177,7 +177,7 @@ using HwSDatablockMbrdRfResponseIoPepInfo = CountedRecord<unsigned int, unsigned
 static_assert(sizeof(HwSDatablockMbrdRfResponseIoPepInfo) == 92);
 
 /// Calibration levels of a path in 1/100 dB: the number of IOPEP values and the values, the number of maximum IQPEP
-/// values and the values, the baseband gain.
+/// values and the values, and the baseband gain.
 class VELK_EXPORT HwDatablockMbrdRfResponseIoPepInfo
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseIoPepInfo>> {
  public:

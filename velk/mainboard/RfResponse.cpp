@@ -5,7 +5,7 @@ namespace {
 
 using detail::TextWriter;
 
-/// The rows of one setting or level: "ATT1 7: " and the coefficients of point 7, as many points as the count says.
+/// Writes `count` rows for one setting or level, such as "ATT1 7: " and the coefficients of point 7.
 template <class Cell>
 void printPolynomials(TextWriter& text, const char* label, unsigned number, std::uint64_t count, Cell cell) {
   for (std::uint64_t point = 0; point < count && text.ok(); ++point) {

@@ -48,7 +48,7 @@ class VELK_EXPORT HwDatablockMbrdRfResponseAttAmpl
 
   unsigned int getNumberOfRfRespAttFreqs() const { return get(&HwSDatablockMbrdRfResponseAttAmpl::count); }
   void setNumberOfRfRespAttFreqs(unsigned int n) { set(&HwSDatablockMbrdRfResponseAttAmpl::count, n); }
-  /// Zeros outside the table.
+  /// Returns zeros outside the table.
   HwSAttPolynomValues getCorLevelValue(unsigned char attenuator, unsigned int frequencyIndex) const {
     return get(&HwSDatablockMbrdRfResponseAttAmpl::cells, attenuator, frequencyIndex);
   }
@@ -73,7 +73,7 @@ struct VELK_RECORD HwSDatablockMbrdRfResponseLpFreq {
 };
 static_assert(sizeof(HwSDatablockMbrdRfResponseLpFreq) == 5444);
 
-/// A correction polynomial; its scaling stands in the comments of the texts.
+/// A correction polynomial; the comments in the texts give its scaling.
 struct VELK_RECORD HwSPolynomValues {
   signed char coefficients[4];
 
@@ -81,7 +81,7 @@ struct VELK_RECORD HwSPolynomValues {
 };
 static_assert(sizeof(HwSPolynomValues) == 4);
 
-/// Corrections of each low-pass filter: a row for each filter and level, filter by filter, a column for each point.
+/// Corrections of each low-pass filter: a row for each filter and level, ordered by filter; a column for each point.
 struct VELK_RECORD HwSDatablockMbrdRfResponseLpAmp {
   HwSDatablockHeader header;
   unsigned int counts[lowPassFilters];  ///< points in use
@@ -102,7 +102,7 @@ inline constexpr FieldInfo lowPassCorrectionFields[] = {
     VELK_FIELD(HwSDatablockMbrdRfResponseLpAmp, cells).of(polynomFields),
 };
 
-/// A path's low-pass tables: the number of points of each filter. A filter above 8 reads as 0 and stores nothing.
+/// A path's low-pass tables: the number of points of each filter. A filter above 8 reads as 0 and is not written.
 template <class Record>
 class VELK_EXPORT HwLowPassBlock : public HwInstance<HwTypedRecordBlock<Record>> {
  public:
@@ -138,7 +138,7 @@ class VELK_EXPORT HwDatablockMbrdRfResponseLpFreq : public HwLowPassBlock<HwSDat
   std::ostream& printToStream(std::ostream& os) override;
 };
 
-/// What the amplitude and the phase corrections share.
+/// The common base of the amplitude and the phase corrections.
 class VELK_EXPORT HwLowPassCorrectionBlock : public HwLowPassBlock<HwSDatablockMbrdRfResponseLpAmp> {
  public:
   std::ostream& printToStream(std::ostream& os) override;

@@ -80,7 +80,7 @@ class VELK_EXPORT HwDatablockAduGainOffsetCalData : public HwTypedRecordBlock<Hw
     set(&HwSDatablockAduGainOffsetCalData::entries, entry, index);
   }
 
-  /// Always 0: a refusal shows only as an error signal.
+  /// Always returns 0: a refused record only signals an error.
   int setBlock(const HwSDatablockAduGainOffsetCalData* record) {
     HwTypedRecordBlock::setBlock(record);
     return 0;

@@ -27,13 +27,13 @@ class VELK_EXPORT HwDatablockDetLimiterMaxVoltFreq : public HwCountedBlock<HwSDa
   unsigned int getCount() const { return count(); }
   void setCount(unsigned int n) { setListCount(n); }
   double getFrequencyValue(unsigned int index) const { return value(index); }
-  /// Stores a fresh checksum unless the caller does so after a series of values.
+  /// Updates the checksum if `withChecksum` is set.
   void setFrequencyValue(double frequency, unsigned int index, bool withChecksum) {
     setValue(frequency, index, withChecksum);
   }
 };
 
-/// Detector voltages at the limiter's highest level, in V.
+/// Detector voltages at the limiter's maximum level, in V.
 class VELK_EXPORT HwDatablockDetLimiterMaxVoltData : public HwCountedBlock<HwSDatablockDetLimiterMaxVoltData> {
  public:
   static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltData, "V">({
@@ -49,7 +49,7 @@ class VELK_EXPORT HwDatablockDetLimiterMaxVoltData : public HwCountedBlock<HwSDa
   unsigned int getCount() const { return count(); }
   void setCount(unsigned int n) { setListCount(n); }
   double getMaxVoltageValue(unsigned int index) const { return value(index); }
-  /// Stores a fresh checksum unless the caller does so after a series of values.
+  /// Updates the checksum if `withChecksum` is set.
   void setMaxVoltageValue(double voltage, unsigned int index, bool withChecksum) {
     setValue(voltage, index, withChecksum);
   }

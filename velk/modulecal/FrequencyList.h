@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// The accessors of lists of frequencies whose count is a number of values.
+/// The accessors of lists of frequency values.
 template <class Record>
 class VELK_EXPORT HwFrequencyList : public HwCountedBlock<Record> {
  public:

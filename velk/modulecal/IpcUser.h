@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// User data of the controller board: bytes whose meaning belongs to the user.
+/// User data of the controller board: bytes whose meaning the user defines.
 template <std::size_t N>
 struct VELK_RECORD UserRecord {
   HwSDatablockHeader header;
@@ -21,7 +21,7 @@ template <class Record>
 inline constexpr FieldInfo userFields[] = {VELK_FIELD(Record, data).personal()};
 
 namespace detail {
-/// The text of a user record: its bytes as numbers, a line each.
+/// Writes the text of a user record: its bytes as numbers, one per line.
 VELK_EXPORT std::ostream& printUserData(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 }  // namespace detail
 

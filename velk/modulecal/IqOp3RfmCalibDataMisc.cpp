@@ -47,13 +47,13 @@ constexpr const char* v20Labels[] = {"LMAX_LOW:",
                                      "DETATT_OVR:"};
 static_assert(std::size(v20Labels) == std::size(iqOp3MiscV20Fields));
 
-/// A section: an empty line and the comment that explains the lines after it.
+/// Writes an empty line and the comment that explains the lines after it.
 void printSection(TextWriter& text, const char* comment) {
   text.endLine();
   text.line(comment);
 }
 
-/// A line for each operating state; `write` writes the value of one.
+/// Writes a line for each operating state; `write` writes its value.
 template <class Write>
 void printStates(TextWriter& text, const char* label, const char* unit, std::uint64_t states, Write write) {
   for (std::uint64_t state = 0; state < states && text.ok(); ++state) {

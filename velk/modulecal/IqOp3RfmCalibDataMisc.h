@@ -9,8 +9,8 @@ namespace detail {
 class TextWriter;
 }
 
-/// Scalar calibration values of the I/Q RF module, first version, where they differ for each operating state. 16-bit
-/// values are in 1/128 dB.
+/// Scalar calibration values of the I/Q RF module, first version, some of them for each operating state. 16-bit values
+/// are in 1/128 dB, except detReserveBz, which is in dB.
 struct VELK_RECORD HwSDatablockIqOp3RfmCalibDataMisc {
   HwSDatablockHeader header;
   unsigned short toleranceLevPre;  ///< of the level-preset step attenuator
@@ -18,7 +18,7 @@ struct VELK_RECORD HwSDatablockIqOp3RfmCalibDataMisc {
   unsigned short toleranceLevAtt_30_45;
   unsigned short toleranceDetAtt;        ///< of the detector step attenuator
   float detFullScale;                    ///< of the detector converter, in V
-  unsigned int numberOfOperatingStates;  ///< 8 as a rule
+  unsigned int numberOfOperatingStates;  ///< usually 8
   float pmaxBz[12];                      ///< maximum output power: a 16-bit fixed-point value, stored as float
   float uiqBz[12];                       ///< I/Q baseband voltage, in V
   unsigned short lconReserveBz[12];      ///< reserve of the level-control attenuator
@@ -45,7 +45,7 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
     VELK_FIELD(HwSDatablockIqOp3RfmCalibDataMisc, detReserveBz).in("dB").counted("numberOfOperatingStates"),
 };
 
-/// A state above 11 reads as 0 and stores nothing.
+/// A state above 11 reads as 0 and is not written.
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataMisc : public HwTypedRecordBlock<HwSDatablockIqOp3RfmCalibDataMisc> {
  public:
   static constexpr RecordTraits traits{
@@ -69,7 +69,7 @@ class VELK_EXPORT HwDatablockIqOp3RfmCalibDataMisc : public HwTypedRecordBlock<H
   unsigned int getNumberOfOperatingStates() const {
     return get(&HwSDatablockIqOp3RfmCalibDataMisc::numberOfOperatingStates);
   }
-  /// The stored value truncated toward zero.
+  /// Returns the stored value truncated toward zero.
   unsigned short getPmaxBz(unsigned char state) const;
   float getUiqBz(unsigned char state) const { return get(&HwSDatablockIqOp3RfmCalibDataMisc::uiqBz, state); }
   unsigned short getLconReserveBz(unsigned char state) const {

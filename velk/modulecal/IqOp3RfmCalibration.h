@@ -43,7 +43,7 @@ class VELK_EXPORT HwDatablockIqOp3RfmHarmonic : public HwTypedRecordBlock<HwSDat
 using HwSDatablockIqOp3RfmCalibDataFreq = CountedRecord<unsigned int, unsigned int, 300>;
 static_assert(sizeof(HwSDatablockIqOp3RfmCalibDataFreq) == 1212);
 
-/// Frequencies of the module's calibration, a row of each calibration block.
+/// Frequencies of the module's calibration, one for each row of the calibration blocks.
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataFreq : public HwCountedBlock<HwSDatablockIqOp3RfmCalibDataFreq> {
  public:
   static constexpr RecordTraits traits = listTraits<HwSDatablockIqOp3RfmCalibDataFreq>({
@@ -114,7 +114,7 @@ class VELK_EXPORT HwDatablockIqOp3RfmCalibData : public HwTypedRecordBlock<HwSDa
 
   HwDatablockIqOp3RfmCalibData() : HwTypedRecordBlock(traits, true) {}
 
-  /// Which of the module's calibration blocks this is: the distance of its id from the first one.
+  /// Returns which of the module's calibration blocks this is: its id minus that of the first one.
   int getInstanceCounter() { return getId() - traits.id; }
   unsigned int getOperatingState() const { return get(&HwSDatablockIqOp3RfmCalibData::operatingState); }
   void setOperatingState(unsigned int state) { set(&HwSDatablockIqOp3RfmCalibData::operatingState, state); }

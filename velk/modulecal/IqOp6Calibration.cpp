@@ -8,7 +8,7 @@ std::ostream& HwDatablockIqOp6CalibData::printToStream(std::ostream& os) {
   constexpr unsigned char frequencies = std::extent_v<States, 1>;
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  // The frequencies are in their own block, where a row's number is the index of its frequency; the column stays.
+  // The frequencies are in a block of their own, by the same index; here, a "-" takes the place of their column.
   for (unsigned char frequency = 0; frequency < frequencies; ++frequency) {
     text.number(frequency + 1).text(": \t\t- ").number(getLevAtt_20(frequency));
     text.text(" ").number(getLevAtt_40(frequency));

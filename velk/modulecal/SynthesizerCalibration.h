@@ -90,7 +90,7 @@ class VELK_EXPORT HwDatablockSsynOpuDblCoefficient : public HwCountedBlock<HwSDa
   double getOpuDblCoefficient(unsigned char index) const { return value(index); }
   void setOpuDblCoefficient(double coefficient, unsigned char index) { setValue(coefficient, index); }
 
-  /// Each coefficient has decimals of its own.
+  /// Writes each coefficient with its own number of decimals.
   std::ostream& printToStream(std::ostream& os) override;
 };
 

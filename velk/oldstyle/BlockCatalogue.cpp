@@ -35,7 +35,7 @@
 namespace Velk {
 namespace {
 
-/// The name of a class in the source, taken from the compilers' name of this function:
+/// Returns the name of a class in the source, taken from the compiler's name for this function:
 /// "... [with Block = Velk::HwDatablockEnd; ...]", "... [Block = Velk::HwDatablockEnd]".
 template <class Block>
 consteval std::string_view className() {
@@ -57,7 +57,7 @@ std::unique_ptr<HwDatablock> makeWithId(unsigned short id) {
   return std::make_unique<Block>(static_cast<Id>(id));
 }
 
-/// Makes a path or copy, which is identified by its distance from the first id.
+/// Makes the block of a path or copy, numbered from the first id.
 template <class Block, auto... arguments>
 std::unique_ptr<HwDatablock> makeInstance(unsigned short id) {
   return std::make_unique<Block>(id - Block::traits.id, arguments...);
@@ -65,7 +65,7 @@ std::unique_ptr<HwDatablock> makeInstance(unsigned short id) {
 
 using Maker = std::unique_ptr<HwDatablock>(unsigned short);
 
-/// The names that a row's ids have: those of the traits from the row's first id on.
+/// Returns the names for the ids of a row: those in the traits from the row's first id on.
 constexpr std::span<const char* const> keysFrom(const RecordTraits& traits, unsigned short firstId,
                                                 unsigned short lastId) {
   const std::size_t count = lastId - firstId + 1U;
@@ -75,7 +75,7 @@ constexpr std::span<const char* const> keysFrom(const RecordTraits& traits, unsi
   return single ? keys.first(1) : keys.subspan(firstId - traits.id, count);
 }
 
-/// The row of a record class.
+/// Returns the row of a record class.
 template <class Block>
 constexpr CatalogueRow record(unsigned short firstId, unsigned short lastId, Maker* maker,
                               Conversion conversion = Conversion::None, OtherSizes others = {}) {
@@ -90,13 +90,13 @@ constexpr CatalogueRow record(Conversion conversion = Conversion::None) {
   return record<Block>(Block::traits.id, Block::traits.id, make<Block>, conversion);
 }
 
-/// The row of a class whose constructor takes whether its conversion stops at an error.
+/// Returns the row of a class whose constructor takes the flag that stops conversion at an error.
 template <class Block>
 constexpr CatalogueRow flagged() {
   return record<Block>(Block::traits.id, Block::traits.id, make<Block, true>);
 }
 
-/// The row of a class with `count` paths or copies.
+/// Returns the row of a class with `count` paths or copies.
 template <class Block>
 constexpr CatalogueRow paths(int count) {
   const unsigned short first = Block::traits.id;
@@ -108,7 +108,7 @@ std::unique_ptr<HwDatablock> makeMiscData(unsigned short /*id*/) {
   return std::make_unique<typename Kind::Block>(Kind::traits.id, Kind::traits.key, Kind::traits.scale);
 }
 
-/// A table that its maker names, by the number of its id in the row.
+/// Makes a table with the name that its row has for the id, and numbered from the first id.
 template <class Table>
 std::unique_ptr<HwDatablock> makeNumbered(unsigned short id) {
   return std::make_unique<Table>(findCatalogueRow(id)->key(id), id - Table::traits.id, false);
@@ -117,8 +117,8 @@ std::unique_ptr<HwDatablock> makeNumbered(unsigned short id) {
 template <class Table>
 constexpr auto tableFields = Table::TableImage::fields(Table::traits.scale);
 
-/// The rows of table classes: with one id, and with one for each of several names. `Block` is the class itself, where
-/// `Table` only describes it.
+/// Return the rows of table classes: with one id, or with an id for each of several names. `Block` is the class itself
+/// if `Table` only describes it.
 template <class Table, class Block = Table>
 constexpr CatalogueRow tables(std::span<const char* const> keys, Maker* maker, Conversion conversion) {
   constexpr unsigned short firstId = Table::traits.id;
@@ -151,7 +151,7 @@ constexpr const char* levconTempKeys[] = {
     "VECTOR_LEVCON_TEMP_DATA_8", "VECTOR_LEVCON_TEMP_DATA_9"};
 constexpr auto makeService = makeWithId<HwDatablockServiceData, HwEVariantEepromDatablock>;
 
-// Wide on purpose: one row a class, in the order of the ids.
+// Wide on purpose: one line per class, in the order of the ids.
 // clang-format off
 constexpr CatalogueRow dictionary[] = {
     record<HwDatablockIdent>(2, 10, make<HwDatablockIdent>, Conversion::Record),

@@ -24,7 +24,7 @@ struct OtherSizes {
   unsigned short also = 0;  ///< another one
 };
 
-/// What is known of the blocks of one id, or of neighbouring ids that one class serves.
+/// What is known about blocks with one id, or with consecutive ids of one class.
 struct CatalogueRow {
   unsigned short firstId;
   unsigned short lastId;
@@ -33,10 +33,10 @@ struct CatalogueRow {
   unsigned short size;                ///< bytes of a block
   OtherSizes others;
   std::span<const FieldInfo> fields;
-  /// A new, empty block.
+  /// Makes a new, empty block.
   std::unique_ptr<HwDatablock> (*make)(unsigned short id);
   Conversion conversion;
-  const RecordTraits* record;  ///< of record classes, else null
+  const RecordTraits* record;  ///< null unless the class is a record class
 
   const char* key(unsigned short id) const { return keys.size() == 1 ? keys[0] : keys[id - firstId]; }
   bool acceptsSize(unsigned short blockSize) const {
@@ -44,18 +44,18 @@ struct CatalogueRow {
   }
 };
 
-/// The rows of the old-style dictionary, in ascending order of their ids.
+/// Returns the rows of the old-style dictionary, in ascending order of their ids.
 VELK_EXPORT std::span<const CatalogueRow> dictionaryRows();
 
-/// The rows of ids that have a class but no place in the dictionary, in ascending order: the velk command knows them,
-/// the old-style interpreter prints only what the dictionary has.
+/// Returns the rows of ids that have a class but are not in the dictionary, in ascending order. The velk command knows
+/// them; the old-style interpreter prints only those in the dictionary.
 VELK_EXPORT std::span<const CatalogueRow> otherRows();
 
-/// The dictionary's row for an id, or null.
+/// Returns the dictionary's row for an id, or null.
 VELK_EXPORT const CatalogueRow* findDictionaryRow(int id);
 
-/// The row for an id, in the dictionary or else among the other rows; or null. Where both know the id, one whose blocks
-/// have `size` bytes is preferred.
+/// Returns the row for an id, from the dictionary or else from the other rows; null if there is none. If both have one,
+/// prefers that whose blocks have `size` bytes.
 VELK_EXPORT const CatalogueRow* findCatalogueRow(int id, unsigned short size = 0);
 
 }  // namespace Velk

@@ -17,8 +17,8 @@ struct KnownBoard {
   std::string_view tag;
 };
 
-// A row is that of the board of its number, but for two: FILTER13 goes by the number of FILTER6, and the row after the
-// last board repeats board 102.
+// Each row has the number of its board, except for two: FILTER13 has the number of FILTER6, and the row after the last
+// board repeats board 102.
 constexpr KnownBoard knownBoards[] = {
     {0, "DACIF", "DACIF        "},
     {1, "DACB", ""},

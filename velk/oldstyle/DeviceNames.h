@@ -7,8 +7,8 @@
 
 namespace Velk {
 
-/// Numbers of board types. A name that several types share is followed by a count from the second on; two types
-/// share their number with another.
+/// Numbers of board types. Names that several types share end in a count from the second type on; two types share the
+/// number of another.
 enum HwEDeviceBoard : unsigned int {
   _DeviceBoard_First_ = 0,
   _DeviceBoard_DACIF_ = 0,
@@ -40,15 +40,15 @@ enum HwEDeviceBoard : unsigned int {
 struct DeviceBoardString {
   unsigned int board;  ///< its number, a HwEDeviceBoard
   char name[32];
-  char tag[48];  ///< as modules carry it; the older ones are padded with blanks to 13 characters
+  char tag[48];  ///< as stored in modules; the older ones are padded with blanks to 13 characters
 };
 static_assert(sizeof(DeviceBoardString) == 84);
 
-/// The board types, by number; boards of which nothing is known have an empty name and tag.
+/// Returns the board types, by number; unknown ones have an empty name and tag.
 VELK_EXPORT std::span<const DeviceBoardString> deviceTable();
 
-/// Whether the first 13 bytes of the text's local 8-bit form are the tag of a board type, or the text is a tag without
-/// its padding. The empty tag counts: an empty text is one.
+/// Returns whether the first 13 bytes of the text's local 8-bit form are the tag of a board type, or the text is a tag
+/// without its padding. An empty text is the empty tag, which counts.
 VELK_EXPORT bool checkDeviceName(const QString& text);
 
 }  // namespace Velk

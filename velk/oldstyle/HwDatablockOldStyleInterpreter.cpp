@@ -48,7 +48,7 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
   if (block == nullptr) return false;
   HwDatablock* const prototype = dictionary_[block->getId()];
   if (prototype == nullptr) return false;
-  // setData verifies the block, which converts one in another format: only the copy may change.
+  // setData verifies the block, and so converts one in another format: only the copy may change.
   HwDatablock copy(block->getStopConversionOnError());
   copy.setDataWithoutChecksumCheck(block);
   prototype->setData(&copy);
@@ -59,8 +59,8 @@ bool HwDatablockOldStyleInterpreter::printHwDatablockOldStyleInfo(HwDatablock* b
 bool HwDatablockOldStyleInterpreter::swapHwDatablock(HwEDataFormatTyp format, int id, HwDatablock* block) {
   const CatalogueRow* const row = findCatalogueRow(id);
   if (block == nullptr || row == nullptr || row->conversion == Conversion::None) return false;
-  // A conversion through a temporary object of the row's class would verify that object's checksum, which converts it,
-  // without end: the few rules are applied in place.
+  // Converting through a temporary object of the row's class would verify that object's checksum, which converts it,
+  // and so on without end. So the few rules are applied in place.
   const auto length = static_cast<std::size_t>(block->getByteArrayData().size());
   if (length >= row->size) convertInPlace({block->getData(), length}, *row);
   block->setDataFormatTyp(format);

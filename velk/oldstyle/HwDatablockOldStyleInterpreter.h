@@ -7,7 +7,7 @@
 
 namespace Velk {
 
-/// One prototype object for each known block id, which the map owns. A look-up of another id leaves a null entry.
+/// One prototype object for each known block id, owned by the map. Looking up any other id adds a null entry.
 class VELK_EXPORT IdHwDatablockOldStyleClassDict : public std::map<int, HwDatablock*> {
  public:
   IdHwDatablockOldStyleClassDict() = default;
@@ -18,8 +18,8 @@ class VELK_EXPORT IdHwDatablockOldStyleClassDict : public std::map<int, HwDatabl
 
 /// Prints and converts old-style blocks, whose layout depends on their id alone.
 ///
-/// The dictionary is built once, by the constructor; make one interpreter and keep it while blocks are printed.
-/// Printing writes into the prototype of the block's id: one thread at a time.
+/// The constructor builds the dictionary; keep one interpreter for as long as blocks are printed. Printing writes into
+/// the prototype of the block's id, so only one thread at a time may print.
 class VELK_EXPORT HwDatablockOldStyleInterpreter {
  public:
   HwDatablockOldStyleInterpreter();
@@ -27,13 +27,13 @@ class VELK_EXPORT HwDatablockOldStyleInterpreter {
   HwDatablockOldStyleInterpreter& operator=(const HwDatablockOldStyleInterpreter&) = delete;
   virtual ~HwDatablockOldStyleInterpreter();
 
-  /// Writes the block in the text form of the class registered for its id, whatever its checksum; the block stays as it
-  /// is. False, and nothing written, for null and for an unknown id.
+  /// Writes the block in the text form of the class registered for its id, whatever its checksum, without changing it.
+  /// Returns false and writes nothing if the block is null or its id is unknown.
   bool printHwDatablockOldStyleInfo(HwDatablock* block, std::ostream& os);
 
-  /// Brings a block, laid out as block id `id` says, into the byte order `format`. False, and the block untouched, for
-  /// an id whose blocks are not converted; their list is not that of the dictionary. The stored checksum is kept, and a
-  /// block that is shorter than the layout keeps all its bytes.
+  /// Converts a block, laid out as block id `id` says, to the byte order `format`. Returns false and leaves the block
+  /// unchanged for an id whose blocks are not converted; these are not the same ids as in the dictionary. Keeps the
+  /// stored checksum, and all bytes of a block that is shorter than the layout.
   static bool swapHwDatablock(HwEDataFormatTyp format, int id, HwDatablock* block);
 
  private:

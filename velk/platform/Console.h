@@ -7,8 +7,8 @@
 
 namespace Velk {
 
-/// The one way on which the library writes to standard output or standard error by itself: diagnostics of damaged
-/// blocks, messages of the text readers, hex dumps. A program redirects it to label, collect or drop that text.
+/// The only way in which the library itself writes to standard output or standard error: diagnostics of damaged blocks,
+/// messages of the text readers, hex dumps. A program can redirect it to label, collect or drop that text.
 class VELK_EXPORT Console {
  public:
   enum class Stream { Output, Error };
@@ -17,7 +17,7 @@ class VELK_EXPORT Console {
 
   static void write(Stream stream, std::string_view text);
 
-  /// Sends all further text to `handler`; an empty handler restores the standard streams. Returns the former handler.
+  /// Sends all further text to `handler`; an empty handler restores the standard streams. Returns the previous handler.
   static Handler redirect(Handler handler);
 };
 

@@ -8,9 +8,9 @@ namespace Velk {
 
 /// Debug output of the firmware, filtered for each module by level and message class.
 ///
-/// A line is shown when its level is at most the module's clipping level (lower numbers are more severe) and its
-/// message class is enabled; a module that is not configured shows errors of every class. Lines go to the Console's
-/// error stream. Integrators replace this service by their own.
+/// A line is shown if its level is at most the module's clipping level (lower numbers are more severe) and its message
+/// class is enabled. A module that is not configured shows errors of every class. Lines go to the Console's error
+/// stream. Integrators replace this service with their own.
 class VELK_EXPORT Debug {
  public:
   static void initDebug();
@@ -33,8 +33,8 @@ class VELK_EXPORT Debug {
   static void setMessageLevelDescriptions(int moduleId, const char* const* descriptions, int count);
   static void setMessageClassDescriptions(int moduleId, const char* const* descriptions, int count);
 
-  /// Asks for the attention of whoever watches the firmware. The arguments after the texts choose how a service with
-  /// windows shows the box; this one writes the texts to the Console.
+  /// Shows a message to whoever watches the firmware. The arguments after the texts say how a service with windows
+  /// shows the box; this one writes the texts to the Console.
   static void debugMessageBox(const char* title, const char* text, bool modal, int icon, int buttons, int x, int y);
 };
 

@@ -9,9 +9,9 @@ namespace Velk {
 /// The firmware's error-log file.
 class VELK_EXPORT ErrorLog {
  public:
-  /// The open log, or null while there is none.
+  /// Returns the open log, or null if there is none.
   static std::FILE* getLogAccess();
-  /// Names the log; the caller keeps it open while it is named here, and closes it.
+  /// Sets the log. The caller keeps it open while it is set, and closes it.
   static void setLogAccess(std::FILE* log);
 };
 

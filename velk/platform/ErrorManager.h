@@ -28,19 +28,19 @@ class VELK_EXPORT CErrorManager {
   /// Receives every signalled error: its id and the detail of this occurrence.
   using Sink = std::function<void(int id, const QString& detail)>;
 
-  /// Takes up a table of definitions, which must outlive the manager. `capacity` is the room that the caller expects
-  /// its table to need; a table may be shorter or longer.
+  /// Adds a table of definitions, which must outlive the manager. `capacity` is the number of entries that the caller
+  /// expects; the table may be shorter or longer.
   void registerErrors(const SErrorDefinition* definitions, int capacity);
 
   void signal(int id, const char* detail);
   void signal(int id, const QString& detail);
 
-  /// The definition of a registered id, or null.
+  /// Returns the definition of a registered id, or null.
   const SErrorDefinition* find(int id) const;
-  /// How many tables have been registered.
+  /// Returns how many tables have been registered.
   int registrations() const { return registrations_; }
 
-  /// Hands all further errors to `sink`; an empty one restores the default. Returns the former sink.
+  /// Passes all further errors to `sink`; an empty one restores the default. Returns the previous sink.
   Sink setSink(Sink sink);
 
  private:
@@ -49,7 +49,7 @@ class VELK_EXPORT CErrorManager {
   Sink sink_;
 };
 
-/// The error manager of the process; never null.
+/// Returns the error manager of the process; never null.
 VELK_EXPORT CErrorManager* ErrorManager();
 
 }  // namespace Velk

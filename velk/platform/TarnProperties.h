@@ -9,7 +9,7 @@ namespace Velk {
 /// Where the instrument keeps its files.
 class VELK_EXPORT TarnProperties {
  public:
-  /// The system's writable directory, without a slash at its end; the directory for temporary files until one is set.
+  /// Returns the system's writable directory without a trailing slash; until one is set, that for temporary files.
   static QString getSystemRwPath();
   static void setSystemRwPath(const QString& path);
 };

@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// Counts of a module: how many of the bytes are valid, and the bytes, whose meaning belongs to the caller.
+/// Counts of a module: the number of valid bytes, and the bytes, whose meaning the caller defines.
 struct VELK_RECORD HwSDatablockCommonStatisticData {
   HwSDatablockHeader header;
   unsigned int length;
@@ -19,8 +19,8 @@ inline constexpr FieldInfo commonStatisticFields[] = {
     VELK_FIELD(HwSDatablockCommonStatisticData, data).counted("length"),
 };
 
-/// The power-on count or the operating-time count of a module, or a backup of either. No operation that stores data
-/// stores a checksum: do that before the block goes to a memory.
+/// The power-on count or the operating-time count of a module, or a backup of either. Storing data does not update the
+/// checksum: the caller must do so before writing the block to a memory.
 class VELK_EXPORT HwDatablockCommonStatisticData : public HwTypedRecordBlock<HwSDatablockCommonStatisticData> {
  public:
   static constexpr RecordTraits traits{
@@ -37,16 +37,16 @@ class VELK_EXPORT HwDatablockCommonStatisticData : public HwTypedRecordBlock<HwS
 
   int getInstance() const { return instance_; }
 
-  /// The 512 bytes inside the block; stores how many are valid unless `length` is null.
+  /// Returns the 512 bytes inside the block; `length`, unless null, gets how many of them are valid.
   unsigned char* getCommonStatisticData(unsigned int* length);
   unsigned int getCommonStatisticDataLength() const { return get(&HwSDatablockCommonStatisticData::length); }
-  /// Takes at most 512 bytes; the bytes after them keep their values. Null is refused.
+  /// Copies at most 512 bytes; the bytes after them keep their values. Does nothing if `data` is null.
   void setCommonStatisticData(const unsigned char* data, unsigned int length);
 
-  /// Takes id, alignment and the valid bytes of any record over; 0, or 1 for null.
+  /// Copies id, alignment and the valid bytes of any record. Returns 0, or 1 if the record is null.
   int setBlock(const HwSDatablockCommonStatisticData* record);
   using HwDatablock::swapBlock;
-  /// Takes a record's header over but for its alignment.
+  /// Copies a record's header, but sets the alignment to 0.
   void swapBlock(HwSDatablockCommonStatisticData* record);
 
   std::ostream& printToStream(std::ostream& os) override;

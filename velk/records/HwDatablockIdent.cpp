@@ -8,7 +8,7 @@
 namespace Velk {
 namespace {
 
-/// Two groups of two digits with a point between them.
+/// Writes two groups of two digits with a point between them.
 void printPair(detail::TextWriter& text, const char* key, unsigned value) {
   text.key(key).padded(value / 100, 2).text(".").padded(value % 100, 2).endLine();
 }

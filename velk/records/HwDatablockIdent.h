@@ -11,7 +11,7 @@ namespace detail {
 class TextWriter;
 }
 
-/// Who a module is, when it was made and how large its memory is.
+/// Identifies a module, and says when it was made and how large its memory is.
 struct VELK_RECORD HwSDatablockIdent {
   HwSDatablockHeader header;
   unsigned int eepromSize;
@@ -65,14 +65,14 @@ class VELK_EXPORT HwIdentRecordBlock : public HwTypedRecordBlock<HwSDatablockIde
   void setProductDate(unsigned short date) { set(&HwSDatablockIdent::productDate, date); }
   void setReadCode(unsigned short code) { set(&HwSDatablockIdent::readCode, code); }
   void setTestInstruction(unsigned short instruction) { set(&HwSDatablockIdent::testInstruction, instruction); }
-  /// Keeps the first 14 bytes of the name's local 8-bit form.
+  /// Sets the name to the first 14 bytes of its local 8-bit form.
   void setName(const QString& name);
 
  protected:
   using HwTypedRecordBlock::HwTypedRecordBlock;
 
   void printPartNumber(detail::TextWriter& text) const;
-  /// The lines from HWCODE on, without EEPROM size and name.
+  /// Writes the lines from HWCODE on, without EEPROM size and name.
   void printProduct(detail::TextWriter& text) const;
   std::string_view nameBytes() const { return getText(&HwSDatablockIdent::name); }
 };
@@ -97,10 +97,10 @@ class VELK_EXPORT HwDatablockIdent : public HwIdentRecordBlock {
   std::ostream& printToStream(std::ostream& os) override;
 };
 
-/// A further identification record has the ident record's layout.
+/// Other identification records have the layout of the ident record.
 using HwSDatablockMiscIdent = HwSDatablockIdent;
 
-/// The identification of a part that sits in another memory of the module.
+/// The identification of a part that is in another memory of the module.
 class VELK_EXPORT HwDatablockMiscIdent : public HwIdentRecordBlock {
  public:
   static constexpr RecordTraits traits{
@@ -118,7 +118,7 @@ class VELK_EXPORT HwDatablockMiscIdent : public HwIdentRecordBlock {
   explicit HwDatablockMiscIdent(HwEVariantEepromDatablock id)
       : HwIdentRecordBlock(traits, true, static_cast<unsigned short>(id)), miscBlockId_(id) {}
 
-  /// The id that the block was made with.
+  /// Returns the id that the block was constructed with.
   HwEVariantEepromDatablock getMiscBlockId() const { return miscBlockId_; }
 
   std::ostream& printToStream(std::ostream& os) override;

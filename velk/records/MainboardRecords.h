@@ -49,7 +49,7 @@ static_assert(sizeof(HwSDatablockMbrdModel) == 40);
 inline constexpr FieldInfo mbrdModelFields[] = {VELK_FIELD(HwSDatablockMbrdModel, model).asText()};
 
 class VELK_EXPORT HwDatablockMbrdModel : public HwTypedRecordBlock<HwSDatablockMbrdModel> {
-  /// Names that are set leave the last byte alone.
+  /// Setting a name leaves the last byte unchanged.
   static constexpr unsigned short longestName = sizeof HwSDatablockMbrdModel::model - 1;
 
  public:
@@ -66,7 +66,7 @@ class VELK_EXPORT HwDatablockMbrdModel : public HwTypedRecordBlock<HwSDatablockM
   HwDatablockMbrdModel() : HwTypedRecordBlock(traits, false) {}
 
   QString getModel() const;
-  /// Keeps the first 31 bytes of the name's local 8-bit form.
+  /// Sets the model to the first 31 bytes of its local 8-bit form.
   void setModel(const QString& model);
 
   int setBlock(const HwSDatablockMbrdModel* record);
@@ -109,10 +109,10 @@ class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbr
   /// Returns the 16 bytes of the address in the block; `length`, unless null, gets how many of them are valid.
   unsigned char* getMac(unsigned int* length);
   unsigned int getMacLength() const { return get(&HwSDatablockMbrdMac::macLength); }
-  /// Stores `length` and at most 16 bytes of the address, but no checksum; null is refused.
+  /// Stores `length` and at most 16 bytes of the address, but no checksum. Does nothing if `bytes` is null.
   void setMac(const unsigned char* bytes, unsigned int length);
 
-  /// Copies id, alignment, checksum and all 16 bytes of the address; the length becomes 16. 1 for a refused record.
+  /// Copies id, alignment, checksum and the 16 bytes of the address; the length becomes 16. Returns 1 for a refusal.
   int setBlock(const HwSDatablockMbrdMac* record);
 
   /// Writes the raw bytes, as this block has always been printed.
@@ -142,7 +142,7 @@ class VELK_EXPORT HwObelDatablockAnalogOutputCalibration
       .fields = analogOutputCalibrationFields,
   };
 
-  /// `second` chooses between the two blocks: id 15501 unless it is 0.
+  /// Makes the block with id 15500 if `second` is 0, and otherwise the one with id 15501.
   HwObelDatablockAnalogOutputCalibration(unsigned int second, bool stopConversionOnError)
       : HwTypedRecordBlock(traits, stopConversionOnError, second != 0 ? traits.id + 1 : traits.id) {}
 

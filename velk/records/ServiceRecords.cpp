@@ -91,7 +91,7 @@ unsigned int HwDatablockModification120::getServiceCode(unsigned int index) {
 }
 
 void HwDatablockModification120::swapBlock() {
-  // The gate passes every word through its primitive; on this host that leaves the buffer as it is.
+  // Converting the words would leave the buffer unchanged on this host.
   reInterpretData();
 }
 

@@ -44,12 +44,12 @@ class VELK_EXPORT HwDatablockServiceData : public HwTypedRecordBlock<HwSDatabloc
       .text = {.comments = {"# Das sind die Servicedaten Service 200"}},
   };
 
-  /// A block without an id.
+  /// Makes a block without an id.
   HwDatablockServiceData();
   explicit HwDatablockServiceData(HwEVariantEepromDatablock id);
 
   unsigned short getServiceDataId() { return getId(); }
-  /// Six characters inside the block, without a terminating zero.
+  /// Returns the six characters inside the block, which have no terminating zero.
   char* getDepartment() { return getBlock()->department; }
   unsigned short getServiceDate() const { return get(&HwSDatablockServiceData::serviceDate); }
   unsigned short getServiceDateDay() const { return static_cast<unsigned short>(date().day); }
@@ -61,7 +61,7 @@ class VELK_EXPORT HwDatablockServiceData : public HwTypedRecordBlock<HwSDatabloc
   unsigned short getRepairNumber() const { return get(&HwSDatablockServiceData::repairNumber); }
   unsigned short getServiceCode() const { return get(&HwSDatablockServiceData::serviceCode); }
 
-  /// Takes six characters; null is refused.
+  /// Copies six characters; does nothing if `department` is null.
   void setDepartment(const char* department);
   void setServiceDate(unsigned short date) { set(&HwSDatablockServiceData::serviceDate, date); }
   void setServiceDateDay(unsigned short day);
@@ -102,7 +102,7 @@ inline constexpr FieldInfo modificationFields[] = {
     modification110Fields[0].part("action", {.shift = 14, .width = 2}),
 };
 
-/// What the two modification blocks of ten entries share. An index above 9 reads as 0 and stores nothing.
+/// The common base of the two modification blocks of ten entries. An index above 9 reads as 0 and is not written.
 class VELK_EXPORT HwModificationBlock : public HwTypedRecordBlock<HwSDatablockModification> {
  public:
   unsigned short getServiceCode(unsigned char index) const {
@@ -169,8 +169,8 @@ inline constexpr FieldInfo modification120Fields[] = {
     detail::describeField<unsigned int>("serviceCode", sizeof(HwSDatablockHeader)).openList(),
 };
 
-/// Modifications as a list of 32-bit service codes, as many as the block is long. Header and codes are kept beside the
-/// buffer as well, as they were at the last reInterpretData.
+/// Modifications as a list of 32-bit service codes that fills the block. Header and codes are also kept outside the
+/// buffer, as they were at the last reInterpretData.
 class VELK_EXPORT HwDatablockModification120 : public HwDatablock {
  public:
   static constexpr RecordTraits traits{
@@ -186,7 +186,7 @@ class VELK_EXPORT HwDatablockModification120 : public HwDatablock {
   /// Reads header and codes from the buffer again.
   void reInterpretData();
   unsigned int getNumberOfServiceCode();
-  /// 0 for an index past the last code.
+  /// Returns 0 for an index past the last code.
   unsigned int getServiceCode(unsigned int index);
 
   using HwDatablock::swapBlock;

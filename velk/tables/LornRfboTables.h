@@ -4,12 +4,12 @@
 #include "velk/tables/TableExchange.h"
 #include "velk/tables/TableTemplates.h"
 
-// The tables of the Lorn RF board. All but the attenuator calibration itself travel as text: conv2ascii writes what
-// searchascii reads.
+// The tables of the Lorn RF board. All but the attenuator calibration itself can be exchanged as text: conv2ascii
+// writes what searchascii reads.
 
 namespace Velk {
 
-// The attenuator over frequency, a row a setting.
+// The attenuator over frequency, one row per setting.
 
 class VELK_EXPORT HwDatablockLornRfboAttCalFreq
     : public HwExchangeTable<HwDatablockLornRfboAttCalFreq, HwDatablockBaseTemplate<double, double, 200, 1>> {
@@ -28,7 +28,7 @@ class VELK_EXPORT HwDatablockLornRfboAttCalData : public HwDatablockBaseTemplate
   explicit HwDatablockLornRfboAttCalData(bool stop) : HwDatablockBaseTemplateIndex(traits, stop) {}
 };
 
-// The attenuator's settings, a row each: attenuations, and the register words that set them.
+// The attenuator's settings, one row each: attenuations, and the register words that set them.
 
 class VELK_EXPORT HwDatablockLornRfboAttRegAttenuation
     : public HwExchangeTable<HwDatablockLornRfboAttRegAttenuation, HwDatablockBaseTemplate<float, float, 50, 4>> {
@@ -49,7 +49,7 @@ class VELK_EXPORT HwDatablockLornRfboAttRegData
   explicit HwDatablockLornRfboAttRegData(bool stop) : HwExchangeTable(traits, stop) {}
 };
 
-// The compensation of temperature. The text form carries the numbers of the rows, not the index column.
+// Temperature compensation. The text form has the numbers of the rows, not the index column.
 
 class VELK_EXPORT HwDatablockLornRfboTempCompFreq
     : public HwExchangeTable<HwDatablockLornRfboTempCompFreq, HwDatablockBaseTemplate<double, double, 50, 1>> {

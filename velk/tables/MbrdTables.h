@@ -20,7 +20,7 @@ class VELK_EXPORT HwDatablockMbrdIqInputB : public HwDatablockBaseTemplate<int, 
   explicit HwDatablockMbrdIqInputB(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The user's calibration of the level at the output: lists of frequency points and their tables.
+// User calibration of the output level: lists of frequency points and their tables.
 
 class VELK_EXPORT HwDatablockMbrdExtCalUserFreqA : public HwDatablockBaseTemplate<unsigned int, double, 600, 1> {
  public:

@@ -37,7 +37,7 @@ class VELK_EXPORT HwDatablockTemplate : public detail::MiscDataBlock<Record, Raw
   using detail::MiscDataBlock<Record, RawType, ValueType, MaxRows, MaxCols, 5>::MiscDataBlock;
 };
 
-/// The same for coarser values. Its checksum is kept like that of every block.
+/// The same for coarser values. Its checksum is updated like that of any other block.
 template <class Record, class RawType, class ValueType, unsigned MaxRows, unsigned MaxCols>
 class VELK_EXPORT HwDatablockTemplateWithoutChecksum
     : public detail::MiscDataBlock<Record, RawType, ValueType, MaxRows, MaxCols, 3> {
@@ -53,7 +53,7 @@ struct MiscDataKind {
   using TableImage = typename Block::TableImage;
 };
 
-/// Every generic table that modules carry.
+/// All generic tables of the modules.
 namespace MiscDataKinds {
 
 template <unsigned MaxRows, unsigned MaxCols>

@@ -144,7 +144,7 @@ class VELK_EXPORT HwDatablockOBELDelay : public HwTypedRecordBlock<HwSDatablockO
   explicit HwDatablockOBELDelay(bool stopConversionOnError = true)
       : HwTypedRecordBlock(traits, stopConversionOnError) {}
 
-  /// The delay of the Q path for true, of the I path for false.
+  /// Returns the delay of the Q path if `q` is set, and otherwise that of the I path.
   float getDelay(bool q) const { return get(q ? &HwSDatablockOBELDelay::delayQ : &HwSDatablockOBELDelay::delayI); }
   void setDelayI(float delay) { set(&HwSDatablockOBELDelay::delayI, delay); }
   void setDelayQ(float delay) { set(&HwSDatablockOBELDelay::delayQ, delay); }
@@ -171,7 +171,7 @@ class VELK_EXPORT HwDatablockObelBaseboardCalibValue : public HwSingleValueBlock
 
   void setCount(unsigned int count) { storeCount(count); }
   int getBaseboardCalibValue(unsigned char index) const { return value(index); }
-  /// 0, or -1 and an error signal when the stored value reads back differently.
+  /// Returns 0; or -1, after signalling an error, if the stored value reads back differently.
   int setBaseboardCalibValue(int value, unsigned char index) { return storeValue(value, index); }
 };
 
@@ -189,9 +189,9 @@ class VELK_EXPORT HwDatablockObelWIQQuadDac : public HwCountedBlock<HwSDatablock
 
   explicit HwDatablockObelWIQQuadDac(bool stopConversionOnError = true);
 
-  /// Copies all values to `out`, which has room for 13; `valid` is set to whether the checksum is right.
+  /// Copies all 13 values to `out` unless that is null, and sets `valid` to whether the checksum is valid.
   void getObelWiqQuadDacData(double* out, bool& valid);
-  /// Takes 13 values; null is refused.
+  /// Sets all 13 values; does nothing if `in` is null.
   void setObelWiqQuadDacData(const double* in);
 };
 
@@ -224,10 +224,10 @@ class VELK_EXPORT HwDatablockObelWiqSensorData : public HwTypedRecordBlock<HwSDa
 
   explicit HwDatablockObelWiqSensorData(bool stopConversionOnError = true);
 
-  /// Copies both series to `a` and `b`, which have room for 28 values each; `valid` is set to whether the checksum
-  /// is right.
+  /// Copies the 28 values of each series to `a` and `b` unless one of them is null, and sets `valid` to whether the
+  /// checksum is valid.
   void getObelWiqSensorData(double* a, double* b, bool& valid);
-  /// Takes 28 values for each series; null is refused.
+  /// Sets all 28 values of each series; does nothing if `a` or `b` is null.
   void setObelWiqSensorData(const double* a, const double* b);
 
   std::ostream& printToStream(std::ostream& os) override;

@@ -4,7 +4,7 @@
 
 namespace Velk {
 
-/// The I/Q imbalance of the wideband stage over frequency; several blocks with ids of their own.
+/// The I/Q imbalance of the wideband stage over frequency. There are several blocks, each with its own id.
 class VELK_EXPORT HwDatablockObelWiqRfImbalanceData : public HwDatablockBaseTemplateObelW<float, double, 50, 7> {
  public:
   static constexpr TableTraits traits{.id = 15606};

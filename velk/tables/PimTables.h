@@ -23,11 +23,11 @@ class VELK_EXPORT HwDatablockPimOcxoRefCalValue : public HwReferenceOscillatorBl
   HwDatablockPimOcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
 };
 
-/// A list of frequencies in 100 Hz, presented in Hz. Two equal neighbours are presented 0.001 apart.
+/// A list of frequencies in 100 Hz, presented in Hz. Of two equal neighbours, the second is presented 0.001 higher.
 template <class Record>
 class VELK_EXPORT HwPimFrequencyList : public HwSpreadFrequencyList<HwCountedBlock<Record>> {
  public:
-  /// In 100 Hz. Stores a fresh checksum unless the caller does so after a series of values.
+  /// Sets a frequency in 100 Hz. Updates the checksum if `withChecksum` is set.
   void setFrequencyValue(unsigned int value, unsigned int index, bool withChecksum) {
     this->setValue(value, index, withChecksum);
   }
@@ -74,7 +74,7 @@ class VELK_EXPORT HwDatablockPimAttCalDatFreq : public HwPimFrequencyList<HwSDat
 using HwSDatablockPimAttCalDatFreqSe = CountedRecord<unsigned int, unsigned int, 500>;
 static_assert(sizeof(HwSDatablockPimAttCalDatFreqSe) == 2012);
 
-/// The longer list of those frequencies.
+/// A longer list of frequencies of the attenuator calibration.
 class VELK_EXPORT HwDatablockPimAttCalDatFreqSe : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreqSe> {
  public:
   static constexpr RecordTraits traits = frequencyTraits(12046, "HwDatablockPimAttCalDatFreqSe", "ATT_CAL_DAT_FREQ_SE");
@@ -103,7 +103,7 @@ class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataAbsCorr
   unsigned int getNumberOfAbsCorr() const { return count(); }
   void setNumberOfAbsCorr(unsigned int n) { setListCount(n); }
   short getAbsCorrValue(unsigned int index) const { return value(index); }
-  /// Stores a fresh checksum unless the caller does so after a series of values.
+  /// Updates the checksum if `withChecksum` is set.
   void setAbsCorrValue(short value, unsigned int index, bool withChecksum) { setValue(value, index, withChecksum); }
 };
 
@@ -126,7 +126,7 @@ inline constexpr FieldInfo levelTableFields[] = {
 };
 
 namespace detail {
-/// The text of a level table: a line for each level step with as many values as there are frequencies.
+/// Writes the text of a level table: a line for each level step, with as many values as there are frequencies.
 VELK_EXPORT std::ostream& printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 }  // namespace detail
 
@@ -140,7 +140,7 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
   short getCorLevelValue(unsigned char level, unsigned int freq) const {
     return this->get(&Record::cells, level, freq);
   }
-  /// Stores a fresh checksum unless the caller does so after a series of values.
+  /// Updates the checksum if `withChecksum` is set.
   void setCorLevelValue(short value, unsigned char level, unsigned int freq, bool withChecksum) {
     this->set(&Record::cells, value, level, freq, withChecksum);
   }

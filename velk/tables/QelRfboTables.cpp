@@ -8,7 +8,7 @@
 namespace Velk {
 namespace {
 
-// Both counts are limited to the eight adjustments, the columns too, although there is only one.
+// Both counts are limited to the eight adjustments, even that of the columns, although there is only one.
 constexpr unsigned mostAdjustments = 8;
 
 }  // namespace

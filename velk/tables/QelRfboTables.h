@@ -51,15 +51,15 @@ class VELK_EXPORT HwDatablockQelRfboTcxoCal : public HwDatablockBaseTemplate<int
   static constexpr TableTraits traits{.id = 15710, .key = "RFBO_TCXO_CAL"};
   explicit HwDatablockQelRfboTcxoCal(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 
-  /// Stores the value of one of the eight adjustments and returns 0; -1 for an index outside them, and, with an error
-  /// reported, if the value cannot be read back.
+  /// Stores the value of one of the eight adjustments and returns 0. Returns -1 if the index is out of range or, after
+  /// reporting an error, if the value cannot be read back.
   int setTcxoValue(int value, int index);
-  /// Each limits its count to 8.
+  /// These limit the count to 8.
   void setRowCount(unsigned count);
   void setColCount(unsigned count);
 };
 
-// The highest level.
+// The maximum level.
 
 class VELK_EXPORT HwDatablockQelRfboRfLevelMaxFreq : public HwDatablockBaseTemplate<unsigned int, double, 128, 1> {
  public:
@@ -73,7 +73,7 @@ class VELK_EXPORT HwDatablockQelRfboRfLevelMaxData : public HwDatablockBaseTempl
   explicit HwDatablockQelRfboRfLevelMaxData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The attenuator: its settings over frequency, a row a setting, and its register words.
+// The attenuator: its settings over frequency, one row each, and its register words.
 
 class VELK_EXPORT HwDatablockQelRfboAttCalFreq : public HwDatablockBaseTemplate<unsigned int, double, 200, 1> {
  public:
@@ -87,7 +87,7 @@ class VELK_EXPORT HwDatablockQelRfboAttCalData : public HwDatablockBaseTemplateI
   explicit HwDatablockQelRfboAttCalData(bool stop) : HwDatablockBaseTemplateIndex(traits, stop) {}
 };
 
-/// Its text has a line for each word; conv2ascii leaves the stream writing hexadecimal numbers with their prefix.
+/// Its text has a line for each word. conv2ascii leaves hex and showbase set on the stream.
 class VELK_EXPORT HwDatablockQelRfboAttRegData
     : public HwExchangeTable<HwDatablockQelRfboAttRegData, HwDatablockBaseTemplate<unsigned int, unsigned int, 50, 1>> {
  public:
@@ -95,7 +95,7 @@ class VELK_EXPORT HwDatablockQelRfboAttRegData
   explicit HwDatablockQelRfboAttRegData(bool stop) : HwExchangeTable(traits, stop) {}
 };
 
-// The level at the output, of production and of the user.
+// The output level, calibrated in production and by the user.
 
 class VELK_EXPORT HwDatablockQelRfboExtCalFreq : public HwDatablockBaseTemplate<unsigned int, double, 350, 1> {
  public:
@@ -135,7 +135,7 @@ class VELK_EXPORT HwDatablockQelRfboAlcData : public HwDatablockBaseTemplate<int
   explicit HwDatablockQelRfboAlcData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The level over temperature: one list of frequency points for both tables.
+// The level over temperature. Both tables share one list of frequency points.
 
 class VELK_EXPORT HwDatablockQelRfboTempFreq : public HwDatablockBaseTemplate<unsigned int, double, 50, 1> {
  public:
@@ -155,7 +155,7 @@ class VELK_EXPORT HwDatablockQelRfboTempOffset : public HwDatablockBaseTemplate<
   explicit HwDatablockQelRfboTempOffset(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The sample-and-hold stage, a row a setting.
+// The sample-and-hold stage, one row per setting.
 
 class VELK_EXPORT HwDatablockQelRfboSHFreq : public HwDatablockBaseTemplate<unsigned int, double, 150, 1> {
  public:

@@ -2,7 +2,7 @@
 
 #include "velk/tables/TableTemplates.h"
 
-// The level over temperature of the step attenuator: one list of frequency points for both tables.
+// The step attenuator's level over temperature. Both tables share one list of frequency points.
 
 namespace Velk {
 

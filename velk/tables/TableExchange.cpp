@@ -8,13 +8,13 @@
 namespace Velk::detail {
 namespace {
 
-/// The number at the start of `text`, or 0; a locale with a decimal comma must not change it.
+/// Returns the number at the start of `text`, or 0. The locale must not matter: it may have a decimal comma.
 double number(const char* text) {
   static const locale_t classic = newlocale(LC_ALL_MASK, "C", nullptr);
   return strtod_l(text, nullptr, classic);
 }
 
-// Each cell writes the four blanks that separate it from the one before.
+// Each of these writes the four blanks before its cell.
 
 template <int width, int decimals>
 void writeFixed(TextWriter& text, double value) {
@@ -26,7 +26,7 @@ void writePaddedWord(TextWriter& text, double value) {
   text.text("    0x").hex(toInteger<unsigned>(value), digits, true);
 }
 
-/// Writes like a stream with showbase: a zero has no prefix.
+/// Writes as a stream with showbase does: a zero has no prefix.
 void writeWord(TextWriter& text, double value) {
   const auto word = toInteger<unsigned>(value);
   text.text(word == 0 ? "" : "0x").hex(word);
@@ -49,7 +49,7 @@ void readHundredths(MutableBytes image, std::size_t cell, const char* text, doub
   store(image, cell, static_cast<float>(std::floor(number(text) * 100 + 0.5) * 0.01));
 }
 
-/// Whether the text is a register word, with or without its prefix.
+/// Returns whether a token is a register word, with or without its prefix.
 bool isWord(std::string_view token) {
   constexpr int hexadecimal = 16;
   if (token.starts_with("0x") || token.starts_with("0X")) token.remove_prefix(2);
@@ -58,7 +58,7 @@ bool isWord(std::string_view token) {
   return error == std::errc{} && end == token.data() + token.size();
 }
 
-/// The decimal number that a token is, or NaN.
+/// Returns the value of a token, or NaN if it is not a decimal number.
 double decimal(std::string_view token) {
   const std::string whole(token);
   if (token.starts_with('+')) token.remove_prefix(1);
@@ -69,7 +69,7 @@ double decimal(std::string_view token) {
   return isNumber && !isSignedTwice ? number(whole.c_str()) : std::numeric_limits<double>::quiet_NaN();
 }
 
-/// Whether the text is a decimal number that a cell of the type can hold; without a fraction for integers.
+/// Returns whether a token is a decimal number that a cell of the type can hold; for integers, one without a fraction.
 template <class Cell>
 bool isDecimal(std::string_view token) {
   const double value = decimal(token);

@@ -10,8 +10,8 @@ namespace Velk {
 
 static_assert(std::is_signed_v<char>, "cells of type char are signed numbers");
 
-/// A table image: the bytes of one table block. `rows` and `cols` say how much of the cells is in use; they are not
-/// held to the capacity.
+/// A table image: the bytes of one table block. `rows` and `cols` are the numbers in use; they are not limited to the
+/// capacity.
 template <class StorageType, unsigned MaxRows, unsigned MaxCols>
 struct VELK_RECORD HwSTable {
   HwSDatablockHeader header;
@@ -27,7 +27,7 @@ struct VELK_RECORD HwSTable {
   }
 };
 
-/// A table image whose rows are labelled by a column of their own.
+/// A table image whose rows are labelled by an index column.
 template <class StorageType, unsigned MaxRows, unsigned MaxCols>
 struct VELK_RECORD HwSTableIndex {
   HwSDatablockHeader header;
@@ -45,7 +45,7 @@ struct VELK_RECORD HwSTableIndex {
   }
 };
 
-/// Bytes of a descriptor; a text that fills them has no terminating zero.
+/// The size of a descriptor in bytes; a text that fills it has no terminating zero.
 inline constexpr unsigned descriptorSize = 16;
 
 /// A table image with texts that describe it.
@@ -71,7 +71,7 @@ namespace detail {
 /// An offset outside every block: loads return 0 and stores do nothing.
 inline constexpr std::size_t nowhere = std::numeric_limits<std::size_t>::max();
 
-/// How the images of one kind of table are laid out and how their dump looks, as data.
+/// The layout of the images of one kind of table, and the form of their dump, as data.
 struct TableLayout {
   RecordTraits record;
   unsigned rowCapacity;
@@ -80,13 +80,13 @@ struct TableLayout {
   std::size_t colsOffset;
   std::size_t cellsOffset;
   std::size_t cellSize;
-  /// The presented value of the cell at an offset, which every value type keeps exactly when it is taken as double.
+  /// Returns the presented value of the cell at an offset. A double holds the values of every value type exactly.
   double (*present)(ConstBytes block, std::size_t cell, double scale);
   std::size_t descriptorsOffset = nowhere;
   unsigned descriptorCount = 0;
   std::size_t indexOffset = nowhere;
   int decimals;
-  bool alwaysWide;  ///< one line a row even where the rows outnumber the columns
+  bool alwaysWide;  ///< one line per row even if the rows outnumber the columns
 
   constexpr std::size_t cellCount() const { return std::size_t{rowCapacity} * colCapacity; }
   constexpr std::size_t cell(std::uint64_t row, std::uint64_t col) const {
@@ -101,7 +101,7 @@ struct TableLayout {
   constexpr bool hasIndex() const { return indexOffset != nowhere; }
 };
 
-/// presented = stored * scale as a product in extended precision, taken to the value type: whole for an integer type.
+/// Returns stored * scale, computed in extended precision and converted to the value type.
 template <class StorageType, class ValueType>
 double present(ConstBytes block, std::size_t cell, double scale) {
   const long double stored = loadPadded<StorageType>(block, cell);
@@ -148,13 +148,13 @@ class TableView {
   const TableLayout& layout() const { return layout_; }
   unsigned rows() const { return loadPadded<unsigned>(block_, layout_.rowsOffset); }
   unsigned cols() const { return loadPadded<unsigned>(block_, layout_.colsOffset); }
-  /// The presented value; 0 outside the capacity.
+  /// Returns the presented value; 0 outside the capacity.
   double value(std::uint64_t row, std::uint64_t col) const {
     return layout_.present(block_, layout_.cell(row, col), scale_);
   }
-  /// A row's entry of the index column; 0 outside the capacity.
+  /// Returns a row's entry in the index column; 0 outside the capacity.
   int index(std::uint64_t row) const { return loadPadded<int>(block_, layout_.index(row)); }
-  /// A descriptor up to its first zero byte, as far as the block holds it.
+  /// Returns a descriptor up to its first zero byte, as far as the block holds it.
   std::string_view descriptor(unsigned number) const {
     return textAt(block_, layout_.descriptor(number), descriptorSize);
   }

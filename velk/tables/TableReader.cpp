@@ -13,13 +13,13 @@ void report(const std::string& message) { Console::write(Console::Stream::Output
 
 constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-/// The number at the start of `text` as a count field keeps it.
+/// Returns the number at the start of `text`, as a count field stores it.
 unsigned countOf(const std::string& text) {
   constexpr int decimal = 10;
   return static_cast<unsigned>(std::strtol(text.c_str(), nullptr, decimal));
 }
 
-/// Whether the text is a number and nothing else.
+/// Returns whether the text is a number and nothing else.
 bool isCount(std::string_view text) {
   const auto begin = std::find_if_not(text.begin(), text.end(), isBlank);
   const auto end = std::find_if(begin, text.end(), isBlank);
@@ -81,8 +81,8 @@ void TableReader::takeCount(std::string& line) {
     return;
   }
   line.erase(at, key.size());
-  // The writer puts a blank before the star: the character there is never part of the number. Without a star both
-  // counts are the number that there is.
+  // The writer puts a blank before the star, so the character there is never part of the number. Without a star, both
+  // counts are that one number.
   const std::size_t star = line.find('*');
   const std::string rows = line.substr(0, star == 0 || star == line.npos ? star : star - 1);
   const std::string cols = star == line.npos ? line : line.substr(star + 1);
@@ -107,11 +107,11 @@ void TableReader::endRows(const std::string& line) {
   state_ = State::Done;
 }
 
-/// Stores the numbers of one row, on into the next row where there are too many, and returns how many there are.
+/// Stores the numbers of one row, continuing into the next row if there are too many. Returns how many there are.
 std::size_t TableReader::takeTokens(std::string_view tokens) {
   std::size_t count = 0;
   std::uint64_t cell = rowsRead_ * layout_.colCapacity;
-  // A line ends with a zero byte, where a number stops.
+  // The zero byte after the line ends its last number.
   for (auto token = std::find_if_not(tokens.begin(), tokens.end(), isBlank); token != tokens.end(); ++count, ++cell) {
     if (cell < layout_.cellCount())
       form_.readCell(image(), layout_.cellsOffset + cell * layout_.cellSize, token, scale_);

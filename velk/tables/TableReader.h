@@ -9,20 +9,20 @@
 
 namespace Velk::detail {
 
-/// Builds a table image from a text that people have edited: looks for the line that names the table, then for its
-/// counts, then takes row after row. Errors do not stop it; they are reported on the Console's output.
+/// Builds a table image from a text that may have been edited by hand: finds the line that names the table, then its
+/// counts, then reads row after row. Errors do not stop it; they are reported on the Console's output.
 ///
-/// Rows are placed by their order. What falls outside the cells is counted and not stored. Time and memory are in
-/// proportion to the text, whatever counts it gives.
+/// Rows are placed by their order. Values outside the cells are counted but not stored. Time and memory are
+/// proportional to the text, whatever counts it gives.
 class TableReader {
  public:
   TableReader(const ExchangeForm& form, const TableLayout& layout, std::string_view key, unsigned id, double scale);
 
-  /// Reads a text from its start, or from where it stands if it cannot be rewound, to its end.
+  /// Reads a text to its end, from its start or, if it cannot be rewound, from its current position.
   void read(std::istream& is);
-  /// The image; its checksum is still to be computed.
+  /// Returns the image, whose checksum is still to be computed.
   MutableBytes image() { return image_; }
-  /// What was taken for a number and is none, or not wholly, and what was not taken at all, a sentence each.
+  /// Returns a sentence for each word that was read as a number but is none, or only in part, and for dropped rows.
   const std::vector<std::string>& doubts() const { return doubts_; }
 
  private:

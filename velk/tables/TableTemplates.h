@@ -4,8 +4,8 @@
 
 namespace Velk {
 
-/// A table whose images are of type `Image` and whose cells are presented as `Value`; its dump has `decimals` decimals
-/// and, with `alwaysWide`, one line a row whatever its shape.
+/// A table whose images have type `Image` and whose cells are presented as `Value`. Its dump has `decimals` decimals;
+/// with `alwaysWide` it has one line per row, whatever the table's shape.
 template <class Image, class Value, int decimals = 3, bool alwaysWide = false>
 class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
  public:
@@ -17,20 +17,20 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   explicit HwTypedTableBlock(const TableTraits& traits, bool stopConversionOnError, int idOffset = 0)
       : HwTableBlock(layout, traits, stopConversionOnError, idOffset) {}
 
-  /// 0 when the image's checksum is right and the image was copied; otherwise an error is reported, the block
-  /// stays as it was and the result is 1. The block gets its class's size, and alignment 0.
+  /// Copies an image and returns 0 if its checksum is valid. Otherwise reports an error, leaves the block unchanged and
+  /// returns 1. The block gets the size of its class, and alignment 0.
   int setBlock(const Image* image) { return setRecord(image); }
 
   using HwDatablock::swapBlock;
-  /// Takes the image over without a check, with the size that it claims; alignment becomes 0.
+  /// Copies an image without a check, with the size that it claims, and sets the alignment to 0.
   void swapBlock(const Image* image) { swapImage(image); }
 
   StorageType getStoredValue(std::int64_t row, std::int64_t col) const {
     return loadPadded<StorageType>(cell(row, col));
   }
   void setStoredValue(StorageType value, std::int64_t row, std::int64_t col) { storeField(cell(row, col), value); }
-  /// The stored value times the scale; an integer type drops the fraction. The product is rounded as
-  /// Rounding::Product says, so that it may differ from the exported field in the last digit.
+  /// Returns the stored value times the scale; an integer type drops the fraction. The product is rounded as by
+  /// Rounding::Product, so it may differ from the exported field in the last digit.
   Value getValue(std::int64_t row, std::int64_t col) const {
     return static_cast<Value>(layout.present(bytes(), cell(row, col), getScale()));
   }
@@ -41,7 +41,7 @@ class VELK_EXPORT HwTypedTableBlock : public HwTableBlock {
   }
 };
 
-/// The scale of tables of one shape where their name and id are all that a caller gives.
+/// The scale of tables of this shape if a caller gives only their name and id.
 template <class StorageType, class ValueType, unsigned MaxRows, unsigned MaxCols>
 inline constexpr double usualScale = 1.0;
 template <>
@@ -90,17 +90,17 @@ class VELK_EXPORT HwDatablockBaseTemplateExtended
   using Base::Base;
 
   static constexpr unsigned getDescriptorCount() { return Descriptors; }
-  /// A descriptor's bytes up to the first zero; empty beyond the last.
+  /// Returns a descriptor up to its first zero byte; empty if `number` is past the last one.
   std::string getDescriptor(unsigned number) const {
     return std::string(this->loadText(Base::layout.descriptor(number), descriptorSize));
   }
-  /// Keeps the first 16 bytes of a text.
+  /// Sets a descriptor to the first 16 bytes of `text`.
   void setDescriptor(const QByteArray& text, unsigned number) {
     if (number < Descriptors) this->storeText(Base::layout.descriptor(number), descriptorSize, text);
   }
 };
 
-/// A table that travels as text. `Table` is the class itself, `Base` the template that gives it its cells.
+/// A table that can be exchanged as text. `Table` is the class itself, `Base` the template for its cells.
 template <class Table, class Base>
 class VELK_EXPORT HwExchangeTable : public Base {
  public:
@@ -109,11 +109,11 @@ class VELK_EXPORT HwExchangeTable : public Base {
 
   /// Writes the text that searchascii reads.
   static std::ostream& conv2ascii(std::ostream& os, Table& block) { return block.writeExchangeText(os); }
-  /// Replaces the whole table by what a text says, see readExchangeText.
+  /// Replaces the whole table with one read from a text; see readExchangeText.
   static std::istream& searchascii(std::istream& is, Table& block) { return block.readExchangeText(is); }
 };
 
-/// A table of fine values, printed with ten decimals and one line a row.
+/// A table of fine values, printed with ten decimals and one line per row.
 template <class StorageType, class ValueType, unsigned MaxRows, unsigned MaxCols>
 class VELK_EXPORT HwDatablockBaseTemplateObelW
     : public HwTypedTableBlock<HwSTable<StorageType, MaxRows, MaxCols>, ValueType, 10, true> {

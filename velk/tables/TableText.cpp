@@ -5,10 +5,10 @@
 namespace Velk::detail {
 namespace {
 
-// Rows and columns in use are what the block claims, up to billions: every loop over them stops when the stream
-// fails, and none runs over rows without columns, which write nothing.
+// The row and column counts are what the block claims, up to billions: every loop over them stops when the stream
+// fails, and rows that have no columns, and so write nothing, are not iterated over.
 
-/// One line a row: what `label` writes and then the cells.
+/// Writes one line per row: what `label` writes, then the cells.
 template <class Label, class Cell>
 void writeRows(TextWriter& text, const TableView& table, Label label, Cell cell) {
   const std::uint64_t rows = table.rows();
@@ -20,7 +20,7 @@ void writeRows(TextWriter& text, const TableView& table, Label label, Cell cell)
   }
 }
 
-/// One line a cell, labelled by the number of its row.
+/// Writes one line per cell, labelled with the number of its row.
 template <class Cell>
 void writeCells(TextWriter& text, const TableView& table, Cell cell) {
   const std::uint64_t cols = table.cols();
@@ -53,7 +53,7 @@ void writeComments(TextWriter& text, int lines) {
   for (int i = 0; i < lines; ++i) text.line("#   ");
 }
 
-/// The form with comments at its head and one line a row.
+/// Writes the form with comments at the top and one line per row.
 void writeTitled(TextWriter& text, std::string_view key, const ExchangeForm& form, const TableView& table) {
   text.text("#   Tamsin&Orlund, LORN - RF-Board - ").text(form.title).line(" - Data");
   writeComments(text, 4);

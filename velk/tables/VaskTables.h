@@ -8,7 +8,7 @@
 
 namespace Velk {
 
-// The highest level of the vector path.
+// The maximum level of the vector path.
 
 class VELK_EXPORT HwDatablockVaskVectorRfLevelMaxFreq : public HwDatablockBaseTemplate<unsigned int, double, 128, 1> {
  public:
@@ -26,7 +26,7 @@ class VELK_EXPORT HwDatablockVaskVectorRfLevelMaxData : public HwDatablockBaseTe
   explicit HwDatablockVaskVectorRfLevelMaxData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The automatic level control: of the path itself, with the I/Q modulator in normal and in wide mode.
+// The automatic level control: of the path itself, and with the I/Q modulator in normal and in wide mode.
 
 class VELK_EXPORT HwDatablockVaskVectorAlcFreq : public HwDatablockBaseTemplate<unsigned int, double, 32, 1> {
  public:
@@ -68,7 +68,7 @@ class VELK_EXPORT HwDatablockVaskVectorAlcIqWideData : public HwDatablockBaseTem
   explicit HwDatablockVaskVectorAlcIqWideData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The level at the output, of production and of the user.
+// The output level, calibrated in production and by the user.
 
 class VELK_EXPORT HwDatablockVaskRfBoExtCalVecFreq : public HwDatablockBaseTemplate<unsigned int, double, 292, 1> {
  public:
@@ -95,7 +95,7 @@ class VELK_EXPORT HwDatablockVaskRfboExtCalVecUserData : public HwDatablockBaseT
   explicit HwDatablockVaskRfboExtCalVecUserData(bool stop) : HwDatablockBaseTemplateExtended(traits, stop) {}
 };
 
-// The attenuator, a row a setting.
+// The attenuator, one row per setting.
 
 class VELK_EXPORT HwDatablockVaskRfboAttCalVecFreq : public HwDatablockBaseTemplate<unsigned int, double, 20, 1> {
  public:
@@ -109,7 +109,7 @@ class VELK_EXPORT HwDatablockVaskRfboAttCalVecData : public HwDatablockBaseTempl
   explicit HwDatablockVaskRfboAttCalVecData(bool stop) : HwDatablockBaseTemplateIndex(traits, stop) {}
 };
 
-// The highest level of the board.
+// The maximum level of the board.
 
 class VELK_EXPORT HwDatablockVaskRfboRfLevelMaxVecFreq : public HwDatablockBaseTemplate<unsigned int, double, 128, 1> {
  public:
@@ -127,8 +127,8 @@ class VELK_EXPORT HwDatablockVaskRfboRfLevelMaxVecData : public HwDatablockBaseT
   explicit HwDatablockVaskRfboRfLevelMaxVecData(bool stop) : HwDatablockBaseTemplate(traits, stop) {}
 };
 
-// The level control over temperature: the temperatures, then for each of them a table whose rows are the points of one
-// list and whose columns are those of the other.
+// The level control over temperature: the temperatures, then a table for each of them, with a row for each point of one
+// list and a column for each point of the other.
 
 class VELK_EXPORT HwDatablockVaskVectorLevconTemp : public HwDatablockBaseTemplate<char, double, 12, 1> {
  public:

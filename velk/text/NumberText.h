@@ -7,8 +7,8 @@
 
 namespace Velk {
 
-/// The decimal digits of `value` with zeros before them up to `width` characters; a number that is wider is written in
-/// full.
+/// Returns the decimal digits of `value`, padded on the left with zeros to `width` characters. A wider number is
+/// written in full.
 VELK_EXPORT std::string turnInt2String(unsigned int value, unsigned int width);
 
 namespace detail {

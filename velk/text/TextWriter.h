@@ -13,12 +13,12 @@ namespace Velk::detail {
 
 /// Writes the text form of a block line by line.
 ///
-/// Everything is formatted here, in the C locale, so that no text depends on the flags, fill, precision or locale of
-/// the stream; each line end hands the line to the stream and flushes it. A line of any length takes little memory: it
-/// is handed on in pieces. Once the stream has failed nothing more is formatted: loops over long tables ask ok().
+/// Everything is formatted here, in the C locale, so no text depends on the flags, fill, precision or locale of the
+/// stream. Each line end passes the line to the stream and flushes it. Long lines are passed on in pieces and so take
+/// little memory. After the stream has failed nothing more is formatted: loops over long tables check ok().
 class VELK_EXPORT TextWriter {
  public:
-  /// Columns of a key with the blanks after it, unless a text has another habit.
+  /// The width of a key with the blanks after it, unless a text uses another one.
   static constexpr std::size_t keyWidth = 17;
 
   explicit TextWriter(std::ostream& os);
@@ -33,29 +33,29 @@ class VELK_EXPORT TextWriter {
     if (line_.size() < width) line_.resize(width, ' ');
     return *this;
   }
-  /// A decimal number, with blanks before it up to `width`.
+  /// Writes a decimal number, padded on the left with blanks to `width`.
   template <std::integral T>
   TextWriter& number(T value, std::size_t width = 0) {
     char digits[24];
     const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
     return toTheRight({digits, static_cast<std::size_t>(end - digits)}, width);
   }
-  /// Hexadecimal digits in lower or upper case, with zeros before them up to `width`.
+  /// Writes hexadecimal digits in lower or upper case, padded on the left with zeros to `width`.
   TextWriter& hex(unsigned value, std::size_t width = 1, bool upperCase = false);
-  /// A number with zeros before it; one that is wider than `width` is written in full.
+  /// Writes a number padded on the left with zeros; one that is wider than `width` is written in full.
   TextWriter& padded(unsigned value, unsigned width);
-  /// As "%<width>.<decimals>f".
+  /// Writes as "%<width>.<decimals>f".
   TextWriter& fixed(double value, int decimals, std::size_t width = 0);
-  /// As an untouched stream writes it: general notation of 6 significant digits.
+  /// Writes as an unmodified stream does: general notation with 6 significant digits.
   TextWriter& general(double value);
   TextWriter& general(long double value);
-  /// Text with blanks after it up to `width` characters.
+  /// Writes text, padded on the right with blanks to `width` characters.
   TextWriter& field(std::string_view value, std::size_t width);
   TextWriter& date(PackedDate date) { return text(DateText(date).view()); }
 
   void endLine();
   void line(std::string_view whole) { text(whole).endLine(); }
-  /// Gives the stream what there is of the line.
+  /// Passes the line so far to the stream.
   void handOn();
 
   bool ok() const;
