@@ -15,6 +15,7 @@ void addTable(CLI::App& app, Session& session);
 void addExport(CLI::App& app, Session& session);
 void addDiff(CLI::App& app, Session& session);
 void addSet(CLI::App& app, Session& session);
+void addConvert(CLI::App& app, Session& session);
 void addRecover(CLI::App& app, Session& session);
 void addRedact(CLI::App& app, Session& session);
 void addCompletion(CLI::App& app, Session& session);

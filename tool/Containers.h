@@ -21,4 +21,15 @@ inline Choices<Velk::Container> writableContainers() {
   return containerChoices([](const Velk::ContainerKind& kind) { return kind.write != nullptr; });
 }
 
+/// Returns "raw dump, Intel HEX or S-record".
+inline std::string containerTitles() {
+  std::string text;
+  const auto kinds = Velk::containerKinds();
+  for (const Velk::ContainerKind& kind : kinds) {
+    text += &kind == &kinds.front() ? "" : &kind == &kinds.back() ? " or " : ", ";
+    text += kind.title;
+  }
+  return text;
+}
+
 }  // namespace VelkTool

@@ -78,7 +78,7 @@ CLI::Validator sectorSize() {
   return {rewrite, ""};
 }
 
-std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
+std::shared_ptr<Inputs> addFiles(CLI::App& command, int count) {
   auto inputs = std::make_shared<Inputs>();
   const char* const description =
       count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
@@ -90,6 +90,11 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
       command, "--input", containerChoices([](const Velk::ContainerKind&) { return true; }),
       [inputs](Velk::Container container) { inputs->container = container; },
       "The container of the files; detected from the contents by default");
+  return inputs;
+}
+
+std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
+  auto inputs = addFiles(command, count);
   command.add_option("--offset", inputs->offset, "Offset of the first block in the image; 64 and 0x40 are the same")
       ->transform(plainNumber())
       ->type_name("N");
@@ -128,6 +133,8 @@ void unlessOutOfMemory(Session& session, const std::string& name, Act act) try {
 }  // namespace
 
 std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return makeInputs(command, count); }
+
+std::shared_ptr<const Inputs> addPlainInput(CLI::App& command) { return addFiles(command, 1); }
 
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
   const auto inputs = makeInputs(command, 0);

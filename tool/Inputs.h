@@ -26,7 +26,10 @@ struct Inputs {
 /// set when its callback runs.
 std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count = 0);
 
-/// Adds the same options and --redact.
+/// Adds one FILE argument and --input to a subcommand that does not look for blocks.
+std::shared_ptr<const Inputs> addPlainInput(CLI::App& command);
+
+/// Adds the same as addInputs and --redact.
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command);
 
 /// One file of a run, and its image if it could be read.

@@ -111,6 +111,8 @@ std::optional<Destination> Output::open(Session& session, const std::string& inp
                                         std::span<const std::string> others) const {
   Destination destination(input, inPlace_ ? input : file_);
   destination.container_ = container_;
+  const Velk::ContainerKind* const named = Velk::containerForFile(file_);
+  if (followsName_ && !container_ && named != nullptr) destination.container_ = named->container;
   const bool isOpen = destination.locate(session) &&
                       spares(session, others, destination.name_, "would be overwritten") &&
                       accepts(session, destination) &&
@@ -122,20 +124,30 @@ std::optional<Destination> Output::open(Session& session, const std::string& inp
 
 namespace {
 
-void addContainer(CLI::App& command, std::optional<Velk::Container>& container) {
+void addContainer(CLI::App& command, std::optional<Velk::Container>& container, const std::string& otherwise) {
   addChoice<Velk::Container>(
       command, "--container", writableContainers(), [&container](Velk::Container chosen) { container = chosen; },
-      "The container to write; by default that of the input");
+      "The container to write; by default " + otherwise);
+}
+
+void addFile(CLI::App& command, std::string& file) {
+  command.add_option("-o,--output", file, "The file to write; - is standard output")->type_name("OUT")->required();
 }
 
 }  // namespace
 
 std::shared_ptr<const Output> addOutputFile(CLI::App& command) {
   const auto output = std::make_shared<Output>();
-  command.add_option("-o,--output", output->file_, "The file to write; - is standard output")
-      ->type_name("OUT")
-      ->required();
-  addContainer(command, output->container_);
+  addFile(command, output->file_);
+  addContainer(command, output->container_, "that of the input");
+  return output;
+}
+
+std::shared_ptr<const Output> addConvertedOutput(CLI::App& command) {
+  const auto output = std::make_shared<Output>();
+  output->followsName_ = true;
+  addFile(command, output->file_);
+  addContainer(command, output->container_, "the one that the name of OUT ends with, or that of the input");
   return output;
 }
 
@@ -147,7 +159,7 @@ std::shared_ptr<const Output> addOutput(CLI::App& command) {
   where->require_option(1);
   command.add_flag("--backup", output->backup_, "Keep the old FILE as FILE.bak, replacing an older backup")
       ->needs(inPlace);
-  addContainer(command, output->container_);
+  addContainer(command, output->container_, "that of the input");
   return output;
 }
 

@@ -50,6 +50,7 @@ class Output {
  private:
   friend std::shared_ptr<const Output> addOutput(CLI::App& command);
   friend std::shared_ptr<const Output> addOutputFile(CLI::App& command);
+  friend std::shared_ptr<const Output> addConvertedOutput(CLI::App& command);
   bool accepts(Session& session, const Destination& destination) const;
   bool openBackup(Session& session, Destination& destination) const;
 
@@ -57,6 +58,7 @@ class Output {
   std::optional<Velk::Container> container_{};
   bool inPlace_ = false;
   bool backup_ = false;
+  bool followsName_ = false;  ///< the name of the file says the container unless --container does
 };
 
 /// Adds -o, --in-place and --backup to a subcommand; one of the first two is required.
@@ -64,5 +66,8 @@ std::shared_ptr<const Output> addOutput(CLI::App& command);
 
 /// Adds a required -o to a subcommand that never changes its input.
 std::shared_ptr<const Output> addOutputFile(CLI::App& command);
+
+/// Adds the same for a subcommand that writes the container that the name of the file says.
+std::shared_ptr<const Output> addConvertedOutput(CLI::App& command);
 
 }  // namespace VelkTool

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "Commands.h"
+#include "Containers.h"
 #include "UsageError.h"
 #include "velk/platform/Console.h"
 
@@ -66,7 +67,7 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", "velk " VELK_VERSION);
   app.require_subcommand(1);
   app.option_defaults()->disable_flag_override();
-  app.footer("A memory image is a raw dump, an Intel HEX or an S-record file of a module's EEPROM or flash memory.\n" +
+  app.footer("A memory image is a file of a module's EEPROM or flash memory: " + containerTitles() + ".\n" +
              exitCodes() + "\nSee \"velk COMMAND --help\" for details and examples.");
 
   WholeSession session;
@@ -79,6 +80,7 @@ int main(int argc, char** argv) {
   addSet(app, session);
   addRedact(app, session);
   addRecover(app, session);
+  addConvert(app, session);
   addTable(app, session);
   addCompletion(app, session);
   addManual(app, session);

@@ -4,6 +4,7 @@
 #include "velk/checks/FindingTable.h"
 #include "velk/containers/Container.h"
 #include "velk/containers/ImageFile.h"
+#include "velk/containers/Reshape.h"
 #include "velk/data/BlockData.h"
 #include "velk/data/BlockDiff.h"
 #include "velk/data/BlockRedaction.h"

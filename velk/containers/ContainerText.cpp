@@ -160,17 +160,21 @@ ImageFile imageOfText(const ContainerText& text, Container container) {
 
 std::vector<Stretch> stretchesOf(const ImageFile& image) {
   const ConstBytes bytes = bytesOf(image.bytes);
+  std::vector<ImageRange> holes = image.gaps;
+  holes.insert(holes.end(), image.lost.begin(), image.lost.end());
+  std::ranges::sort(holes, {}, &ImageRange::offset);
   std::vector<Stretch> stretches;
   std::uint64_t from = 0;
   const auto addUpTo = [&](std::uint64_t to) {
     if (from < to) stretches.push_back({image.address + from, bytes.subspan(from, to - from)});
   };
-  for (const ImageRange& gap : image.gaps) {
-    const std::string_view part =
-        textOf(image.bytes).substr(std::min<std::uint64_t>(gap.offset, bytes.size()), gap.size);
-    if (gap.offset + gap.size >= bytes.size() || part.find_first_not_of(erasedByte) != part.npos) continue;
-    addUpTo(gap.offset);
-    from = gap.offset + gap.size;
+  for (const ImageRange& hole : holes) {
+    const std::uint64_t end = hole.offset + hole.size;
+    if (end >= bytes.size()) break;
+    const std::string_view part = textOf(image.bytes).substr(hole.offset, hole.size);
+    if (part.find_first_not_of(erasedByte) != part.npos) continue;
+    addUpTo(hole.offset);
+    from = end;
   }
   addUpTo(bytes.size());
   return stretches;

@@ -72,7 +72,7 @@ struct Stretch {
 /// later line is taken, as by a tool that programs a memory line by line, and both are reported.
 ImageFile imageOfText(const ContainerText& text, Container container);
 
-/// Returns the image without those of its gaps in which nothing was written.
+/// Returns the image without its gaps and lost bytes, unless something was written there.
 std::vector<Stretch> stretchesOf(const ImageFile& image);
 
 /// Keeps the findings of a file from growing with its lines: past the sixteenth they are only counted.
