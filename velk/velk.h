@@ -53,6 +53,7 @@
 #include "velk/modulecal/StepAttenuatorCalibration.h"
 #include "velk/modulecal/SynthesizerCalibration.h"
 #include "velk/oldstyle/BlockCatalogue.h"
+#include "velk/oldstyle/BlockPairs.h"
 #include "velk/oldstyle/DeviceNames.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
 #include "velk/platform/Console.h"
