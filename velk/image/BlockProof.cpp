@@ -13,6 +13,7 @@ class FirstTable {
   /// The table of a block that describes itself.
   explicit FirstTable(ConstBytes block) : block_(block), header_(block.subspan(at)) {}
 
+  static bool fitsInto(ConstBytes block) { return block.size() > firstType; }
   bool isPossible() const {
     const std::size_t rows = load<unsigned short>(header_, offsetof(HwSTableHeader2Edition, rows));
     return columns() != 0 && columns() * (rows + 1) <= block_.size() - firstType && rowIdType() <= TYPE_ID_MAX &&
@@ -46,10 +47,19 @@ KnownBlocks::KnownBlocks() : sizes_(ids_.size()) {
       for (unsigned id = row.firstId; id <= row.lastId; ++id) {
         sizes_[id] = ids_[id] || row.others.also != 0 ? several : row.size;
         ids_.set(id);
+        if (id == erasedBlockId) continue;
+        addMark(id, row.size);
+        if (row.others.also != 0) addMark(id, row.others.also);
       }
     }
   }
   ids_.reset(erasedBlockId);
+}
+
+void KnownBlocks::addMark(unsigned id, unsigned size) {
+  const unsigned char mark = markOf(static_cast<unsigned char>(size), static_cast<unsigned char>(size >> 8U));
+  unsigned char& kept = marks_[id % marksKept];
+  kept = kept == noMark || kept == mark ? mark : severalMarks;
 }
 
 const KnownBlocks& KnownBlocks::get() {
@@ -74,6 +84,7 @@ bool BlockProof::isFilledByTablesWithCrc(ConstBytes block) {
   constexpr std::uint64_t perRead = 64;
   constexpr std::uint64_t perString = 32;
   const std::uint64_t cost = block.size() + perRead;
+  if (!FirstTable::fitsInto(block)) return false;
   if (cost > allowance_) return false;  // before the table is looked at, which takes time in such a memory
   const FirstTable first(block);
   if (!first.isPossible() || !spend(cost) || !hasRightCrc(block)) return false;

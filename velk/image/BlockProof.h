@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bitset>
 #include <cstdint>
 #include <vector>
@@ -20,13 +21,31 @@ class KnownBlocks {
     return ids_[id] && (sizes_[id] == size || sizes_[id] == several);
   }
 
+  /// What the size of a block has to agree with, for the one below. Ids share marks, so that all are at hand in the
+  /// fastest memory.
+  unsigned char sizeMark(unsigned id) const { return marks_[id % marksKept]; }
+  /// False where the catalogue knows no block of that size and of an id with that mark; often true where it knows none.
+  static bool mayHave(unsigned char sizeMark, unsigned char sizeLow, unsigned char sizeHigh) {
+    return (sizeMark == markOf(sizeLow, sizeHigh)) | (sizeMark == severalMarks);
+  }
+
  private:
   static constexpr unsigned short several = 0;
+  static constexpr unsigned marksKept = 0x4000;
+  static constexpr unsigned char noMark = 0;  ///< like the next one, it is even, and no size has it
+  static constexpr unsigned char severalMarks = 2;
+
+  static unsigned char markOf(unsigned char sizeLow, unsigned char sizeHigh) {
+    return static_cast<unsigned char>((sizeLow ^ sizeHigh) | 1);
+  }
 
   KnownBlocks();
 
+  void addMark(unsigned id, unsigned size);
+
   std::bitset<0x10000> ids_;
   std::vector<unsigned short> sizes_;  ///< by id
+  std::array<unsigned char, marksKept> marks_{};
 };
 
 /// Whether the bytes of a block show, without regard to where they stand, that they are one.
