@@ -48,8 +48,10 @@ class Heads {
 
   /// Marks the offsets of which blocks lead to one that was found.
   void markLeading(Flags& flags, const ProvenStarts& found, std::size_t offset) const {
-    for (std::size_t i = 0; i < together; ++i)
-      flags[i] = static_cast<unsigned char>(flags[i] | found.has(offset + i + word(i + sizeLow)));
+    const ProvenStarts::Bits bits = found.bits();
+    for (std::size_t i = 0; i < together; ++i) {
+      flags[i] = static_cast<unsigned char>(flags[i] | bits[offset + i + word(i + sizeLow)]);
+    }
   }
 
  private:
@@ -121,7 +123,7 @@ class Survey {
     const Heads heads(isLast ? last.data() : ahead.data());
     Flags flags;
     heads.mark(flags, known_);
-    if (first_ - offset < longest + together) heads.markLeading(flags, found_, offset);
+    if (first_ - offset < longest + together && first_ < memory_.size()) heads.markLeading(flags, found_, offset);
     return bitsOf(flags);
   }
 
@@ -161,29 +163,24 @@ class Survey {
 
 ProvenStarts::ProvenStarts(ConstBytes memory, std::uint64_t from) : from_(from), size_(memory.size()) {
   if (size_ < headerSize || from > size_ - headerSize) return;
-  bits_.resize((size_ - from) / perWord + 1);
+  words_.resize((size_ - from) / perWord + 1);
   Survey(memory, *this).goOver(from, size_ - headerSize + 1, [this](std::uint64_t offset) { add(offset); });
-}
-
-bool ProvenStarts::has(std::uint64_t offset) const {
-  if (offset < from_ || (offset - from_) / perWord >= bits_.size()) return false;
-  return (bits_[(offset - from_) / perWord] >> (offset - from_) % perWord & 1U) != 0;
 }
 
 std::uint64_t ProvenStarts::next(std::uint64_t offset) const {
   const std::uint64_t bit = offset - from_;
   std::uint64_t word = bit / perWord;
-  if (word >= bits_.size()) return size_;
-  std::uint64_t ahead = bits_[word] >> bit % perWord << bit % perWord;
+  if (word >= words_.size()) return size_;
+  std::uint64_t ahead = words_[word] >> bit % perWord << bit % perWord;
   while (ahead == 0) {
-    if (++word == bits_.size()) return size_;
-    ahead = bits_[word];
+    if (++word == words_.size()) return size_;
+    ahead = words_[word];
   }
   return from_ + word * perWord + static_cast<unsigned>(std::countr_zero(ahead));
 }
 
 void ProvenStarts::add(std::uint64_t offset) {
-  bits_[(offset - from_) / perWord] |= std::uint64_t{1} << (offset - from_) % perWord;
+  words_[(offset - from_) / perWord] |= std::uint64_t{1} << (offset - from_) % perWord;
 }
 
 }  // namespace Velk::detail

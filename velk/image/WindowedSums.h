@@ -5,13 +5,15 @@
 #include <vector>
 
 #include "velk/bytes/Bytes.h"
+#include "velk/datablock/Checksums.h"
 
 namespace Velk::detail {
 
 /// The sums of the 16-bit words of blocks, asked for from the end of a memory to its beginning.
 ///
 /// Each is the difference of two sums that reach from an offset to a common end. Those of 128 KiB are kept, twice as
-/// long as a block can be. Those of even and of odd offsets alternate and do not mix.
+/// long as a block can be. Those of even and of odd offsets alternate and do not mix. As long as few are asked for,
+/// each is computed by itself.
 class WindowedSums {
  public:
   explicit WindowedSums(ConstBytes memory) : memory_(memory), reached_(memory.size() + 2 * longest) {}
@@ -19,7 +21,10 @@ class WindowedSums {
   /// The sum of `size` bytes of the memory from an offset on, which is not much above the least one asked for before;
   /// an odd last byte is no word.
   unsigned short sum(std::size_t offset, std::size_t size) {
-    if (offset < reached_) reach(offset);
+    if (offset < reached_) {
+      if (spend(offset, size)) return sumOfWords(memory_.subspan(offset, size));
+      reach(offset);
+    }
     return static_cast<unsigned short>(toEnd(offset) - toEnd(offset + size / 2 * 2));
   }
 
@@ -27,6 +32,13 @@ class WindowedSums {
   static constexpr std::size_t longest = 0x10000;
   static constexpr std::size_t atOnce = 0x1000;
 
+  /// Whether so little was summed by itself that these bytes may be as well.
+  bool spend(std::size_t offset, std::size_t size) {
+    constexpr std::size_t perByte = 2;
+    if (summed_ + size > longest + perByte * (memory_.size() - offset)) return false;
+    summed_ += size;
+    return true;
+  }
   void reach(std::size_t offset) {
     if (reached_ > offset + longest) begin(std::min(memory_.size(), offset + longest));
     unsigned short next = toEnd(reached_);
@@ -48,6 +60,7 @@ class WindowedSums {
   unsigned short& toEnd(std::size_t offset) { return toEnd_[offset & (toEnd_.size() - 1)]; }
 
   ConstBytes memory_;
+  std::size_t summed_ = 0;
   std::size_t reached_;  ///< the least offset whose sum is kept
   std::vector<unsigned short> toEnd_;
 };
