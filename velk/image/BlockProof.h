@@ -26,7 +26,7 @@ class KnownBlocks {
   unsigned char sizeMark(unsigned id) const { return marks_[id % marksKept]; }
   /// False where the catalogue knows no block of that size and of an id with that mark; often true where it knows none.
   static bool mayHave(unsigned char sizeMark, unsigned char sizeLow, unsigned char sizeHigh) {
-    return (sizeMark == markOf(sizeLow, sizeHigh)) | (sizeMark == severalMarks);
+    return (unsigned{sizeMark == markOf(sizeLow, sizeHigh)} | unsigned{sizeMark == severalMarks}) != 0;
   }
 
  private:

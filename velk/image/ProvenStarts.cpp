@@ -27,6 +27,16 @@ std::uint64_t bitsOf(const Flags& flags) {
   return bits;
 }
 
+/// As && and || of conditions that are all computed.
+template <class... Conditions>
+bool all(Conditions... conditions) {
+  return (unsigned{conditions} & ...) != 0;
+}
+template <class... Conditions>
+bool any(Conditions... conditions) {
+  return (unsigned{conditions} | ...) != 0;
+}
+
 /// The few bytes of blocks that are asked for at all offsets of a group, in plain loops without branches: compilers
 /// make vector code of all but the first. What they let pass is looked at properly.
 class Heads {
@@ -41,8 +51,8 @@ class Heads {
   void mark(Flags& flags, const KnownBlocks& known) const {
     for (std::size_t i = 0; i < together; ++i) flags[i] = known.sizeMark(word(i));
     for (std::size_t i = 0; i < together; ++i) {
-      flags[i] = static_cast<unsigned char>(KnownBlocks::mayHave(flags[i], byte(i, sizeLow), byte(i, sizeHigh)) |
-                                            (isAligned(i) & (isCounter(i) | isTable(i))));
+      const bool mayBeKnown = KnownBlocks::mayHave(flags[i], byte(i, sizeLow), byte(i, sizeHigh));
+      flags[i] = any(mayBeKnown, all(isAligned(i), any(isCounter(i), isTable(i))));
     }
   }
 
@@ -72,16 +82,16 @@ class Heads {
 
   bool isAligned(std::size_t i) const { return (byte(i, alignment) | byte(i, alignment + 1)) == 0; }
   bool isCounter(std::size_t i) const {
-    return (byte(i, identifier) == static_cast<unsigned char>(HwDatablock::eventCountIdentifier[0])) &
-           (byte(i, identifier + 1) == static_cast<unsigned char>(HwDatablock::eventCountIdentifier[1]));
+    return all(byte(i, identifier) == static_cast<unsigned char>(HwDatablock::eventCountIdentifier[0]),
+               byte(i, identifier + 1) == static_cast<unsigned char>(HwDatablock::eventCountIdentifier[1]));
   }
   /// Whether there are columns and types, and the block's size leaves room for the rows and columns as far as the high
   /// bytes of the three tell.
   bool isTable(std::size_t i) const {
-    return ((byte(i, columnsLow) | byte(i, columnsHigh)) != 0) & (byte(i, rowIdType) <= TYPE_ID_MAX) &
-           (byte(i, columnIdType) <= TYPE_ID_MAX) & (byte(i, firstType) <= TYPE_ID_MAX) & (byte(i, firstType) != 0) &
-           (byte(i, rowsHigh) <= byte(i, sizeHigh)) & (byte(i, columnsHigh) <= byte(i, sizeHigh)) &
-           ((byte(i, rowsHigh) == 0) | (byte(i, columnsHigh) == 0));
+    return all((byte(i, columnsLow) | byte(i, columnsHigh)) != 0, byte(i, rowIdType) <= TYPE_ID_MAX,
+               byte(i, columnIdType) <= TYPE_ID_MAX, byte(i, firstType) <= TYPE_ID_MAX, byte(i, firstType) != 0,
+               byte(i, rowsHigh) <= byte(i, sizeHigh), byte(i, columnsHigh) <= byte(i, sizeHigh),
+               any(byte(i, rowsHigh) == 0, byte(i, columnsHigh) == 0));
   }
 
   const unsigned char* bytes_;
