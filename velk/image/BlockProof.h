@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <cstdint>
 #include <vector>
 
@@ -17,9 +16,7 @@ class KnownBlocks {
   static const KnownBlocks& get();
 
   /// False where the catalogue knows no such block; it may know none of that size all the same.
-  bool mayHave(unsigned id, std::size_t size) const {
-    return ids_[id] && (sizes_[id] == size || sizes_[id] == several);
-  }
+  bool mayHave(unsigned id, std::size_t size) const { return sizes_[id] == size || sizes_[id] == several; }
 
   /// What the size of a block has to agree with, for the one below. Ids share marks, so that all are at hand in the
   /// fastest memory.
@@ -30,7 +27,8 @@ class KnownBlocks {
   }
 
  private:
-  static constexpr unsigned short several = 0;
+  static constexpr unsigned short none = 0;  ///< like the next one, no block's size
+  static constexpr unsigned short several = 1;
   static constexpr unsigned marksKept = 0x4000;
   static constexpr unsigned char noMark = 0;  ///< like the next one, it is even, and no size has it
   static constexpr unsigned char severalMarks = 2;
@@ -43,7 +41,6 @@ class KnownBlocks {
 
   void addMark(unsigned id, unsigned size);
 
-  std::bitset<0x10000> ids_;
   std::vector<unsigned short> sizes_;  ///< by id
   std::array<unsigned char, marksKept> marks_{};
 };
@@ -62,9 +59,16 @@ class BlockProof {
 
   bool isOfClass(ConstBytes block) const;
   bool isEventCounter(ConstBytes block) const;
+  /// Whether enough is left for the CRC-32 of a block: to be asked before its tables are looked at, which takes time in
+  /// a memory of many.
+  bool canAfford(ConstBytes block) const { return costOf(block) <= allowance_; }
   bool isFilledByTablesWithCrc(ConstBytes block);
 
  private:
+  static std::uint64_t costOf(ConstBytes block) {
+    constexpr std::uint64_t perRead = 64;
+    return block.size() + perRead;
+  }
   static constexpr std::uint64_t perByte = 2;
   static constexpr std::uint64_t freely = 1024 * 1024;
 
@@ -72,19 +76,6 @@ class BlockProof {
 
   std::uint64_t allowance_ = freely;
 };
-
-/// Whether a block has an event counter identifier, or a first table with columns and types: a short look ahead of the
-/// tests proper.
-inline bool describesItself(ConstBytes block) {
-  if (hasCounterIdentifier(block)) return true;
-  constexpr std::size_t table = sizeof(HwSDatablockHeader2Edition);
-  constexpr std::size_t firstType = table + sizeof(HwSTableHeader2Edition);
-  return block.size() > firstType &&
-         load<unsigned short>(block, table + offsetof(HwSTableHeader2Edition, columns)) != 0 &&
-         block[table + offsetof(HwSTableHeader2Edition, rowIdType)] <= TYPE_ID_MAX &&
-         block[table + offsetof(HwSTableHeader2Edition, columnIdType)] <= TYPE_ID_MAX &&
-         typeSize(block[firstType]) != 0;
-}
 
 /// Whether a block is long and varied enough for its 16-bit sum to say something, where a block follows that proves
 /// itself.

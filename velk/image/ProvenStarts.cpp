@@ -64,6 +64,15 @@ class Heads {
     }
   }
 
+  /// The offsets of which blocks lead to one of the same group, which was found after they were asked about.
+  std::uint64_t leadingTo(std::size_t target) const {
+    Flags flags{};
+    for (std::size_t i = 0; i < target; ++i) {
+      flags[i] = all(byte(i, sizeLow) == static_cast<unsigned char>(target - i), byte(i, sizeHigh) == 0);
+    }
+    return bitsOf(flags);
+  }
+
  private:
   static constexpr std::size_t sizeLow = offsetof(HwSDatablockHeader, blockSize);
   static constexpr std::size_t sizeHigh = sizeLow + 1;
@@ -109,20 +118,25 @@ class Survey {
   void goOver(std::size_t begin, std::size_t end, Act act) {
     while (end > begin) {
       const std::size_t group = end - std::min(end - begin, together);
-      std::uint64_t hints = hintsFrom(group) << (together - (end - group)) >> (together - (end - group));
+      std::uint64_t hints = hintsFrom(group) & lowest(end - group);
       for (end = group; hints != 0;) {
         const auto last = static_cast<unsigned>(std::bit_width(hints)) - 1;
-        hints ^= std::uint64_t{1} << last;
+        hints &= lowest(last);
         const ConstBytes block = claimedBlock(memory_.subspan(group + last));
         if (block.empty() || !proves(group + last, block)) continue;
-        first_ = end = group + last;  // what leads here is a hint from now on
-        act(end);
-        break;
+        first_ = group + last;
+        act(first_);
+        hints |= Heads(memory_.data() + group).leadingTo(last);
       }
     }
   }
 
  private:
+  /// As many of the lowest bits, of up to 64.
+  static constexpr std::uint64_t lowest(std::size_t count) {
+    return count == together ? ~std::uint64_t{0} : (std::uint64_t{1} << count) - 1;
+  }
+
   /// The offsets of a group at which a few bytes speak for a block: this is all that is asked at most of them.
   std::uint64_t hintsFrom(std::size_t offset) const {
     constexpr std::size_t longest = 0xFFFF;
@@ -138,16 +152,17 @@ class Survey {
   }
 
   bool proves(std::size_t offset, ConstBytes block) {
-    if (known_.mayHave(idOf(block), block.size()) && proof_.isOfClass(block) && sums_.sum(offset, block.size()) == 0)
+    if (known_.mayHave(idOf(block), block.size()) && sums_.sum(offset, block.size()) == 0 && proof_.isOfClass(block))
       return true;
     if (idOf(block) == erasedBlockId) return false;
-    if (found_.has(offset + block.size()) && isWorthASum(block) && sums_.sum(offset, block.size()) == 0) return true;
+    const std::size_t end = offset + block.size();
+    if (end >= first_ && found_.has(end) && sums_.sum(offset, block.size()) == 0 && isWorthASum(block)) return true;
     if (load<unsigned short>(block, offsetof(HwSDatablockHeader, alignment)) != 0) return false;
-    if (!describesItself(block)) return false;
-    if (proof_.isEventCounter(block)) return isUndisputed(offset, block);
+    if (storedCrc(block) == identifier_ + block.size() && proof_.isEventCounter(block))
+      return isUndisputed(offset, block);
     proof_.grant(granted_ - offset);
     granted_ = offset;
-    return proof_.isFilledByTablesWithCrc(block);
+    return proof_.canAfford(block) && proof_.isFilledByTablesWithCrc(block);
   }
 
   /// Nothing that follows the counters protects them, and the identifier may be left over from a block that is written
@@ -163,6 +178,7 @@ class Survey {
   ConstBytes memory_;
   const KnownBlocks& known_ = KnownBlocks::get();
   const ProvenStarts& found_;
+  const std::uint32_t identifier_ = eventCounterMagic(0);  ///< less the size
   WindowedSums sums_;
   BlockProof proof_;
   std::size_t first_;  ///< of those found

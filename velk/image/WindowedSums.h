@@ -40,15 +40,25 @@ class WindowedSums {
     return true;
   }
   void reach(std::size_t offset) {
-    if (reached_ > offset + longest) begin(std::min(memory_.size(), offset + longest));
+    if (reached_ > offset + longest)
+      begin(std::min(memory_.size() - 1, offset + longest));  // no word begins at the last byte
+    const std::size_t goal = offset - std::min(offset, atOnce);
+    while (reached_ > goal) extend(goal);
+  }
+  /// Goes on to `goal`, or to where the kept sums go round.
+  void extend(std::size_t goal) {
     unsigned short next = toEnd(reached_);
     unsigned short afterNext = toEnd(reached_ + 1);
-    for (const std::size_t goal = offset - std::min(offset, atOnce); reached_ > goal;) {
-      const auto sum = static_cast<unsigned short>(afterNext + load<unsigned short>(memory_, --reached_));
-      toEnd(reached_) = sum;
+    unsigned short* kept = &toEnd(reached_ - 1) + 1;
+    const std::size_t count = std::min(reached_ - goal, static_cast<std::size_t>(kept - toEnd_.data()));
+    const unsigned char* bytes = memory_.data() + reached_;
+    for (std::size_t i = 0; i < count; ++i) {
+      const auto word = load<unsigned short>({--bytes, sizeof(unsigned short)}, 0);
+      *--kept = static_cast<unsigned short>(afterNext + word);
       afterNext = next;
-      next = sum;
+      next = *kept;
     }
+    reached_ -= count;
   }
   /// Nobody asks so far ahead again.
   void begin(std::size_t end) {
