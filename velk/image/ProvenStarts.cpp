@@ -193,16 +193,18 @@ ProvenStarts::ProvenStarts(ConstBytes memory, std::uint64_t from) : from_(from),
   Survey(memory, *this).goOver(from, size_ - headerSize + 1, [this](std::uint64_t offset) { add(offset); });
 }
 
-std::uint64_t ProvenStarts::next(std::uint64_t offset) const {
+std::uint64_t ProvenStarts::next(std::uint64_t offset, std::uint64_t limit) const {
+  if (offset >= limit || words_.empty()) return limit;
   const std::uint64_t bit = offset - from_;
   std::uint64_t word = bit / perWord;
-  if (word >= words_.size()) return size_;
+  const std::uint64_t last = std::min<std::uint64_t>((limit - from_) / perWord, words_.size() - 1);
+  if (word > last) return limit;
   std::uint64_t ahead = words_[word] >> bit % perWord << bit % perWord;
   while (ahead == 0) {
-    if (++word == words_.size()) return size_;
+    if (++word > last) return limit;
     ahead = words_[word];
   }
-  return from_ + word * perWord + static_cast<unsigned>(std::countr_zero(ahead));
+  return std::min(from_ + word * perWord + static_cast<unsigned>(std::countr_zero(ahead)), limit);
 }
 
 void ProvenStarts::add(std::uint64_t offset) {

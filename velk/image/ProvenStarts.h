@@ -37,7 +37,9 @@ class ProvenStarts {
   bool has(std::uint64_t offset) const { return offset >= from_ && !words_.empty() && bits()[offset] != 0; }
   Bits bits() const { return {words_.data(), from_, size_ - from_}; }
   /// The first one at `offset` or after it, or the memory's size.
-  std::uint64_t next(std::uint64_t offset) const;
+  std::uint64_t next(std::uint64_t offset) const { return next(offset, size_); }
+  /// The first one from `offset` to before `limit`, or else `limit`; looks no further.
+  std::uint64_t next(std::uint64_t offset, std::uint64_t limit) const;
 
  private:
   static constexpr unsigned perWord = 64;
