@@ -192,6 +192,11 @@ void slowIdsChecked(benchmark::State& state) {
   static const LargeFile file(repeated(QByteArray::fromHex("0200FFFF")));
   file.check(state);
 }
+/// A header of a known id with the size of its blocks at every fourth byte: each asks for a sum.
+void slowSumsChecked(benchmark::State& state) {
+  static const LargeFile file(repeated(QByteArray::fromHex("1327D400")));
+  file.check(state);
+}
 /// Headers of blocks of 60,000 bytes with tables of strings.
 void slowTablesChecked(benchmark::State& state) {
   static const LargeFile file(repeated(QByteArray::fromHex("100460EA00000000000000000100030001000019")));
@@ -202,6 +207,7 @@ BENCHMARK(cleanChecked)->UseRealTime();
 BENCHMARK(randomChecked)->UseRealTime();
 BENCHMARK(firmwareChecked)->UseRealTime();
 BENCHMARK(slowIdsChecked)->UseRealTime();
+BENCHMARK(slowSumsChecked)->UseRealTime();
 BENCHMARK(slowTablesChecked)->UseRealTime();
 BENCHMARK(imageWalked)->UseRealTime();
 BENCHMARK(imageChecked)->UseRealTime();

@@ -30,6 +30,7 @@ constexpr Comparison comparisons[] = {
     {"random bytes, 64 MiB, checked", "randomChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"a program as often", "firmwareChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"headers of known ids as often", "slowIdsChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
+    {"the same, of the right sizes", "slowSumsChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"headers of tables as often", "slowTablesChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"list of 10,000 files of 8 KB", "filesListed/real_time", "filesRead/real_time", "reading them", 1.5},
     {"table of 60,016 bytes loaded", "tableLoaded", "tableLoadedBare", "copy, 2 sums", 1.5},

@@ -239,6 +239,44 @@ TEST(MemoryImage, BlocksAreFoundAtEveryOffset) {
   EXPECT_EQ(walked(erasedHeader), "0 END 4 sound, 4 (bytes) 40 not erased, 44 IDENT_2 44 sound, 88 END 4 sound");
 }
 
+TEST(MemoryImage, EveryKindOfBlockIsFoundUpToTheLastByteOfTheMemory) {
+  HwDatablockIdent known = ident(1);
+  const QByteArray knownBlock = ImageBuilder().add(known).finish(0).chopped(4);
+  const QByteArray unknown = ImageBuilder().add(4242, "two bytes more").finish(0).chopped(4);
+  HwDatablock2Edition tables =
+      Examples::SecondEditionBuilder(4242).add({.columnTypes = {TYPE_ID_UINT8}, .rows = {{7}}}).finish();
+  const struct {
+    QByteArray bytes;
+    std::string shown;
+  } kinds[] = {
+      {knownBlock, "IDENT_2 44 sound"},
+      {unknown + knownBlock, "ID_4242 22 sound, # IDENT_2 44 sound"},
+      {fromHex("92 10 10 00 00 00 00 00 10 00 2D 45 00 00 00 01"), "ID_4242 16 sound"},
+      {tables.getByteArrayData(), "ID_4242 25 sound"},
+  };
+  for (const auto& kind : kinds) {
+    for (int front = 1; front <= 200; ++front) {
+      std::string shown = kind.shown;
+      if (const auto second = shown.find('#'); second != std::string::npos)
+        shown.replace(second, 1, std::to_string(front + 22));
+      const std::string before = front < 8 ? " too short for a block, " : " no block, ";
+      const std::string text = walked(QByteArray(front, 'x') + kind.bytes);
+      EXPECT_EQ(text, "0 (bytes) " + std::to_string(front) + before + std::to_string(front) + ' ' + shown);
+    }
+  }
+}
+
+TEST(MemoryImage, NothingIsReadBehindAShortBlockAtTheEndOfTheMemory) {
+  const QByteArray counter = fromHex("92 10 0D 00 00 00 00 00 0D 00 2D 45 00");
+  // A vector's bytes end where the sanitizer says so.
+  std::vector<unsigned char> bytes(40, 'x');
+  bytes.insert(bytes.end(), counter.begin(), counter.end());
+  bytes.shrink_to_fit();
+  BlockWalk walk(bytes);
+  ASSERT_TRUE(walk.next());
+  EXPECT_EQ(walk.block().bytes.size(), bytes.size());
+}
+
 TEST(MemoryImage, UnknownBlocksAreFoundBeforeBlocksThatProveThemselves) {
   HwDatablockIdent known = ident(1);
   const QByteArray unknown = ImageBuilder().add(4242, "two bytes more").add(4243, "four more").finish(0).chopped(4);

@@ -10,9 +10,10 @@ namespace {
 /// The header and types of a block's first table, which must make sense before the rest of the block is read.
 class FirstTable {
  public:
-  /// The table of a block that describes itself.
+  /// The table of a block that it fits into.
   explicit FirstTable(ConstBytes block) : block_(block), header_(block.subspan(at)) {}
 
+  static bool fitsInto(ConstBytes block) { return block.size() > firstType; }
   bool isPossible() const {
     const std::size_t rows = load<unsigned short>(header_, offsetof(HwSTableHeader2Edition, rows));
     return columns() != 0 && columns() * (rows + 1) <= block_.size() - firstType && rowIdType() <= TYPE_ID_MAX &&
@@ -40,16 +41,22 @@ class FirstTable {
 
 }  // namespace
 
-KnownBlocks::KnownBlocks() : sizes_(ids_.size()) {
+KnownBlocks::KnownBlocks() : sizes_(0x10000, none) {
   for (const auto rows : {dictionaryRows(), otherRows()}) {
     for (const CatalogueRow& row : rows) {
-      for (unsigned id = row.firstId; id <= row.lastId; ++id) {
-        sizes_[id] = ids_[id] || row.others.also != 0 ? several : row.size;
-        ids_.set(id);
+      for (unsigned id = row.firstId; id <= row.lastId && id != erasedBlockId; ++id) {
+        sizes_[id] = sizes_[id] != none || row.others.also != 0 ? several : row.size;
+        addMark(id, row.size);
+        if (row.others.also != 0) addMark(id, row.others.also);
       }
     }
   }
-  ids_.reset(erasedBlockId);
+}
+
+void KnownBlocks::addMark(unsigned id, unsigned size) {
+  const unsigned char mark = markOf(static_cast<unsigned char>(size), static_cast<unsigned char>(size >> 8U));
+  unsigned char& kept = marks_[id % marksKept];
+  kept = kept == noMark || kept == mark ? mark : severalMarks;
 }
 
 const KnownBlocks& KnownBlocks::get() {
@@ -71,12 +78,10 @@ bool BlockProof::isEventCounter(ConstBytes block) const {
 }
 
 bool BlockProof::isFilledByTablesWithCrc(ConstBytes block) {
-  constexpr std::uint64_t perRead = 64;
   constexpr std::uint64_t perString = 32;
-  const std::uint64_t cost = block.size() + perRead;
-  if (cost > allowance_) return false;  // before the table is looked at, which takes time in such a memory
+  if (!FirstTable::fitsInto(block)) return false;
   const FirstTable first(block);
-  if (!first.isPossible() || !spend(cost) || !hasRightCrc(block)) return false;
+  if (!first.isPossible() || !spend(costOf(block)) || !hasRightCrc(block)) return false;
   return spend(first.hasStrings() ? perString * block.size() : first.columns()) && isFilledByTables(block);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <bitset>
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -16,17 +16,33 @@ class KnownBlocks {
   static const KnownBlocks& get();
 
   /// Returns false if the catalogue has no such block; otherwise it may still have none of that size.
-  bool mayHave(unsigned id, std::size_t size) const {
-    return ids_[id] && (sizes_[id] == size || sizes_[id] == several);
+  bool mayHave(unsigned id, std::size_t size) const { return sizes_[id] == size || sizes_[id] == several; }
+
+  /// Returns what the size of a block has to agree with, for the function below. Ids share marks, so that all of them
+  /// are in the fastest memory.
+  unsigned char sizeMark(unsigned id) const { return marks_[id % marksKept]; }
+  /// Returns false if the catalogue has no block of that size and of an id with that mark; it may still have none.
+  static bool mayHave(unsigned char sizeMark, unsigned char sizeLow, unsigned char sizeHigh) {
+    return (unsigned{sizeMark == markOf(sizeLow, sizeHigh)} | unsigned{sizeMark == severalMarks}) != 0;
   }
 
  private:
-  static constexpr unsigned short several = 0;
+  static constexpr unsigned short none = 0;  ///< like the next one, no block's size
+  static constexpr unsigned short several = 1;
+  static constexpr unsigned marksKept = 0x4000;
+  static constexpr unsigned char noMark = 0;  ///< like the next one, it is even, and no size has it
+  static constexpr unsigned char severalMarks = 2;
+
+  static unsigned char markOf(unsigned char sizeLow, unsigned char sizeHigh) {
+    return static_cast<unsigned char>((sizeLow ^ sizeHigh) | 1);
+  }
 
   KnownBlocks();
 
-  std::bitset<0x10000> ids_;
+  void addMark(unsigned id, unsigned size);
+
   std::vector<unsigned short> sizes_;  ///< by id
+  std::array<unsigned char, marksKept> marks_{};
 };
 
 /// Decides from the bytes of a block alone, wherever they are, whether they are one.
@@ -43,9 +59,16 @@ class BlockProof {
 
   bool isOfClass(ConstBytes block) const;
   bool isEventCounter(ConstBytes block) const;
+  /// Whether enough is left for the CRC-32 of a block: to be asked before its tables are looked at, which takes time in
+  /// a memory of many.
+  bool canAfford(ConstBytes block) const { return costOf(block) <= allowance_; }
   bool isFilledByTablesWithCrc(ConstBytes block);
 
  private:
+  static std::uint64_t costOf(ConstBytes block) {
+    constexpr std::uint64_t perRead = 64;
+    return block.size() + perRead;
+  }
   static constexpr std::uint64_t perByte = 2;
   static constexpr std::uint64_t freely = 1024 * 1024;
 
@@ -53,19 +76,6 @@ class BlockProof {
 
   std::uint64_t allowance_ = freely;
 };
-
-/// Returns whether a block has an event counter identifier, or a first table with columns and types: a quick check
-/// before the full tests.
-inline bool describesItself(ConstBytes block) {
-  if (hasCounterIdentifier(block)) return true;
-  constexpr std::size_t table = sizeof(HwSDatablockHeader2Edition);
-  constexpr std::size_t firstType = table + sizeof(HwSTableHeader2Edition);
-  return block.size() > firstType &&
-         load<unsigned short>(block, table + offsetof(HwSTableHeader2Edition, columns)) != 0 &&
-         block[table + offsetof(HwSTableHeader2Edition, rowIdType)] <= TYPE_ID_MAX &&
-         block[table + offsetof(HwSTableHeader2Edition, columnIdType)] <= TYPE_ID_MAX &&
-         typeSize(block[firstType]) != 0;
-}
 
 /// Returns whether a block is long and varied enough for its 16-bit sum to mean something, if a verified
 /// block follows.

@@ -170,9 +170,10 @@ std::uint64_t BlockWalk::cutOf(std::uint64_t end) {
   if (isProven(end)) return end;
   // A counter stores its size twice: a few bytes may be missing in it, but blocks wholly inside are part of it.
   constexpr std::uint64_t mostMissing = 64;
-  std::uint64_t cut = nextProven(counter ? std::max(position_ + 1, end - std::min(end, mostMissing)) : position_ + 1);
-  while (counter && cut < end && cut + detail::sizeOf(from(cut)) <= end) cut = nextProven(cut + 1);
-  return std::min(cut, end);
+  std::uint64_t cut =
+      nextProven(counter ? std::max(position_ + 1, end - std::min(end, mostMissing)) : position_ + 1, end);
+  while (counter && cut < end && cut + detail::sizeOf(from(cut)) <= end) cut = nextProven(cut + 1, end);
+  return cut;
 }
 
 /// Returns whether the bytes at an offset look like the next block of a sequence, or like its end.

@@ -47,8 +47,9 @@ class VELK_EXPORT BlockWalk {
 
   const detail::ProvenStarts& proven();
   bool isProven(std::uint64_t offset) { return search_ == Search::Everywhere && proven().has(offset); }
-  std::uint64_t nextProven(std::uint64_t offset) {
-    return search_ == Search::Everywhere ? proven().next(offset) : image_.size();
+  std::uint64_t nextProven(std::uint64_t offset) { return nextProven(offset, image_.size()); }
+  std::uint64_t nextProven(std::uint64_t offset, std::uint64_t limit) {
+    return search_ == Search::Everywhere ? proven().next(offset, limit) : limit;
   }
   ConstBytes from(std::uint64_t offset) const { return image_.subspan(offset); }
 
