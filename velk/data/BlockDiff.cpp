@@ -189,12 +189,12 @@ class Comparison {
 
 }  // namespace
 
-std::vector<BlockPair> pairBlocks(std::span<const BlockView> first, std::span<const BlockView> second) {
+std::vector<ComparedBlocks> pairBlocks(std::span<const BlockView> first, std::span<const BlockView> second) {
   const auto key = [](const BlockView& block) { return block.kind == BlockKind::Stray ? -1 : int{block.id}; };
   std::map<int, std::vector<const BlockView*>> byId;
   for (const BlockView& block : second) byId[key(block)].push_back(&block);
   std::map<int, unsigned> seen;
-  std::vector<BlockPair> pairs;
+  std::vector<ComparedBlocks> pairs;
   for (const BlockView& block : first) {
     const unsigned occurrence = ++seen[key(block)];
     const std::vector<const BlockView*>& others = byId[key(block)];

@@ -7,7 +7,7 @@
 namespace Velk {
 
 /// Two versions of a block, from two images: the blocks with the same id and the same occurrence of it.
-struct BlockPair {
+struct ComparedBlocks {
   const BlockView* first = nullptr;   ///< null if only the second image has the block
   const BlockView* second = nullptr;  ///< null if only the first image has it
   unsigned occurrence = 1;            ///< counted from 1 among the blocks of its id
@@ -15,7 +15,7 @@ struct BlockPair {
 
 /// Pairs up the blocks of two images, in the order of the first; those that only the second has come last. Bytes that
 /// belong to no block are paired among themselves.
-VELK_EXPORT std::vector<BlockPair> pairBlocks(std::span<const BlockView> first, std::span<const BlockView> second);
+VELK_EXPORT std::vector<ComparedBlocks> pairBlocks(std::span<const BlockView> first, std::span<const BlockView> second);
 
 /// A value that differs, or that only one of two blocks has.
 struct Difference {
