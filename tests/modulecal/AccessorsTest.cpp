@@ -98,6 +98,9 @@ TEST(ModuleCalibrationAccessors, ReachEveryFieldOfWideRecords) {
       .row("uiqBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, UiqBz), {12})
       .row("lconReserveBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, LconReserveBz), {12})
       .row("detReserveBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, DetReserveBz), {12});
+}
+
+TEST(ModuleCalibrationAccessors, ReachEveryScalarOfTheSecondVersion) {
   using V20 = HwDatablockIqOp3RfmCalibDataMiscV20;
   Accessors<V20>()
       .row("lmaxLow", VELK_PAIR(V20, LmaxLow))
