@@ -82,13 +82,12 @@ constexpr FieldInfo fanFields[] = {
 /// A class with nothing but its declaration.
 class Fan : public HwTypedRecordBlock<FanRecord> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 60000,
-      .size = sizeof(FanRecord),
       .keys = {"FAN"},
       .fields = fanFields,
-      .text = {.comments = {"# The fan"}},
-  };
+      .comments = {"# The fan"},
+  });
 
   Fan() : HwTypedRecordBlock(traits, true) {}
 };

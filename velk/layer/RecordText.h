@@ -7,32 +7,42 @@
 
 namespace Velk::detail {
 
-/// The comment lines and the ID line of a record.
+/// Writes those of the lines that are not null.
+void printComments(TextWriter& text, std::span<const char* const> comments);
+
+/// Writes the comment lines and the ID line of a record.
 void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits);
 
 /// Writes the whole text of a record of any fields: a line for each value in use, with its name, value and unit.
 std::ostream& printFields(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 
-/// The whole text of a record whose fields are a count and a list of values: a line a value, as many as the count says.
-/// Values past the capacity are 0.
-VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+/// An element of a list or table field, counted row by row; 0 past the capacity.
+template <class T>
+T elementAt(ConstBytes block, const FieldInfo& field, std::uint64_t index) {
+  const std::uint64_t capacity = std::uint64_t{field.rows} * field.cols;
+  return index < capacity ? loadPadded<T>(block, field.offset + static_cast<std::size_t>(index) * sizeof(T)) : T{};
+}
 
-/// The whole text of a record whose fields are a number of steps and a table: a line a step with all its columns.
-VELK_EXPORT std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+/// Writes an integer in decimal, another number in general notation.
+template <class T>
+void printNumber(TextWriter& text, T value) {
+  if constexpr (std::is_integral_v<T>) {
+    text.number(value);
+  } else {
+    text.general(static_cast<double>(value));
+  }
+}
 
-/// The COUNT line of a table: its steps, and by name the count of its companion list of frequencies.
-void printTableCount(TextWriter& text, ConstBytes block, const RecordTraits& traits, unsigned steps);
+/// How many rows and columns of a table are written, whatever its capacity, and how its rows are numbered.
+struct RowRange {
+  std::uint64_t rows;
+  std::uint64_t columns;
+  unsigned first = 1;
+  unsigned step = 1;
+};
 
-/// The lines between a table's COUNT line and its rows.
-void printColumnComments(TextWriter& text, const TextForm& form);
-
-/// The rows of a table, `rows` of them with `columns` values each, whatever the table's capacity: a line a row with its
-/// number and its values, each after two tabs and a blank. Values past the capacity are 0.
-VELK_EXPORT void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form,
-                           std::uint64_t rows, std::uint64_t columns);
-
-/// A value of a list as its text presents it: scaled, and raised by the twin step where its neighbour before it is
-/// stored alike. 0 past the capacity.
-VELK_EXPORT double presentedValue(ConstBytes block, const FieldInfo& values, const TextForm& form, std::int64_t index);
+/// Writes rows of a table: a line a row with its number and its values, each after two tabs and a blank. Values past
+/// the capacity are 0.
+void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const RowRange& range);
 
 }  // namespace Velk::detail

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "velk/tables/TableLayout.h"
-#include "velk/text/TextWriter.h"
 
 namespace Velk::detail {
+
+class TextWriter;
 
 /// The complaints of a reader whose wording differs from table to table.
 struct ExchangeMessages {
