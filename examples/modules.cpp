@@ -2,7 +2,24 @@
 
 #include "ImageBuilder.h"
 #include "Images.h"
-#include "velk/velk.h"
+#include "velk/bytes/PackedDate.h"
+#include "velk/datablock/HwDatablockIds.h"
+#include "velk/mainboard/ExternalLevelCalibration.h"
+#include "velk/mainboard/PathLists.h"
+#include "velk/mainboard/RfResponse.h"
+#include "velk/modulecal/IqOp3RfmCalibDataMisc.h"
+#include "velk/modulecal/IqOp3RfmCalibration.h"
+#include "velk/modulecal/StepAttenuatorCalibration.h"
+#include "velk/modulecal/StepAttenuatorCounters.h"
+#include "velk/modulecal/SynthesizerCalibration.h"
+#include "velk/records/HwDatablockCommonStatisticData.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/records/MainboardRecords.h"
+#include "velk/records/ServiceRecords.h"
+#include "velk/tables/BasebandInputTables.h"
+#include "velk/tables/DacBoardCompensation.h"
+#include "velk/tables/DacBoardImbalance.h"
+#include "velk/tables/DacIfFullScale.h"
 
 namespace Examples {
 namespace {

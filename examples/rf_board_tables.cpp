@@ -3,7 +3,12 @@
 
 #include "ImageBuilder.h"
 #include "Images.h"
-#include "velk/velk.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/tables/LornRfboTables.h"
+#include "velk/tables/MiscData.h"
+#include "velk/tables/ObelWiqTables.h"
+#include "velk/tables/QelRfboTables.h"
+#include "velk/tables/VaskTables.h"
 
 namespace Examples {
 namespace {

@@ -1,7 +1,15 @@
 #include <limits>
 
 #include "RecordSupport.h"
-#include "velk/velk.h"
+#include "velk/modulecal/AduCalibration.h"
+#include "velk/modulecal/CwOp3Calibration.h"
+#include "velk/modulecal/DetLimiterCalibration.h"
+#include "velk/modulecal/IpcUser.h"
+#include "velk/modulecal/IqOp3RfmCalibration.h"
+#include "velk/modulecal/IqOp6Calibration.h"
+#include "velk/modulecal/StepAttenuatorCalibration.h"
+#include "velk/modulecal/StepAttenuatorCounters.h"
+#include "velk/modulecal/SynthesizerCalibration.h"
 
 namespace Velk {
 namespace {

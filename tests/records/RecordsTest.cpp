@@ -1,5 +1,11 @@
 #include "RecordSupport.h"
-#include "velk/velk.h"
+#include "velk/bytes/PackedDate.h"
+#include "velk/datablock/HwDatablockIds.h"
+#include "velk/modulecal/IqOp3RfmCalibDataMisc.h"
+#include "velk/modulecal/IqOp3RfmCalibration.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/records/MainboardRecords.h"
+#include "velk/records/ServiceRecords.h"
 
 namespace Velk {
 namespace {
