@@ -160,7 +160,7 @@ void imagesCompared(benchmark::State& state) {
     const MemoryImage second(readImageFile(twoVersions()[1]).bytes);
     const std::vector<BlockView> a = blocksOf(first);
     const std::vector<BlockView> b = blocksOf(second);
-    for (const BlockPair& pair : pairBlocks(a, b)) {
+    for (const ComparedBlocks& pair : pairBlocks(a, b)) {
       ++pairs;
       compareBlocks(*pair.first, *pair.second, [&](const Difference&) { ++differences; });
     }

@@ -22,7 +22,8 @@ install(EXPORT velkTargets NAMESPACE velk:: DESTINATION ${package_dir})
 install(FILES ${PROJECT_BINARY_DIR}/velkConfig.cmake ${PROJECT_BINARY_DIR}/velkConfigVersion.cmake
   DESTINATION ${package_dir})
 install(FILES ${PROJECT_BINARY_DIR}/velk.pc DESTINATION ${pc_dir})
-install(DIRECTORY velk DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
+install(CODE "set(destination \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_INCLUDEDIR}\")
+  include(\"${PROJECT_SOURCE_DIR}/cmake/install_headers.cmake\")")
 # The pages refer to each other and to the example images by relative paths.
 install(FILES README.md CONTRIBUTING.md LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})

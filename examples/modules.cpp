@@ -2,7 +2,24 @@
 
 #include "ImageBuilder.h"
 #include "Images.h"
-#include "velk/velk.h"
+#include "velk/bytes/PackedDate.h"
+#include "velk/datablock/HwDatablockIds.h"
+#include "velk/mainboard/ExternalLevelCalibration.h"
+#include "velk/mainboard/PathLists.h"
+#include "velk/mainboard/RfResponse.h"
+#include "velk/modulecal/IqOp3RfmCalibDataMisc.h"
+#include "velk/modulecal/IqOp3RfmCalibration.h"
+#include "velk/modulecal/StepAttenuatorCalibration.h"
+#include "velk/modulecal/StepAttenuatorCounters.h"
+#include "velk/modulecal/SynthesizerCalibration.h"
+#include "velk/records/HwDatablockCommonStatisticData.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/records/MainboardRecords.h"
+#include "velk/records/ServiceRecords.h"
+#include "velk/tables/BasebandInputTables.h"
+#include "velk/tables/DacBoardCompensation.h"
+#include "velk/tables/DacBoardImbalance.h"
+#include "velk/tables/DacIfFullScale.h"
 
 namespace Examples {
 namespace {
@@ -23,6 +40,105 @@ int ripple(int row, int point, int amplitude) {
   return static_cast<int>(std::lround(amplitude * std::sin(0.37 * point + 0.9 * row) + row));
 }
 
+Velk::HwDatablockModification120 modifications() {
+  Velk::HwDatablockModification120 record;
+  record.resizeData(16);
+  const unsigned codes[] = {100123, 100207};
+  std::memcpy(record.getData() + sizeof(Velk::HwSDatablockHeader), codes, sizeof codes);
+  record.setBlockSize(16);
+  return record;
+}
+
+Velk::HwDatablockSsynOpuDblCoefficient doublerCoefficients() {
+  Velk::HwDatablockSsynOpuDblCoefficient doubler;
+  doubler.setCount(3);
+  doubler.setOpuDblCoefficient(1250, 0);
+  doubler.setOpuDblCoefficient(-3.125, 1);
+  doubler.setOpuDblCoefficient(0.000244, 2);
+  return doubler;
+}
+
+Velk::HwDatablockIqOp3RfmCalibDataMisc iqScalars() {
+  Velk::HwDatablockIqOp3RfmCalibDataMisc misc;
+  misc.setNumberOfOperatingStates(8);
+  misc.setDetFullScale(2.5F);
+  misc.setToleranceLevPre(128);
+  misc.setToleranceLevAtt_15(64);
+  misc.setToleranceLevAtt_30_45(96);
+  misc.setToleranceDetAtt(128);
+  for (unsigned char state = 0; state < 8; ++state) {
+    misc.setPmaxBz(static_cast<unsigned short>(2561 + 64 * state), state);
+    misc.setUiqBz(0.5F + 0.0625F * static_cast<float>(state), state);
+    misc.setLconReserveBz(static_cast<unsigned short>(384 + 16 * state), state);
+    misc.setDetReserveBz(256, state);
+  }
+  return misc;
+}
+
+Velk::HwDatablockIqOp3RfmCalibData iqCalibration() {
+  Velk::HwDatablockIqOp3RfmCalibData calibration;
+  calibration.setOperatingState(1);
+  for (int i = 0; i < 12; ++i) {
+    const auto attenuation = [&](int row, unsigned bits) {
+      return static_cast<unsigned>(ripple(row, i, 60)) & ((1U << bits) - 1);
+    };
+    calibration.setCalibDatablock({static_cast<unsigned>(i % 16) | 7U << 4U | 40000U << 9U,
+                                   attenuation(0, 10) | attenuation(1, 11) << 10U | attenuation(2, 11) << 21U},
+                                  i);
+  }
+  return calibration;
+}
+
+Velk::HwDatablockSAtt3CalibDataTemp temperatureGradients() {
+  Velk::HwDatablockSAtt3CalibDataTemp gradients;
+  gradients.setCalibTemp(31);
+  for (int row = 0; row < 27; ++row) {
+    for (int i = 0; i < 150; ++i) gradients.setTempGradient(static_cast<unsigned char>(50 + ripple(row, i, 3)), row, i);
+  }
+  return gradients;
+}
+
+void addLevelCalibration(ImageBuilder& image, int path) {
+  Velk::HwDatablockMbrdExtLevCalDataFreq levelFrequencies(path, true);
+  Velk::HwDatablockMbrdExtLevCalData levels(path, true);
+  Velk::HwDatablockMbrdIqImbalanceRfFreq imbalanceFrequencies(path, true);
+  Velk::HwDatablockMbrdIqImbalanceRfEvenAmp imbalance(path, true);
+  levelFrequencies.setNumberOfFrequency(10);
+  levels.setNumberOfLevelSteps(2);
+  imbalanceFrequencies.setNumberOfIqImbalanceRfFreq(10);
+  imbalance.setNumberOfIqImbalanceRfEvenAmp(10);
+  for (unsigned i = 0; i < 10; ++i) {
+    // The last two grid points are equal.
+    const unsigned step = std::min(i, 8U);
+    levelFrequencies.setFrequencyValue(10000000 * (step + 1), i);
+    imbalanceFrequencies.setIqImbalanceRfFreq(200 * (i + 1), i);
+    imbalance.setIqImbalanceRfEvenAmp(static_cast<short>(ripple(path, static_cast<int>(i), 120)), i);
+    for (unsigned char level = 0; level < 2; ++level) {
+      levels.setCorLevelValue(static_cast<short>(ripple(level, static_cast<int>(i), 35)), level, i);
+    }
+  }
+  image.add(levelFrequencies).add(levels).add(imbalanceFrequencies).add(imbalance);
+}
+
+void addResponses(ImageBuilder& image, int path) {
+  Velk::HwDatablockMbrdRfResponseLpFreq lowPassFrequencies(path, true);
+  Velk::HwDatablockMbrdRfResponseAttAmpl attenuators(path, true);
+  attenuators.setNumberOfRfRespAttFreqs(3);
+  for (unsigned filter = 0; filter < Velk::lowPassFilters; ++filter) {
+    lowPassFrequencies.setNumberOfFreqCount(2, filter);
+    for (unsigned i = 0; i < 2; ++i) {
+      lowPassFrequencies.setFrequencyValue(400 * (filter + 1) + 150 * i, static_cast<unsigned char>(filter), i);
+    }
+  }
+  for (unsigned char setting = 0; setting < 6; ++setting) {
+    for (unsigned i = 0; i < 3; ++i) {
+      const auto amplitude = static_cast<short>(10000 + ripple(setting, static_cast<int>(i), 90));
+      attenuators.setCorLevelValue({{amplitude, -12, 3, 0}}, setting, i);
+    }
+  }
+  image.add(lowPassFrequencies).add(attenuators);
+}
+
 }  // namespace
 
 /// A synthesizer with its service history, its oscillator and its output levels.
@@ -31,11 +147,7 @@ QByteArray synthesizer() {
   Velk::HwDatablockModification modification;
   modification.setCircularNr(1044, 0);
   modification.setAction(1, 0);
-  Velk::HwDatablockModification120 modifications;
-  modifications.resizeData(16);
-  const unsigned codes[] = {100123, 100207};
-  std::memcpy(modifications.getData() + sizeof(Velk::HwSDatablockHeader), codes, sizeof codes);
-  modifications.setBlockSize(16);
+  Velk::HwDatablockModification120 further = modifications();
   Velk::HwDatablockServiceData first = service(Velk::_DatablockId_Service_200_, {2019, 2, 11}, 1234);
   Velk::HwDatablockServiceData second = service(Velk::_DatablockId_Service_201_, {2021, 9, 30}, 8120);
   Velk::HwDatablockStatistic statistic;
@@ -43,11 +155,7 @@ QByteArray synthesizer() {
   Velk::HwDatablockSsynOcxoRefCalValue oscillator;
   oscillator.setCount(1);
   oscillator.setOcxoRefCalValue(32871, 0);
-  Velk::HwDatablockSsynOpuDblCoefficient doubler;
-  doubler.setCount(3);
-  doubler.setOpuDblCoefficient(1250, 0);
-  doubler.setOpuDblCoefficient(-3.125, 1);
-  doubler.setOpuDblCoefficient(0.000244, 2);
+  Velk::HwDatablockSsynOpuDblCoefficient doubler = doublerCoefficients();
   Velk::HwDatablockSsynOpuLevelFreq frequencies;
   Velk::HwDatablockSsynOpuLevel levels;
   frequencies.setCount(5);
@@ -62,7 +170,7 @@ QByteArray synthesizer() {
   return ImageBuilder()
       .add(ident)
       .add(modification)
-      .add(modifications)
+      .add(further)
       .add(first)
       .add(second)
       .add(statistic)
@@ -82,42 +190,17 @@ QByteArray iqModule() {
   stream.setSerialNumber(300102);
   stream.setName("STREAM-OPT");
   Velk::HwDatablockIqOp3RfmHarmonic harmonic;
-  Velk::HwDatablockIqOp3RfmCalibDataMisc misc;
-  misc.setNumberOfOperatingStates(8);
-  misc.setDetFullScale(2.5F);
-  misc.setToleranceLevPre(128);
-  misc.setToleranceLevAtt_15(64);
-  misc.setToleranceLevAtt_30_45(96);
-  misc.setToleranceDetAtt(128);
-  for (unsigned char state = 0; state < 8; ++state) {
-    misc.setPmaxBz(static_cast<unsigned short>(2561 + 64 * state), state);
-    misc.setUiqBz(0.5F + 0.0625F * static_cast<float>(state), state);
-    misc.setLconReserveBz(static_cast<unsigned short>(384 + 16 * state), state);
-    misc.setDetReserveBz(256, state);
-  }
-  Velk::HwDatablockIqOp3RfmCalibDataFreq frequencies;
-  Velk::HwDatablockIqOp3RfmCalibData calibration;
-  frequencies.setCount(12);
-  calibration.setOperatingState(1);
   for (unsigned char i = 0; i < 6; ++i) harmonic.setCutOffFrequency(250000000 * (i + 1), i);
-  for (int i = 0; i < 12; ++i) {
-    frequencies.setFrequencyValue(100000000U * static_cast<unsigned>(i + 1), static_cast<unsigned short>(i));
-    const auto attenuation = [&](int row, unsigned bits) {
-      return static_cast<unsigned>(ripple(row, i, 60)) & ((1U << bits) - 1);
-    };
-    calibration.setCalibDatablock({static_cast<unsigned>(i % 16) | 7U << 4U | 40000U << 9U,
-                                   attenuation(0, 10) | attenuation(1, 11) << 10U | attenuation(2, 11) << 21U},
-                                  i);
-  }
+  Velk::HwDatablockIqOp3RfmCalibDataMisc misc = iqScalars();
+  Velk::HwDatablockIqOp3RfmCalibDataFreq frequencies;
+  frequencies.setCount(12);
+  for (unsigned short i = 0; i < 12; ++i) frequencies.setFrequencyValue(100000000U * (i + 1U), i);
+  Velk::HwDatablockIqOp3RfmCalibData calibration = iqCalibration();
   Velk::HwDatablockIqOp3RfmCalibDataMiscV20 miscV20;
   miscV20.setLmaxLow(12.5F);
   miscV20.setUiq(0.5F);
   miscV20.setDetattOvr(-6);
-  Velk::HwDatablockSAtt3CalibDataTemp gradients;
-  gradients.setCalibTemp(31);
-  for (int row = 0; row < 27; ++row) {
-    for (int i = 0; i < 150; ++i) gradients.setTempGradient(static_cast<unsigned char>(50 + ripple(row, i, 3)), row, i);
-  }
+  Velk::HwDatablockSAtt3CalibDataTemp gradients = temperatureGradients();
   Velk::HwDatablockSAtt3OWLDCounter overload(0);
   overload.setCounterValue(17);
   Velk::HwDatablockSAttCCounter highPower(11302);
@@ -154,41 +237,8 @@ QByteArray mainboard() {
   ImageBuilder image;
   image.add(ident).add(serialNumber).add(model).add(mac).add(pll);
   for (int path = 0; path < 2; ++path) {
-    Velk::HwDatablockMbrdExtLevCalDataFreq levelFrequencies(path, true);
-    Velk::HwDatablockMbrdExtLevCalData levels(path, true);
-    Velk::HwDatablockMbrdIqImbalanceRfFreq imbalanceFrequencies(path, true);
-    Velk::HwDatablockMbrdIqImbalanceRfEvenAmp imbalance(path, true);
-    Velk::HwDatablockMbrdRfResponseLpFreq lowPassFrequencies(path, true);
-    Velk::HwDatablockMbrdRfResponseAttAmpl attenuators(path, true);
-    levelFrequencies.setNumberOfFrequency(10);
-    levels.setNumberOfLevelSteps(2);
-    imbalanceFrequencies.setNumberOfIqImbalanceRfFreq(10);
-    imbalance.setNumberOfIqImbalanceRfEvenAmp(10);
-    attenuators.setNumberOfRfRespAttFreqs(3);
-    for (unsigned i = 0; i < 10; ++i) {
-      // The last two grid points are equal.
-      const unsigned step = std::min(i, 8U);
-      levelFrequencies.setFrequencyValue(10000000 * (step + 1), i);
-      imbalanceFrequencies.setIqImbalanceRfFreq(200 * (i + 1), i);
-      imbalance.setIqImbalanceRfEvenAmp(static_cast<short>(ripple(path, static_cast<int>(i), 120)), i);
-      for (unsigned char level = 0; level < 2; ++level) {
-        levels.setCorLevelValue(static_cast<short>(ripple(level, static_cast<int>(i), 35)), level, i);
-      }
-    }
-    for (unsigned filter = 0; filter < Velk::lowPassFilters; ++filter) {
-      lowPassFrequencies.setNumberOfFreqCount(2, filter);
-      for (unsigned i = 0; i < 2; ++i) {
-        lowPassFrequencies.setFrequencyValue(400 * (filter + 1) + 150 * i, static_cast<unsigned char>(filter), i);
-      }
-    }
-    for (unsigned char setting = 0; setting < 6; ++setting) {
-      for (unsigned i = 0; i < 3; ++i) {
-        const auto amplitude = static_cast<short>(10000 + ripple(setting, static_cast<int>(i), 90));
-        attenuators.setCorLevelValue({{amplitude, -12, 3, 0}}, setting, i);
-      }
-    }
-    image.add(levelFrequencies).add(levels).add(imbalanceFrequencies).add(imbalance);
-    image.add(lowPassFrequencies).add(attenuators);
+    addLevelCalibration(image, path);
+    addResponses(image, path);
   }
   return image.finish(65536);
 }

@@ -3,7 +3,12 @@
 
 #include "ImageBuilder.h"
 #include "Images.h"
-#include "velk/velk.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/tables/LornRfboTables.h"
+#include "velk/tables/MiscData.h"
+#include "velk/tables/ObelWiqTables.h"
+#include "velk/tables/QelRfboTables.h"
+#include "velk/tables/VaskTables.h"
 
 namespace Examples {
 namespace {
@@ -49,12 +54,8 @@ Velk::HwDatablockVaskRfboExtCalVecUserData userCalibration() {
   return table;
 }
 
-}  // namespace
-
-QByteArray rfBoardTables() {
-  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 14000700, 101317);
-  ident.setEepromSize(16384);
-
+/// Adds tables of measured levels and settings.
+void addLevels(ImageBuilder& image) {
   auto loopGain = filled(Velk::MiscDataKinds::LoopgainPk::Block(12301, "LOOPGAIN_PK", 1000.0), 1, 5,
                          [](int, int col) { return 12 - 7 * col; });
   auto limiter = filled(Velk::MiscDataKinds::LimiterMaxVoltage::Block(12314, "LIMITER_MAX_VOLTAGE", 0.00001), 3, 1,
@@ -65,6 +66,11 @@ QByteArray rfBoardTables() {
   auto reference = filled(Velk::HwDatablockQelRfboTcxoCal(false), 2, 1, [](int row, int) { return 2048 + 17 * row; });
   auto highest = filled(Velk::HwDatablockQelRfboRfLevelMaxData(false), 2, 4,
                         [](int row, int col) { return 1850 - 600 * row - 1211 * col; });
+  image.add(loopGain).add(limiter).add(imbalance).add(stereo).add(reference).add(highest);
+}
+
+/// Adds the points of the level control and the registers of the attenuators.
+void addRegisters(ImageBuilder& image) {
   auto alcPoints = filled(Velk::HwDatablockQelRfboAlcFreq(false), 10, 1,
                           [](unsigned row, unsigned) { return 100000U + 6000000U * row; });
   auto alc = filled(Velk::HwDatablockQelRfboAlcData(false), 4, 10,
@@ -76,6 +82,14 @@ QByteArray rfBoardTables() {
   auto attenuations = filled(Velk::HwDatablockLornRfboAttRegAttenuation(false), attenuatorSettings, 4,
                              [](int row, int col) { return 5.0 * row + 0.13 * col; });
   auto registerWords = registers();
+  image.add(alcPoints).add(alc).add(words).add(points).add(attenuations).add(registerWords);
+}
+
+}  // namespace
+
+QByteArray rfBoardTables() {
+  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 14000700, 101317);
+  ident.setEepromSize(16384);
   auto vector = labelled(filled(Velk::HwDatablockVaskRfboAttCalVecData(false), 4, 5,
                                 [](int row, int col) { return 500 * row - 15 * col; }),
                          4);
@@ -83,24 +97,11 @@ QByteArray rfBoardTables() {
       filled(Velk::HwDatablockVaskVectorLevconTemp(false), 5, 1, [](int row, int) { return 20 * row - 20; });
   auto user = userCalibration();
 
-  return ImageBuilder()
-      .add(ident)
-      .add(loopGain)
-      .add(limiter)
-      .add(imbalance)
-      .add(stereo)
-      .add(reference)
-      .add(highest)
-      .add(alcPoints)
-      .add(alc)
-      .add(words)
-      .add(points)
-      .add(attenuations)
-      .add(registerWords)
-      .add(vector)
-      .add(temperatures)
-      .add(user)
-      .finish(16384);
+  ImageBuilder image;
+  image.add(ident);
+  addLevels(image);
+  addRegisters(image);
+  return image.add(vector).add(temperatures).add(user).finish(16384);
 }
 
 QByteArray attenuatorRegisters() {

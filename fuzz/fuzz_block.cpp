@@ -4,6 +4,7 @@
 
 #include "FieldSupport.h"
 #include "FuzzSupport.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/datablock/Checksums.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 #include "velk/oldstyle/HwDatablockOldStyleInterpreter.h"
@@ -11,10 +12,6 @@
 namespace {
 
 using namespace Velk;
-
-ConstBytes view(const QByteArray& bytes) {
-  return {reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
-}
 
 /// Sets the id of the block to one with a class, and returns the row of that class.
 const CatalogueRow& claimId(MutableBytes block) {
@@ -57,8 +54,8 @@ void convert(HwDatablock& block) {
 /// Sets a field to a text that may or may not be valid, and checks that only the field changes.
 void setField(QByteArray& bytes, FieldElement element, std::string_view text) {
   const QByteArray before(bytes.constData(), bytes.size());
-  const std::string shown = fieldText(view(bytes), element);
-  const MutableBytes block(reinterpret_cast<unsigned char*>(bytes.data()), static_cast<std::size_t>(bytes.size()));
+  const std::string shown = fieldText(bytesOf(bytes), element);
+  const MutableBytes block = mutableBytesOf(bytes);
   const FieldResult result = setFieldText(block, element, text);
   if (result != FieldResult::Done) {
     FUZZ_EXPECT(bytes == before);
@@ -84,7 +81,7 @@ void setFields(const CatalogueRow& row, QByteArray bytes) {
   VelkTest::forEachField(row.fields, size, [&](const std::string&, FieldElement element) {
     if (at++ != index) return;
     index += stride;
-    setField(bytes, element, fieldText(view(bytes), element));
+    setField(bytes, element, fieldText(bytesOf(bytes), element));
     setField(bytes, element, texts[at % std::size(texts)]);
   });
 }
@@ -109,8 +106,8 @@ void edit(HwDatablock& block) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   VelkFuzz::quieten();
   if (size < sizeof(unsigned short) || size > 0x10000) return 0;
-  QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-  const CatalogueRow& row = claimId({reinterpret_cast<unsigned char*>(bytes.data()), size});
+  QByteArray bytes = toByteArray({data, size});
+  const CatalogueRow& row = claimId(mutableBytesOf(bytes));
   HwDatablock raw(true);
   raw.setData(bytes);
   const std::unique_ptr<HwDatablock> block = row.make(raw.getId());

@@ -6,6 +6,7 @@
 #include "../tool/Csv.h"
 #include "../tool/DataJson.h"
 #include "FuzzSupport.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/checks/FindingTable.h"
 #include "velk/data/BlockDiff.h"
 #include "velk/data/BlockRedaction.h"
@@ -23,14 +24,6 @@ constexpr std::size_t mostValues = 512;
 
 /// Returns the first block of an image of these bytes.
 BlockView walked(const QByteArray& bytes) { return *MemoryImage(bytes).begin(); }
-
-QByteArray copyOf(const BlockView& block) {
-  return {reinterpret_cast<const char*>(block.bytes.data()), static_cast<qsizetype>(block.bytes.size())};
-}
-
-MutableBytes writable(QByteArray& bytes) {
-  return {reinterpret_cast<unsigned char*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
-}
 
 std::vector<std::pair<std::string, FieldElement>> valuesOf(const BlockView& block) {
   std::vector<std::pair<std::string, FieldElement>> values;
@@ -66,13 +59,13 @@ void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
 
   QByteArray edited(bytes.constData(), bytes.size());
   BlockView view = block;
-  view.bytes = writable(edited);
-  if (!setValue(writable(edited), view, path, text, form).empty()) {
+  view.bytes = mutableBytesOf(edited);
+  if (!setValue(mutableBytesOf(edited), view, path, text, form).empty()) {
     FUZZ_EXPECT(edited == bytes);
     return;
   }
   if (own && form == ValueForm::Stored) FUZZ_EXPECT(fieldText(view.bytes, element, form) == shown);
-  sealBlock(writable(edited), block.kind);
+  sealBlock(mutableBytesOf(edited), block.kind);
   if (canBeSound(block)) FUZZ_EXPECT(walked(edited).isSound());
   for (qsizetype i = 0; i < bytes.size(); ++i) {
     const auto at = static_cast<std::size_t>(i);
@@ -132,24 +125,24 @@ void doubt(const BlockView& block) {
     FUZZ_EXPECT(found.value);
     const FieldElement& count = found.value->element();
     if (!count.isInside(block.bytes.size())) return;
-    QByteArray bytes = copyOf(block);
+    QByteArray bytes = toByteArray(block.bytes);
     const std::string claimed = fieldText(block.bytes, count);
-    FUZZ_EXPECT(setValue(writable(bytes), block, counter, claimed, ValueForm::Stored) == doubt);
+    FUZZ_EXPECT(setValue(mutableBytesOf(bytes), block, counter, claimed, ValueForm::Stored) == doubt);
   });
   FUZZ_EXPECT(tables <= 1);
 }
 
 void redact(const BlockView& block) {
-  QByteArray bytes = copyOf(block);
+  QByteArray bytes = toByteArray(block.bytes);
   BlockView view = block;
-  view.bytes = writable(bytes);
+  view.bytes = mutableBytesOf(bytes);
   const RedactionReach reach = redactionReach(view);
   FUZZ_EXPECT(reach == RedactionReach::All || (reach == RedactionReach::Nothing) == (view.row == nullptr));
-  redactBlock(writable(bytes), view);
+  redactBlock(mutableBytesOf(bytes), view);
   // The zeros may by chance make the CRC-32 of a damaged old-style block match.
   const BlockView after = walked(bytes);
   if (canBeSound(block) && after.kind == block.kind) FUZZ_EXPECT(after.isSound() == block.isSound());
-  FUZZ_EXPECT(redactBlock(writable(bytes), view).empty());
+  FUZZ_EXPECT(redactBlock(mutableBytesOf(bytes), view).empty());
 }
 
 }  // namespace
@@ -157,15 +150,15 @@ void redact(const BlockView& block) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   VelkFuzz::quieten();
   if (size > longest) return 0;
-  const MemoryImage image(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
+  const MemoryImage image(toByteArray({data, size}));
   std::mt19937 random(static_cast<unsigned>(size) + (size == 0 ? 0U : data[size / 2]));
   std::size_t blocks = 0;
   for (const BlockView& found : image) {
     if (++blocks > mostBlocks) break;
-    QByteArray bytes = copyOf(found);
+    QByteArray bytes = toByteArray(found.bytes);
     BlockView block = found;
     for (int step = 0; step < 4; ++step) {
-      block.bytes = writable(bytes);
+      block.bytes = mutableBytesOf(bytes);
       edit(bytes, block, random);
     }
     exportBlock(found);

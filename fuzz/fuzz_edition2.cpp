@@ -6,6 +6,7 @@
 
 #include "FuzzSupport.h"
 #include "edition2/ReferenceParser.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/edition2/CommonDatablockAccess.h"
 #include "velk/edition2/HwDatablockEventCount.h"
 #include "velk/image/MemoryImage.h"
@@ -16,8 +17,7 @@ using namespace Velk;
 
 std::unique_ptr<HwDatablock2Edition> blockOf(const QByteArray& bytes) {
   auto block = std::make_unique<HwDatablock2Edition>();
-  block->setDataWithoutChecksumCheck(reinterpret_cast<const unsigned char*>(bytes.constData()),
-                                     static_cast<unsigned>(bytes.size()));
+  block->setDataWithoutChecksumCheck(bytesOf(bytes).data(), static_cast<unsigned>(bytes.size()));
   return block;
 }
 
@@ -129,7 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   VelkFuzz::quieten();
   if (size == 0 || size > 0xFFFF) return 0;
   const unsigned flags = data[0];
-  QByteArray bytes(reinterpret_cast<const char*>(data + 1), static_cast<qsizetype>(size - 1));
+  QByteArray bytes = toByteArray({data + 1, size - 1});
   for (int i = 0; i < 2 && (flags & 1U) != 0 && bytes.size() >= 4; ++i) {
     bytes[2 + i] = static_cast<char>(bytes.size() >> (8 * i));
   }
@@ -144,7 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   printAll(*block);
   writeAndReadBack(bytes);
   HwDatablockEventCount counter;
-  counter.setData(reinterpret_cast<const unsigned char*>(bytes.constData()), static_cast<unsigned>(bytes.size()));
+  counter.setData(bytesOf(bytes).data(), static_cast<unsigned>(bytes.size()));
   counter.updateEventCountBlock(flags * 3, 'x');
   printAll(counter);
   for (const BlockView& view : MemoryImage(bytes)) describe(view, Finding::WrongCrc);

@@ -3,6 +3,7 @@
 
 #include "FuzzSupport.h"
 #include "ProofSupport.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/image/BlockText.h"
 #include "velk/image/MemoryImage.h"
 
@@ -81,7 +82,7 @@ void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   VelkFuzz::quieten();
-  const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
+  const QByteArray bytes = Velk::toByteArray({data, size});
   constexpr std::size_t longestPrinted = 0x2000;  // texts take most of the time, and long images show the walk
   walk(bytes, 0, 0, size <= longestPrinted);
   const std::uint64_t start = size == 0 ? 0 : data[0];

@@ -42,6 +42,23 @@ inline void fillFields(Velk::HwDatablock& block, std::span<const Velk::FieldInfo
   block.setChecksum(block.computeChecksum());
 }
 
+/// Checks which records without a sound checksum the block refuses.
+template <class Block, class Record>
+void checkRefusals(const RecordClass& expected, Block& block, Record& record) {
+  ErrorCapture errors;
+  record.header.checksum = static_cast<unsigned short>(record.header.checksum + 1);
+  const QByteArray before = block.getByteArrayData();
+  block.setBlock(&record);
+  EXPECT_EQ(block.getByteArrayData(), before);
+  const std::vector<std::string> refusal{"1040001:   " + expected.refusal};
+  EXPECT_EQ(errors.errors, refusal);
+
+  errors.errors.clear();
+  record.header = {expected.id, expected.size, 1, 0};
+  block.setBlock(&record);
+  EXPECT_EQ(errors.errors, expected.headerIsEnough ? std::vector<std::string>() : refusal);
+}
+
 /// Checks a new block of the class, its text, that it takes over every byte of a sound record, and which others it
 /// refuses.
 template <class Block, class... Arguments>
@@ -72,18 +89,7 @@ void checkRecordClass(const RecordClass& expected, Arguments... arguments) {
   EXPECT_EQ(block.getAlignment(), expected.keepsAlignment ? 0x1234 : 0);
   EXPECT_EQ(block.getChecksum(), source.getChecksum()) << "the record's own checksum";
   EXPECT_EQ(block.getByteArrayData().mid(8), source.getByteArrayData().mid(8));
-
-  record->header.checksum = static_cast<unsigned short>(record->header.checksum + 1);
-  const QByteArray before = block.getByteArrayData();
-  block.setBlock(record.get());
-  EXPECT_EQ(block.getByteArrayData(), before);
-  const std::vector<std::string> refusal{"1040001:   " + expected.refusal};
-  EXPECT_EQ(errors.errors, refusal);
-
-  errors.errors.clear();
-  record->header = {expected.id, expected.size, 1, 0};
-  block.setBlock(record.get());
-  EXPECT_EQ(errors.errors, expected.headerIsEnough ? std::vector<std::string>() : refusal);
+  checkRefusals(expected, block, *record);
 }
 
 /// The first lines of a text, long ones cut, then the length and the CRC-32 of all of it.
@@ -101,6 +107,19 @@ inline std::string abridged(const std::string& text) {
   std::snprintf(total, sizeof total, "[%zu bytes, CRC %08X]\n\n", text.size(),
                 libdeflate_crc32(0, text.data(), text.size()));
   return shown + total;
+}
+
+/// Returns the abridged texts of new blocks with all fields filled and the count set, unless it is negative.
+template <class... Blocks, class... Arguments>
+std::string textsOfFilled(int count, Arguments... arguments) {
+  const auto text = [count](auto&& block) {
+    fillFields(block, block.traits.fields);
+    if (count >= 0) std::memcpy(block.getData() + sizeof(Velk::HwSDatablockHeader), &count, sizeof count);
+    return abridged(printed(block));
+  };
+  std::string texts;
+  ((texts += text(Blocks(arguments...))), ...);
+  return texts;
 }
 
 }  // namespace VelkTest

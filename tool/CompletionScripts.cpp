@@ -106,13 +106,17 @@ std::string bashValues(const std::string& command, const std::string& option, co
   return "    \"" + command + ' ' + option + "\") words=" + singleQuoted(choices) + " ;;\n";
 }
 
-}  // namespace
+/// The parts of the bash script that depend on the commands: patterns and cases.
+struct BashCases {
+  std::string known;   ///< all commands
+  std::string values;  ///< those of each option
+  std::string words;   ///< options and words of each command
+};
 
-std::string bashCompletion(const std::vector<CommandRow>& commands) {
-  std::string known;
-  std::string values;
-  std::string words;
+BashCases bashCases(const std::vector<CommandRow>& commands) {
+  BashCases cases;
   for (const CommandRow& command : commands) {
+    std::string& known = cases.known;
     if (!command.name.empty()) known += (known.empty() ? "\"" : " | \"") + std::string(" ") + command.name + '"';
     const std::string key = command.name.empty() ? "" : " " + command.name;
     std::string arguments;
@@ -121,27 +125,34 @@ std::string bashCompletion(const std::vector<CommandRow>& commands) {
       if (choices.empty()) continue;
       if (option.isArgument) arguments = choices;
       for (const std::string& name : option.names) {
-        if (!option.isArgument) values += bashValues(key, name, choices);
+        if (!option.isArgument) cases.values += bashValues(key, name, choices);
       }
     }
     const std::string below = joined(namesBelow(commands, command.name));
-    words += "      \"" + key + "\") options=" + singleQuoted(joined(optionNames(command))) +
-             " words=" + singleQuoted(below.empty() ? arguments : below) + " ;;\n";
+    cases.words += "      \"" + key + "\") options=" + singleQuoted(joined(optionNames(command))) +
+                   " words=" + singleQuoted(below.empty() ? arguments : below) + " ;;\n";
   }
+  return cases;
+}
+
+}  // namespace
+
+std::string bashCompletion(const std::vector<CommandRow>& commands) {
+  const BashCases cases = bashCases(commands);
   return "# bash completion for velk, made by: velk completion bash\n"
          "_velk() {\n"
          "  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command= options= words= "
          "word\n"
          "  for word in \"${COMP_WORDS[@]:1:COMP_CWORD - 1}\"; do\n"
          "    case \"$command $word\" in " +
-         known +
+         cases.known +
          ") command+=\" $word\" ;; esac\n"
          "  done\n"
          "  case \"$command $previous\" in\n" +
-         values +
+         cases.values +
          "    *)\n"
          "      case $command in\n" +
-         words +
+         cases.words +
          "      esac\n"
          "      if [[ $current == -* ]]; then words=$options; fi ;;\n"
          "  esac\n"

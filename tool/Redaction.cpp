@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Images.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/data/BlockRedaction.h"
 
 namespace VelkTool {
@@ -42,9 +43,9 @@ std::uint64_t redactForShow(const Velk::MemoryImage& image, QByteArray& bytes) {
 
 void redactImage(const Velk::MemoryImage& image, QByteArray& bytes,
                  const std::function<void(const Redaction& redaction)>& report) {
-  auto* const redacted = reinterpret_cast<unsigned char*>(bytes.data());
+  const Velk::MutableBytes redacted = Velk::mutableBytesOf(bytes);
   for (const Velk::BlockView& block : image) {
-    report({block, Velk::redactBlock({redacted + block.offset, block.bytes.size()}, block)});
+    report({block, Velk::redactBlock(redacted.subspan(block.offset, block.bytes.size()), block)});
   }
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <sstream>
 
+#include "velk/bytes/ByteArray.h"
 #include "velk/data/BlockSeal.h"
 #include "velk/oldstyle/BlockCatalogue.h"
 #include "velk/platform/Console.h"
@@ -63,8 +64,7 @@ std::string readInto(Velk::HwTableBlock& table, const std::string& text) {
 
 QByteArray replacementOf(const Velk::BlockView& block, Velk::HwTableBlock& table) {
   QByteArray bytes = table.getByteArrayData();
-  const Velk::MutableBytes taken(reinterpret_cast<unsigned char*>(bytes.data()),
-                                 static_cast<std::size_t>(bytes.size()));
+  const Velk::MutableBytes taken = Velk::mutableBytesOf(bytes);
   const auto labels = std::ranges::find(block.row->fields, std::string_view("indexColumn"), &Velk::FieldInfo::name);
   if (labels == block.row->fields.end() || block.bytes.size() != taken.size()) return bytes;
   const std::size_t size = std::size_t{labels->rows} * labels->stride;

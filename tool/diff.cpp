@@ -10,7 +10,7 @@
 namespace VelkTool {
 namespace {
 
-using Velk::BlockPair;
+using Velk::ComparedBlocks;
 using Velk::BlockView;
 using Velk::Difference;
 using Velk::FieldElement;
@@ -24,17 +24,17 @@ class DiffWriter {
   DiffWriter& operator=(const DiffWriter&) = delete;
   virtual ~DiffWriter() = default;
 
-  virtual void lonely(const BlockPair& pair) = 0;
-  virtual void beginChanged(const BlockPair& pair) = 0;
-  virtual void difference(const BlockPair& pair, const Difference& difference) = 0;
+  virtual void lonely(const ComparedBlocks& pair) = 0;
+  virtual void beginChanged(const ComparedBlocks& pair) = 0;
+  virtual void difference(const ComparedBlocks& pair, const Difference& difference) = 0;
   virtual void endChanged() = 0;
   virtual void finish() = 0;
 };
 
-const BlockView& either(const BlockPair& pair) { return pair.first != nullptr ? *pair.first : *pair.second; }
+const BlockView& either(const ComparedBlocks& pair) { return pair.first != nullptr ? *pair.first : *pair.second; }
 
 /// Returns "IDENT_2 (id 2)"; with " no. 2" for the second block with an id.
-std::string title(const BlockPair& pair) {
+std::string title(const ComparedBlocks& pair) {
   const BlockView& block = either(pair);
   std::string text = Velk::blockName(block);
   if (block.kind != Velk::BlockKind::Stray) text += " (id " + std::to_string(block.id) + ')';
@@ -46,19 +46,19 @@ class DiffText : public DiffWriter {
  public:
   explicit DiffText(Session& session) : session_(session) {}
 
-  void lonely(const BlockPair& pair) override {
+  void lonely(const ComparedBlocks& pair) override {
     const BlockView& block = either(pair);
     session_.write(std::string(pair.first != nullptr ? "removed: " : "added: ") + title(pair) + ", " +
                    std::to_string(block.bytes.size()) + " bytes at offset " + offsetText(block.offset) + '\n');
   }
-  void beginChanged(const BlockPair& pair) override {
+  void beginChanged(const ComparedBlocks& pair) override {
     session_.write(title(pair) + ":\n");
     if (pair.first->kind != pair.second->kind) {
       session_.write(std::string("  kind: ") + kindName(pair.first->kind) + " -> " + kindName(pair.second->kind) +
                      '\n');
     }
   }
-  void difference(const BlockPair& pair, const Difference& difference) override {
+  void difference(const ComparedBlocks& pair, const Difference& difference) override {
     session_.write("  " + difference.path.text() + ": " + sidesText(*pair.first, *pair.second, difference) + '\n');
   }
   void endChanged() override {}
@@ -77,15 +77,15 @@ class DiffJson : public DiffWriter {
     json_.key("differences").beginArray();
   }
 
-  void lonely(const BlockPair& pair) override {
+  void lonely(const ComparedBlocks& pair) override {
     begin(pair, pair.first != nullptr ? "removed" : "added");
     json_.endObject();
   }
-  void beginChanged(const BlockPair& pair) override {
+  void beginChanged(const ComparedBlocks& pair) override {
     begin(pair, "changed");
     json_.key("fields").beginArray();
   }
-  void difference(const BlockPair& pair, const Difference& difference) override {
+  void difference(const ComparedBlocks& pair, const Difference& difference) override {
     json_.beginObject().member("field", difference.path.text());
     value("first", pair.first, difference.first);
     value("second", pair.second, difference.second);
@@ -97,7 +97,7 @@ class DiffJson : public DiffWriter {
   void finish() override { json_.endArray().endObject().finish(); }
 
  private:
-  void begin(const BlockPair& pair, const char* change) {
+  void begin(const ComparedBlocks& pair, const char* change) {
     const BlockView& block = either(pair);
     json_.beginObject().member("change", change).member("name", Velk::blockName(block));
     if (block.kind != Velk::BlockKind::Stray) json_.member("id", block.id);
@@ -131,7 +131,7 @@ std::vector<BlockView> blocksOf(Session& session, const Input& input) {
 /// Writes all differences; returns whether there are any.
 bool compare(const std::vector<BlockView>& first, const std::vector<BlockView>& second, DiffWriter& writer) {
   bool differs = false;
-  for (const BlockPair& pair : Velk::pairBlocks(first, second)) {
+  for (const ComparedBlocks& pair : Velk::pairBlocks(first, second)) {
     bool changed = false;
     if (pair.first == nullptr || pair.second == nullptr) {
       writer.lonely(pair);

@@ -8,6 +8,7 @@
 #include "Inputs.h"
 #include "LimitedText.h"
 #include "Selection.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/data/ElementCounts.h"
 #include "velk/image/BlockText.h"
 #include "velk/platform/Console.h"
@@ -77,7 +78,7 @@ class Printer {
     const QByteArray held = Velk::withHeldCounts(block);
     if (held.isEmpty()) return LimitedText::anyNumber;
     BlockView view = block;
-    view.bytes = {reinterpret_cast<const unsigned char*>(held.constData()), block.bytes.size()};
+    view.bytes = Velk::bytesOf(held).first(block.bytes.size());
     LimitedText text;
     std::ostream stream(&text);
     printBlock(stream, view, page_);

@@ -4,6 +4,7 @@
 #include "Output.h"
 #include "Selection.h"
 #include "ValueText.h"
+#include "velk/bytes/ByteArray.h"
 #include "velk/data/BlockSeal.h"
 #include "velk/data/DataLookup.h"
 #include "velk/data/ValueEdit.h"
@@ -67,9 +68,8 @@ class Editor {
 
   /// Sets the values. Returns a line for each change, or nothing if one of them cannot be set.
   std::optional<std::string> edit(Input& input, const BlockView& found) {
-    // data() detaches: the image keeps the old bytes.
-    auto* const image = reinterpret_cast<unsigned char*>(input.file.bytes.data());
-    const Velk::MutableBytes bytes(image + found.offset, found.bytes.size());
+    QByteArray changed = input.file.bytes;  // the file keeps its bytes until all values are set
+    const Velk::MutableBytes bytes = Velk::mutableBytesOf(changed).subspan(found.offset, found.bytes.size());
     BlockView block = found;
     block.bytes = bytes;
     const ValueForm form = edit_.stored ? ValueForm::Stored : ValueForm::Presented;
@@ -89,6 +89,7 @@ class Editor {
       changes.append(textOf(block, path, form)).append("\n");
     }
     Velk::sealBlock(bytes, block.kind);
+    input.file.bytes = std::move(changed);
     return changes;
   }
 

@@ -103,13 +103,19 @@ TEST(BlockEdit, SaysWhyAValueCannotBeSet) {
               expected.refusal);
     EXPECT_EQ(block.bytes, before);
   }
+}
+
+TEST(BlockEdit, StoresTheNearestValue) {
+  OwnedBlock block = detectorBlock(1);
   EXPECT_EQ(setValue(block.bytes, block.view(), "updateIndex", "2.5", ValueForm::Presented), "");
   EXPECT_EQ(detail::load<unsigned short>(block.bytes, 12), 250);
 
   EXPECT_EQ(setValue(block.bytes, block.view(), "tables[0].cells[0][8]", "-1e-60", ValueForm::Presented), "");
   EXPECT_EQ(fieldText(block.bytes, findValue(BlockData(block.view()).root(), "tables[0].cells[0][8]").value->element()),
             "0");
+}
 
+TEST(BlockEdit, ACountIsNoMoreThanItsListHolds) {
   OwnedBlock list{"", std::vector<unsigned char>(412)};
   detail::store<unsigned short>(list.bytes, 0, 10002);
   detail::store<unsigned short>(list.bytes, 2, 412);

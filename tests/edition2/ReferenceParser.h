@@ -54,8 +54,9 @@ class ReferenceParser {
     Data
   };
 
-  void step(unsigned char byte) {
-    ReferenceTable& table = tables.back();
+  void step(unsigned char byte) { state_ < Rows ? headerByte(byte) : tableByte(byte); }
+
+  void headerByte(unsigned char byte) {
     switch (state_) {
       case BlockId:
         return field(id, byte, 2, BlockSize);
@@ -69,6 +70,14 @@ class ReferenceParser {
         return field(checksum32, byte, 2, UpdateIndex);
       case UpdateIndex:
         return field(updateIndex, byte, 2, Rows);
+      default:
+        return;
+    }
+  }
+
+  void tableByte(unsigned char byte) {
+    ReferenceTable& table = tables.back();
+    switch (state_) {
       case Rows:
         return field(table.rows, byte, 2, Columns);
       case Columns:
@@ -94,6 +103,8 @@ class ReferenceParser {
         return;
       case Data:
         return cellByte(byte);
+      default:
+        return;
     }
   }
 

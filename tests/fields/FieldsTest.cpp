@@ -113,11 +113,14 @@ TEST(Fields, AreCountedByAWholeNumberOfTheirRecord) {
   static_assert(&fieldNamed(sampleFields, "high") == &sampleFields[1]);
 }
 
+FieldResult setIn(HwDatablockIdent& ident, std::string_view path, std::string_view text,
+                  ValueForm form = ValueForm::Presented) {
+  return setFieldText({ident.getData(), 44}, findField(identFields, path).value(), text, form);
+}
+
 TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   HwDatablockIdent ident;
-  const auto set = [&](std::string_view path, std::string_view text) {
-    return setFieldText({ident.getData(), 44}, findField(identFields, path).value(), text, ValueForm::Presented);
-  };
+  const auto set = [&](std::string_view path, std::string_view text) { return setIn(ident, path, text); };
   EXPECT_EQ(set("serialNumber", "4294967295"), FieldResult::Done);
   EXPECT_EQ(set("variant", "2"), FieldResult::Done);
   EXPECT_EQ(set("productDate", "2017-03-15"), FieldResult::Done);
@@ -129,24 +132,6 @@ TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
 
   EXPECT_EQ(set("variant", "256"), FieldResult::OutOfRange);
   EXPECT_EQ(set("name", "RF board 4711xy"), FieldResult::OutOfRange);
-  for (const char* const date : {"1979-01-01", "2108-01-01"}) {
-    EXPECT_EQ(set("productDate", date), FieldResult::OutOfRange) << date;
-  }
-  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F", "2017-02-29",
-                                 "2017-13-01", "2017-00-10", "2017-01-32", "2017-257-01", "1980-00-32"}) {
-    EXPECT_EQ(set("productDate", date), FieldResult::NotAValue) << date;
-  }
-  const std::vector<unsigned char> before(ident.getData(), ident.getData() + 44);
-  const auto setStored = [&](const char* text) {
-    return setFieldText({ident.getData(), 44}, findField(identFields, "productDate").value(), text);
-  };
-  EXPECT_EQ(set("productDate", "1980-00-00"), FieldResult::Done) << "unset, as zeroed records have it";
-  EXPECT_EQ(ident.getProductDate(), 0);
-  EXPECT_EQ(setStored("65535"), FieldResult::Done) << "no calendar has it, erased records do";
-  EXPECT_EQ(ident.getProductDate(), 65535);
-  EXPECT_EQ(setStored("65536"), FieldResult::OutOfRange);
-  EXPECT_EQ(setStored("2017-03-15"), FieldResult::Done);
-  EXPECT_EQ(std::vector<unsigned char>(ident.getData(), ident.getData() + 44), before);
 
   std::string text;
   forEachField(identFields, 44, [&](const std::string& path, FieldElement element) {
@@ -155,6 +140,28 @@ TEST(FieldsOfTheIdentRecord, ReadAndSetByName) {
   EXPECT_EQ(text,
             "eepromSize=0\npartNumber=0\nvariant=2\nhardwareCode=0\nproductIndex=0\nserialNumber=4294967295\n"
             "productDate=2017-03-15\nreadCode=0\ntestInstruction=0\nname=RF board 4711x\n");
+}
+
+TEST(FieldsOfTheIdentRecord, DatesAreThoseOfACalendar) {
+  HwDatablockIdent ident;
+  const auto set = [&](std::string_view path, std::string_view text) { return setIn(ident, path, text); };
+  const auto setStored = [&](const char* text) { return setIn(ident, "productDate", text, ValueForm::Stored); };
+  EXPECT_EQ(set("productDate", "2017-03-15"), FieldResult::Done);
+  for (const char* const date : {"1979-01-01", "2108-01-01"}) {
+    EXPECT_EQ(set("productDate", date), FieldResult::OutOfRange) << date;
+  }
+  for (const char* const date : {"2017", "2017-03", "2017-03-", "17.3.2017", "2017-03-15x", "0x4A6F", "2017-02-29",
+                                 "2017-13-01", "2017-00-10", "2017-01-32", "2017-257-01", "1980-00-32"}) {
+    EXPECT_EQ(set("productDate", date), FieldResult::NotAValue) << date;
+  }
+  const std::vector<unsigned char> before(ident.getData(), ident.getData() + 44);
+  EXPECT_EQ(set("productDate", "1980-00-00"), FieldResult::Done) << "unset, as zeroed records have it";
+  EXPECT_EQ(ident.getProductDate(), 0);
+  EXPECT_EQ(setStored("65535"), FieldResult::Done) << "no calendar has it, erased records do";
+  EXPECT_EQ(ident.getProductDate(), 65535);
+  EXPECT_EQ(setStored("65536"), FieldResult::OutOfRange);
+  EXPECT_EQ(setStored("2017-03-15"), FieldResult::Done);
+  EXPECT_EQ(std::vector<unsigned char>(ident.getData(), ident.getData() + 44), before);
 }
 
 }  // namespace

@@ -37,6 +37,11 @@ pc=$(dirname "$(find "$work/moved" -name velk.pc)")
 read -ra options <<<"$flags $(PKG_CONFIG_PATH=$pc pkg-config --cflags velk)"
 read -ra libraries <<<"$(PKG_CONFIG_PATH=$pc pkg-config --libs velk)"
 "$compiler" -std=c++20 -fPIC "${options[@]}" "$sources/consumer.cpp" -o "$work/consumer" "${libraries[@]}"
+# The installed headers are those that velk/velk.h includes, by the compiler's own account.
+include=$work/moved/include
+"$compiler" -std=c++20 -fPIC "${options[@]}" -M "$sources/consumer.cpp" | tr ' ' '\n' | xargs -n 1 realpath -m |
+  grep "^$include/" | sort -u >"$work/included"
+find "$include" -name '*.h' | sort | diff "$work/included" - || { echo "other headers are installed" >&2; exit 1; }
 LD_LIBRARY_PATH="$(dirname "$pc")" expect "$work/consumer"
 
 "$work/moved/bin/velk" check "$sources/../../examples/images/rf_board.bin" >/dev/null

@@ -1,5 +1,7 @@
 #include "AccessorSupport.h"
-#include "velk/velk.h"
+#include "velk/mainboard/ExternalLevelCalibration.h"
+#include "velk/mainboard/PathLists.h"
+#include "velk/mainboard/RfResponse.h"
 
 namespace Velk {
 namespace {

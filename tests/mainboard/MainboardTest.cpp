@@ -1,5 +1,7 @@
 #include "RecordSupport.h"
-#include "velk/velk.h"
+#include "velk/mainboard/ExternalLevelCalibration.h"
+#include "velk/mainboard/PathLists.h"
+#include "velk/mainboard/RfResponse.h"
 
 namespace Velk {
 namespace {
@@ -9,7 +11,7 @@ using VelkTest::ConsoleCapture;
 using VelkTest::ErrorCapture;
 using VelkTest::printed;
 
-TEST(Mainboard, EveryClassHasItsIdSizeKeyAndRefusal) {
+TEST(Mainboard, ClassesOfPathResponsesHaveTheirIdSizeKeyAndRefusal) {
   const std::string id = "ID:              ";
   checkRecordClass<HwDatablockMbrdIqImbalanceRfFreq>(
       {12100, 2412, id + "PATH_A_IQ_IMBALANCE_RF_FREQ", "HwSDatablockMbrdIqImbalanceRfFreq"}, 0, true);
@@ -27,6 +29,18 @@ TEST(Mainboard, EveryClassHasItsIdSizeKeyAndRefusal) {
       {12251, 412, id + "PATH_B_RF_RESPONSE_BB_FREQ", "HwDatablockMbrdRfResponseBbFreq"}, 1, true);
   checkRecordClass<HwDatablockMbrdRfResponseIoPepInfo>(
       {12222, 92, id + "PATH_C_RF_RESPONSE_IOPEP_INFO", "HwDatablockMbrdRfResponseIoPepInfo"}, 2, true);
+  checkRecordClass<HwDatablockMbrdRfResponseAttAmpl>(
+      {12272, 9612, id + "PATH_C_RF_RESPONSE_ATT_AMP", "HwSDatablockMbrdRfResponseAttAmpl   "}, 2, true);
+  checkRecordClass<HwDatablockMbrdRfResponseLpFreq>(
+      {12212, 5444, id + "PATH_C_RF_RESPONSE_LP_FREQ", "HwSDatablockMbrdRfResponseLpFreq   "}, 2, true);
+  checkRecordClass<HwDatablockMbrdRfResponseLpAmp>(
+      {12233, 21644, id + "PATH_D_RF_RESPONSE_LP_AMP", "HwSDatablockMbrdRfResponseLpAmp   "}, 3, true);
+  checkRecordClass<HwDatablockMbrdRfResponseLpPh>(
+      {12240, 21644, id + "PATH_A_RF_RESPONSE_LP_PH", "HwSDatablockMbrdRfResponseLpPh   "}, 0, true);
+}
+
+TEST(Mainboard, ClassesOfLevelCalibrationHaveTheirIdSizeKeyAndRefusal) {
+  const std::string id = "ID:              ";
   checkRecordClass<HwDatablockMbrdExtLevCalDataFreq>(
       {12052, 1052, id + "EXT_CAL_DAT_C_FREQ", "HwDatablockMbrdExtLevCalDataFreq"}, 2, true);
   checkRecordClass<HwDatablockMbrdExtLevCalDataFreq_Enh>(
@@ -44,14 +58,6 @@ TEST(Mainboard, EveryClassHasItsIdSizeKeyAndRefusal) {
   checkRecordClass<HwDatablockMbrdExtLevCalData2Edition_Enh>(
       {12095, 13012, id + "EXT_CAL_DAT_A_LEVEL_2_EDITION_ENH", "HwSDatablockMbrdExtLevCalData2Edition_Enh"}, 0, true,
       13012);
-  checkRecordClass<HwDatablockMbrdRfResponseAttAmpl>(
-      {12272, 9612, id + "PATH_C_RF_RESPONSE_ATT_AMP", "HwSDatablockMbrdRfResponseAttAmpl   "}, 2, true);
-  checkRecordClass<HwDatablockMbrdRfResponseLpFreq>(
-      {12212, 5444, id + "PATH_C_RF_RESPONSE_LP_FREQ", "HwSDatablockMbrdRfResponseLpFreq   "}, 2, true);
-  checkRecordClass<HwDatablockMbrdRfResponseLpAmp>(
-      {12233, 21644, id + "PATH_D_RF_RESPONSE_LP_AMP", "HwSDatablockMbrdRfResponseLpAmp   "}, 3, true);
-  checkRecordClass<HwDatablockMbrdRfResponseLpPh>(
-      {12240, 21644, id + "PATH_A_RF_RESPONSE_LP_PH", "HwSDatablockMbrdRfResponseLpPh   "}, 0, true);
 }
 
 TEST(Mainboard, GoldenTexts) {

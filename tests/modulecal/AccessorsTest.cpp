@@ -1,5 +1,13 @@
 #include "AccessorSupport.h"
-#include "velk/velk.h"
+#include "velk/modulecal/AduCalibration.h"
+#include "velk/modulecal/CwOp3Calibration.h"
+#include "velk/modulecal/DetLimiterCalibration.h"
+#include "velk/modulecal/IqOp3RfmCalibDataMisc.h"
+#include "velk/modulecal/IqOp3RfmCalibration.h"
+#include "velk/modulecal/IqOp6Calibration.h"
+#include "velk/modulecal/StepAttenuatorCalibration.h"
+#include "velk/modulecal/StepAttenuatorCounters.h"
+#include "velk/modulecal/SynthesizerCalibration.h"
 
 namespace Velk {
 namespace {
@@ -98,6 +106,9 @@ TEST(ModuleCalibrationAccessors, ReachEveryFieldOfWideRecords) {
       .row("uiqBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, UiqBz), {12})
       .row("lconReserveBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, LconReserveBz), {12})
       .row("detReserveBz[i]", VELK_PAIR(HwDatablockIqOp3RfmCalibDataMisc, DetReserveBz), {12});
+}
+
+TEST(ModuleCalibrationAccessors, ReachEveryScalarOfTheSecondVersion) {
   using V20 = HwDatablockIqOp3RfmCalibDataMiscV20;
   Accessors<V20>()
       .row("lmaxLow", VELK_PAIR(V20, LmaxLow))

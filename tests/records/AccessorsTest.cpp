@@ -1,5 +1,8 @@
 #include "AccessorSupport.h"
-#include "velk/velk.h"
+#include "velk/datablock/HwDatablockIds.h"
+#include "velk/records/HwDatablockIdent.h"
+#include "velk/records/MainboardRecords.h"
+#include "velk/records/ServiceRecords.h"
 
 namespace Velk {
 namespace {

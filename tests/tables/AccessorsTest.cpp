@@ -1,5 +1,10 @@
 #include "AccessorSupport.h"
-#include "velk/velk.h"
+#include "velk/tables/BasebandInputTables.h"
+#include "velk/tables/DacBoardCompensation.h"
+#include "velk/tables/DacBoardImbalance.h"
+#include "velk/tables/DacIfFullScale.h"
+#include "velk/tables/ObelTables.h"
+#include "velk/tables/PimTables.h"
 
 namespace Velk {
 namespace {

@@ -1,7 +1,12 @@
 #include <limits>
 
 #include "RecordSupport.h"
-#include "velk/velk.h"
+#include "velk/tables/BasebandInputTables.h"
+#include "velk/tables/DacBoardCompensation.h"
+#include "velk/tables/DacBoardImbalance.h"
+#include "velk/tables/DacIfFullScale.h"
+#include "velk/tables/ObelTables.h"
+#include "velk/tables/PimTables.h"
 
 namespace Velk {
 namespace {
@@ -10,8 +15,9 @@ using VelkTest::checkRecordClass;
 using VelkTest::ConsoleCapture;
 using VelkTest::ErrorCapture;
 using VelkTest::printed;
+using VelkTest::textsOfFilled;
 
-TEST(FrequencyResponse, EveryClassHasItsIdSizeKeyAndRefusal) {
+TEST(FrequencyResponse, ClassesOfTheDacBoardHaveTheirIdSizeKeyAndRefusal) {
   const std::string id = "ID:              ";
   checkRecordClass<HwDatablockDacbFrequencyCompFreq>(
       {13500, 116, id + "DACB_FREQUENCY_COMP_FREQ", "HwDatablockDacbFrequencyCompFreq"}, true);
@@ -41,6 +47,12 @@ TEST(FrequencyResponse, EveryClassHasItsIdSizeKeyAndRefusal) {
       {14700, 64, id + "DACB_IQ_IMBALANCE_REAR_AMP", "HwSDatablockDacbIqImbalanceRearAmp"}, true);
   checkRecordClass<HwDatablockDacbIqImbalanceRearPh>(
       {14800, 64, id + "DACB_IQ_IMBALANCE_REAR_PH", "HwDatablockDacbIqImbalanceRearPh"}, true);
+  checkRecordClass<HwDatablockDacIfFullScale>({12500, 12, id + "DACIF_FULLSCALEVALUE", "HwDatablockDacIfFullScale"});
+}
+
+TEST(FrequencyResponse, ClassesOfBasebandBoardsHaveTheirIdSizeKeyAndRefusal) {
+  const std::string id = "ID:              ";
+  const std::string id15 = "ID:            ";
   checkRecordClass<HwDatablockBbinsCompFilterTabsI>(
       {13000, 92, id + "BBINS_COMP_FIL_TAPS_I", "HwSDatablockBbinsCompFilterTabsI"}, true);
   checkRecordClass<HwDatablockBbinsCompFilterTabsQ>(
@@ -63,6 +75,17 @@ TEST(FrequencyResponse, EveryClassHasItsIdSizeKeyAndRefusal) {
       {15603, 132, id + "OBEL_ANALOG_IMBALANCE_DATA", "HwDatablockObelAnalogImbalancePhI"}, true);
   checkRecordClass<HwDatablockObelAnalogImbalancePhQ>(
       {15604, 132, id + "OBEL_ANALOG_IMBALANCE_DATA", "HwDatablockObelAnalogImbalancePhQ"}, true);
+  checkRecordClass<HwDatablockOBELDelay>({15504, 16, id + "OBEL_DELAY", "HwDatablockOBELDelay"});
+  checkRecordClass<HwDatablockObelWIQQuadDac>({15649, 116, id + "OBEL_WIQ_QUAD_DAC", "HwDatablockObelWiqQuadDacData"});
+  checkRecordClass<HwDatablockObelWiqSensorData>(
+      {15648, 460, id + "OBEL_WIQ_SENSOR_DATA", "HwDatablockObelWiqSensorData"});
+  checkRecordClass<HwDatablockObelBaseboardCalibValue>(
+      {15605, 16, id15 + "OBEL_BASEBOARD_CALIB_VALUE", "HwDatablockObelBaseboardCalibValue"});
+}
+
+TEST(FrequencyResponse, ClassesOfTheMicrowaveModuleHaveTheirIdSizeKeyAndRefusal) {
+  const std::string id = "ID:              ";
+  const std::string id15 = "ID:            ";
   checkRecordClass<HwDatablockPimMwIfExtLevCalDataFreq>(
       {12040, 6012, id + "LEV_CAL_DAT_FREQ", "HwDatablockPimMwIfExtLevCalDataFreq"}, true);
   checkRecordClass<HwDatablockPimMwIfExtLevCalData>(
@@ -79,14 +102,6 @@ TEST(FrequencyResponse, EveryClassHasItsIdSizeKeyAndRefusal) {
       {12046, 2012, id + "ATT_CAL_DAT_FREQ_SE", "HwDatablockPimAttCalDatFreqSe"}, true);
   checkRecordClass<HwDatablockPimAttCalDatSe>(
       {12047, 20016, id + "ATT_CAL_DAT_CORR_SE", "HwSDatablockPimAttCalDatSe   "}, true);
-  checkRecordClass<HwDatablockDacIfFullScale>({12500, 12, id + "DACIF_FULLSCALEVALUE", "HwDatablockDacIfFullScale"});
-  checkRecordClass<HwDatablockOBELDelay>({15504, 16, id + "OBEL_DELAY", "HwDatablockOBELDelay"});
-  checkRecordClass<HwDatablockObelWIQQuadDac>({15649, 116, id + "OBEL_WIQ_QUAD_DAC", "HwDatablockObelWiqQuadDacData"});
-  checkRecordClass<HwDatablockObelWiqSensorData>(
-      {15648, 460, id + "OBEL_WIQ_SENSOR_DATA", "HwDatablockObelWiqSensorData"});
-  const std::string id15 = "ID:            ";
-  checkRecordClass<HwDatablockObelBaseboardCalibValue>(
-      {15605, 16, id15 + "OBEL_BASEBOARD_CALIB_VALUE", "HwDatablockObelBaseboardCalibValue"});
   checkRecordClass<HwDatablockPimOcxoRefCalValue>(
       {15002, 16, id15 + "PIM_OCXO_REF_CAL_VALUE", "HwDatablockPimOcxoRefCalValue"});
 }
@@ -94,50 +109,22 @@ TEST(FrequencyResponse, EveryClassHasItsIdSizeKeyAndRefusal) {
 TEST(FrequencyResponse, GoldenTexts) {
   ConsoleCapture console;
   std::string text;
-  const auto add = [&](auto&& block, int count) {
-    VelkTest::fillFields(block, block.traits.fields);
-    if (count >= 0) std::memcpy(block.getData() + sizeof(HwSDatablockHeader), &count, sizeof count);
-    text += VelkTest::abridged(printed(block));
-  };
-  add(HwDatablockDacbFrequencyCompFreq(true), 2);
-  add(HwDatablockDacbFrequencyCompAmp(true), 2);
-  add(HwDatablockDacbFrequencyCompPh(true), 2);
-  add(HwDatablockDacbFrequencyCompDt(true), 2);
-  add(HwDatablockDacbIqImbalanceFreq(true), 2);
-  add(HwDatablockDacbIqImbalanceAmp(true), 2);
-  add(HwDatablockDacbIqImbalancePh(true), 2);
-  add(HwDatablockDacbIqImbalanceSwapAmp(true), 2);
-  add(HwDatablockDacbIqImbalanceSwapPh(true), 2);
-  add(HwDatablockDacbFrequencyCompAmpRear(true), 2);
-  add(HwDatablockDacbFrequencyCompPhRear(true), 2);
-  add(HwDatablockDacbFrequencyCompDtRear(true), 2);
-  add(HwDatablockDacbIqImbalanceRearAmp(true), 2);
-  add(HwDatablockDacbIqImbalanceRearPh(true), 2);
-  add(HwDatablockBbinsCompFilterTabsI(true), 2);
-  add(HwDatablockBbinsCompFilterTabsQ(true), 2);
-  add(HwDatablockBbinsUncalibratedFirAmplitudeI(true), 2);
-  add(HwDatablockBbinsUncalibratedFirPhiI(true), 2);
-  add(HwDatablockBbinsUncalibratedFirAmplitudeQ(true), 2);
-  add(HwDatablockBbinsUncalibratedFirPhiQ(true), 2);
-  add(HwDatablockObelAnalogImbalanceFreq(true), 2);
-  add(HwDatablockObelAnalogImbalanceGainI(true), 2);
-  add(HwDatablockObelAnalogImbalanceGainQ(true), 2);
-  add(HwDatablockObelAnalogImbalancePhI(true), 2);
-  add(HwDatablockObelAnalogImbalancePhQ(true), 2);
-  add(HwDatablockPimMwIfExtLevCalDataFreq(true), 2);
-  add(HwDatablockPimMwIfExtLevCalData(true), 2);
-  add(HwDatablockPimMwIfExtLevCalDataAbsCorr(true), 2);
-  add(HwDatablockPimMwIfExtLevCalDataRelCorr(true), 2);
-  add(HwDatablockPimAttCalDatFreq(true), 2);
-  add(HwDatablockPimAttCalDat(true), 2);
-  add(HwDatablockPimAttCalDatFreqSe(true), 2);
-  add(HwDatablockPimAttCalDatSe(true), 2);
-  add(HwDatablockDacIfFullScale(), -1);
-  add(HwDatablockOBELDelay(), -1);
-  add(HwDatablockObelWIQQuadDac(), 3);
-  add(HwDatablockObelWiqSensorData(), 3);
-  add(HwDatablockObelBaseboardCalibValue(), -1);
-  add(HwDatablockPimOcxoRefCalValue(), -1);
+  text += textsOfFilled<
+      HwDatablockDacbFrequencyCompFreq, HwDatablockDacbFrequencyCompAmp, HwDatablockDacbFrequencyCompPh,
+      HwDatablockDacbFrequencyCompDt, HwDatablockDacbIqImbalanceFreq, HwDatablockDacbIqImbalanceAmp,
+      HwDatablockDacbIqImbalancePh, HwDatablockDacbIqImbalanceSwapAmp, HwDatablockDacbIqImbalanceSwapPh,
+      HwDatablockDacbFrequencyCompAmpRear, HwDatablockDacbFrequencyCompPhRear, HwDatablockDacbFrequencyCompDtRear,
+      HwDatablockDacbIqImbalanceRearAmp, HwDatablockDacbIqImbalanceRearPh, HwDatablockBbinsCompFilterTabsI,
+      HwDatablockBbinsCompFilterTabsQ, HwDatablockBbinsUncalibratedFirAmplitudeI, HwDatablockBbinsUncalibratedFirPhiI,
+      HwDatablockBbinsUncalibratedFirAmplitudeQ, HwDatablockBbinsUncalibratedFirPhiQ,
+      HwDatablockObelAnalogImbalanceFreq, HwDatablockObelAnalogImbalanceGainI, HwDatablockObelAnalogImbalanceGainQ,
+      HwDatablockObelAnalogImbalancePhI, HwDatablockObelAnalogImbalancePhQ, HwDatablockPimMwIfExtLevCalDataFreq,
+      HwDatablockPimMwIfExtLevCalData, HwDatablockPimMwIfExtLevCalDataAbsCorr, HwDatablockPimMwIfExtLevCalDataRelCorr,
+      HwDatablockPimAttCalDatFreq, HwDatablockPimAttCalDat, HwDatablockPimAttCalDatFreqSe, HwDatablockPimAttCalDatSe>(
+      2, true);
+  text += textsOfFilled<HwDatablockDacIfFullScale, HwDatablockOBELDelay>(-1);
+  text += textsOfFilled<HwDatablockObelWIQQuadDac, HwDatablockObelWiqSensorData>(3);
+  text += textsOfFilled<HwDatablockObelBaseboardCalibValue, HwDatablockPimOcxoRefCalValue>(-1);
   EXPECT_EQ(text, VelkTest::golden("frequency_response.txt", text));
 }
 
@@ -236,6 +223,10 @@ TEST(FrequencyResponse, ObelValuesTravelAsArrays) {
   double last = 0;
   std::memcpy(&last, sensors.getData() + 236 + 27 * 8, sizeof last);
   EXPECT_EQ(last, -27.0);
+}
+
+TEST(FrequencyResponse, ObelDelaysAreOfTheIAndTheQPath) {
+  ConsoleCapture console;
   HwDatablockOBELDelay delay;
   delay.setDelayI(1.5F);
   delay.setDelayQ(2.5F);

@@ -1,6 +1,6 @@
 #include "CommandSupport.h"
 #include "velk/edition2/HwDatablock2Edition.h"
-#include "velk/tables/DacBoardTables.h"
+#include "velk/tables/DacBoardCompensation.h"
 
 namespace {
 

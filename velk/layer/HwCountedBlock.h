@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "velk/layer/RecordText.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 
@@ -22,33 +22,58 @@ inline constexpr FieldInfo countedFields[] = {
     VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
 };
 
-/// Completes the traits of a list class from its record, and with the unit of its values times `scale`, which is how
-/// its text presents them.
-template <class Record, UnitName unit, int scale = 1>
-constexpr RecordTraits listTraits(RecordTraits traits) {
-  static_assert(scale == 1 || std::is_same_v<std::remove_extent_t<decltype(Record::values)>, unsigned int>);
-  traits.size = sizeof(Record);
-  traits.fields = countedFields<Record, scale, unit>;
-  return traits;
-}
-template <class Record, int scale = 1>
-constexpr RecordTraits listTraits(RecordTraits traits) {
-  return listTraits<Record, "", scale>(traits);
-}
+/// How the lines of a list are written.
+struct ListForm {
+  const char* countKey = "COUNT:";
+  unsigned char countWidth = 17;  ///< columns of the key; 0: no such line
+  const char* rowKey = "";        ///< before the number of a value
+  const char* separator = detail::rowSeparator;
+  signed char decimals = -1;  ///< of a value; -1: integers in decimal, others in general notation
+  double twinStep = 0;        ///< added to a scaled value that is stored like the one before it
+};
+
+/// What sets one list apart from the others.
+struct ListTraits : RecordTraits {
+  ListForm form{};
+
+  constexpr const FieldInfo& count() const { return fields[0]; }
+  constexpr const FieldInfo& values() const { return fields[1]; }
+};
+
+namespace detail {
+
+/// Writes the whole text of a list: a line a value, as many as the count says. Values past the capacity are 0.
+VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const ListTraits& traits);
+
+/// Returns a value of a list as its text presents it: scaled, and raised by the twin step if the value before it is
+/// stored alike. Returns 0 past the capacity.
+VELK_EXPORT double presentedValue(ConstBytes block, const ListTraits& traits, std::int64_t index);
+
+}  // namespace detail
 
 /// A block that is a count and a list of values. Derived classes name the accessors; their traits hold the text form.
 template <class Record>
-class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
+class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record, ListTraits> {
  public:
   std::ostream& printToStream(std::ostream& os) override {
-    return detail::printList(os, this->bytes(), this->recordTraits());
+    return detail::printList(os, this->bytes(), this->ownTraits());
   }
 
  protected:
   using Count = decltype(Record::count);
   using Value = std::remove_extent_t<decltype(Record::values)>;
 
-  using HwTypedRecordBlock<Record>::HwTypedRecordBlock;
+  using HwTypedRecordBlock<Record, ListTraits>::HwTypedRecordBlock;
+
+  /// Completes the traits of a class by its record, and by the unit of its values times `scale`, which is how its text
+  /// presents them.
+  template <UnitName unit = "", int scale = 1>
+  static constexpr ListTraits listTraits(const RecordTraits& traits, const ListForm& form = {}) {
+    static_assert(scale == 1 || std::is_same_v<Value, unsigned int>);
+    ListTraits list{HwCountedBlock::recordTraits(traits), form};
+    list.fields = countedFields<Record, scale, unit>;
+    return list;
+  }
 
   Count count() const { return this->get(&Record::count); }
   void setListCount(Count count) { this->set(&Record::count, count); }
@@ -63,9 +88,7 @@ class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record> {
     this->set(&Record::values, value, index, withChecksum);
   }
   /// Returns the value as the text presents it.
-  double presented(std::int64_t index) const {
-    return detail::presentedValue(this->bytes(), this->recordTraits().fields[1], this->recordTraits().text, index);
-  }
+  double presented(std::int64_t index) const { return detail::presentedValue(this->bytes(), this->ownTraits(), index); }
 };
 
 /// The accessors of a list of frequencies whose text presents two equal neighbours a step apart.

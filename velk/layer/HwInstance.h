@@ -12,7 +12,7 @@ class VELK_EXPORT HwInstance : public Block {
   int getInstance() const { return instance_; }
 
  protected:
-  HwInstance(const RecordTraits& traits, int instance, bool stopConversionOnError)
+  HwInstance(const typename Block::Traits& traits, int instance, bool stopConversionOnError)
       : Block(traits, stopConversionOnError, static_cast<unsigned short>(traits.id + instance)), instance_(instance) {}
 
  private:

@@ -49,26 +49,6 @@ struct KeyRange {
   std::array<const char*, 4> keys{};
 };
 
-/// How the values of a record are written, as data: comment lines, the ID line, a COUNT line, a line a row.
-struct TextForm {
-  std::array<const char*, 4> comments{};
-  unsigned char idWidth = 17;  ///< columns of "ID:" with its blanks
-  const char* countKey = "COUNT:";
-  unsigned char countWidth = 17;             ///< 0: no such line
-  const char* rowKey = "";                   ///< before the number of a row
-  const char* separator = ":             ";  ///< after it
-  /// The COUNT line of a table: what stands between the number of rows and the name of the companion list, the word of
-  /// the block's own name that is another one there, and the comment lines that follow.
-  const char* countJoint = " * ";
-  const char* countWord = "";
-  const char* countText = "";  ///< the COUNT line of a table that stores no number of rows
-  std::array<const char*, 2> columnComments{};
-  unsigned char firstRow = 1;  ///< number of the first row
-  unsigned char rowStep = 1;
-  signed char decimals = -1;  ///< of a value; -1: integers in decimal, others in general notation
-  double twinStep = 0;        ///< added to a scaled value that is stored like the one before it
-};
-
 /// What sets one fixed-layout class apart from the others, as data.
 struct RecordTraits {
   unsigned short id = 0;     ///< of a new block, or of its first path or copy
@@ -82,7 +62,8 @@ struct RecordTraits {
   AlignmentRule onSwap = AlignmentRule::Clear;
   Acceptance acceptance = Acceptance::Checksum;
   RecordName name{};
-  TextForm text{};
+  std::array<const char*, 4> comments{};  ///< lines in front of the text
+  unsigned char idWidth = 17;             ///< columns of "ID:" with its blanks
 
   /// The name of the block with this id; empty where the class has none for it.
   constexpr const char* key(unsigned short ofId) const {
@@ -102,6 +83,9 @@ struct RecordTraits {
 };
 
 namespace detail {
+
+/// Between the number of a value and the value, in most texts.
+inline constexpr const char* rowSeparator = ":             ";
 
 /// Makes the header and text of a record that has just been copied into a block those that its class keeps.
 void applyRecordRules(MutableBytes record, const RecordTraits& traits, AlignmentRule alignment);
@@ -129,7 +113,7 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
   HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError);
   HwRecordBlock(const RecordTraits& traits, bool stopConversionOnError, unsigned short id);
 
-  const RecordTraits& recordTraits() const { return *traits_; }
+  const RecordTraits& ownTraits() const { return *traits_; }
 
   /// The detached buffer; one shorter than `size` is extended with zeros first.
   unsigned char* recordBytes(std::size_t size);
@@ -164,8 +148,9 @@ class VELK_EXPORT HwRecordBlock : public HwDatablock {
 };
 
 /// The pattern over a record type: hands the record out and gives derived classes its fields by pointer to member.
-/// An index outside an array reads as 0 and stores nothing; each store is followed by a fresh checksum.
-template <class Record>
+/// An index outside an array reads as 0 and stores nothing; each store is followed by a fresh checksum. Families whose
+/// text has a form of its own keep it in `TraitsType`, which is derived from RecordTraits.
+template <class Record, class TraitsType = RecordTraits>
 class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
  public:
   /// The detached record in the buffer, which is extended with zeros to hold it; valid until the block changes.
@@ -180,7 +165,18 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
   void swapBlock(const Record* record) { swapRecord(record); }
 
  protected:
-  using HwRecordBlock::HwRecordBlock;
+  using Traits = TraitsType;
+
+  HwTypedRecordBlock(const Traits& traits, bool stopConversionOnError) : HwRecordBlock(traits, stopConversionOnError) {}
+  HwTypedRecordBlock(const Traits& traits, bool stopConversionOnError, unsigned short id)
+      : HwRecordBlock(traits, stopConversionOnError, id) {}
+
+  /// Completes the traits of a class by the size of its record.
+  static constexpr RecordTraits recordTraits(RecordTraits traits) {
+    traits.size = sizeof(Record);
+    return traits;
+  }
+  const Traits& ownTraits() const { return static_cast<const Traits&>(HwRecordBlock::ownTraits()); }
 
   template <class T>
   T get(T Record::*field) const {
@@ -224,9 +220,9 @@ class VELK_EXPORT HwTypedRecordBlock : public HwRecordBlock {
  private:
   /// Whether the record equals, field by field, one of which only the id was ever written.
   bool isEmptyRecord(const Record* record) const {
-    if (record == nullptr || recordTraits().acceptance != Acceptance::ChecksumOrEmpty) return false;
+    if (record == nullptr || ownTraits().acceptance != Acceptance::ChecksumOrEmpty) return false;
     const auto empty = std::make_unique<Record>();
-    empty->header.id = recordTraits().id;
+    empty->header.id = ownTraits().id;
     return *record == *empty;
   }
 

@@ -1,6 +1,7 @@
 #include "velk/layer/HwSingleValueBlock.h"
 
 #include "velk/diag/HwErrors.h"
+#include "velk/layer/RecordText.h"
 #include "velk/platform/ErrorManager.h"
 
 namespace Velk {
@@ -17,9 +18,9 @@ int HwSingleValueBlock::storeValue(int value, unsigned char index) {
 std::ostream& HwSingleValueBlock::printToStream(std::ostream& os) {
   constexpr std::size_t valueWidth = 12;
   detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), recordTraits());
+  detail::printHeading(text, bytes(), ownTraits());
   text.key("COUNT:", valueWidth).number(getCount()).endLine();
-  const FieldInfo& value = recordTraits().fields[1];
+  const FieldInfo& value = ownTraits().fields[1];
   text.key("1:", valueWidth).text(fieldText(bytes(), {&value, value.offset})).endLine();
   text.endLine();
   return os;

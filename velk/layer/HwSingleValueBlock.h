@@ -1,6 +1,6 @@
 #pragma once
 
-#include "velk/layer/RecordText.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 
@@ -29,7 +29,7 @@ inline constexpr FieldInfo unsignedSingleValueFields[] = {
 constexpr RecordTraits singleValueTraits(RecordTraits traits, std::span<const FieldInfo> fields = singleValueFields) {
   traits.size = sizeof(SingleValueRecord);
   traits.fields = fields;
-  traits.text.idWidth = 15;
+  traits.idWidth = 15;
   return traits;
 }
 

@@ -7,32 +7,42 @@
 
 namespace Velk::detail {
 
+/// Writes those of the lines that are not null.
+void printComments(TextWriter& text, std::span<const char* const> comments);
+
 /// Writes the comment lines and the ID line of a record.
 void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits);
 
 /// Writes the whole text of a record of any fields: a line for each value in use, with its name, value and unit.
 std::ostream& printFields(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 
-/// Writes the whole text of a record whose fields are a count and a list of values: one line per value, as many as the
-/// count says. Values past the capacity are 0.
-VELK_EXPORT std::ostream& printList(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+/// Returns an element of a list or table field, counted row by row; 0 past the capacity.
+template <class T>
+T elementAt(ConstBytes block, const FieldInfo& field, std::uint64_t index) {
+  const std::uint64_t capacity = std::uint64_t{field.rows} * field.cols;
+  return index < capacity ? loadPadded<T>(block, field.offset + static_cast<std::size_t>(index) * sizeof(T)) : T{};
+}
 
-/// Writes the whole text of a record with a number of steps and a table: one line per step, with all its columns.
-VELK_EXPORT std::ostream& printGrid(std::ostream& os, ConstBytes block, const RecordTraits& traits);
+/// Writes an integer in decimal, another number in general notation.
+template <class T>
+void printNumber(TextWriter& text, T value) {
+  if constexpr (std::is_integral_v<T>) {
+    text.number(value);
+  } else {
+    text.general(static_cast<double>(value));
+  }
+}
 
-/// Writes the COUNT line of a table: its steps, and the name of the count of its companion list of frequencies.
-void printTableCount(TextWriter& text, ConstBytes block, const RecordTraits& traits, unsigned steps);
+/// How many rows and columns of a table are written, whatever its capacity, and how its rows are numbered.
+struct RowRange {
+  std::uint64_t rows;
+  std::uint64_t columns;
+  unsigned first = 1;
+  unsigned step = 1;
+};
 
-/// Writes the lines between a table's COUNT line and its rows.
-void printColumnComments(TextWriter& text, const TextForm& form);
-
-/// Writes `rows` rows of a table with `columns` values each, whatever its capacity: one line per row, with its number
-/// and its values, each after two tabs and a blank. Values past the capacity are 0.
-VELK_EXPORT void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const TextForm& form,
-                           std::uint64_t rows, std::uint64_t columns);
-
-/// Returns a value of a list as its text presents it: scaled, and increased by the twin step if the value before it is
-/// stored alike. Returns 0 past the capacity.
-VELK_EXPORT double presentedValue(ConstBytes block, const FieldInfo& values, const TextForm& form, std::int64_t index);
+/// Writes rows of a table: a line a row with its number and its values, each after two tabs and a blank. Values past
+/// the capacity are 0.
+void printRows(TextWriter& text, ConstBytes block, const FieldInfo& cells, const RowRange& range);
 
 }  // namespace Velk::detail

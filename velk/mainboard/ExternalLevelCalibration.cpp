@@ -5,13 +5,13 @@ namespace Velk {
 using Enhanced = HwDatablockMbrdExtLevCalData2Edition_Enh;
 
 constexpr std::array<FieldInfo, 2> Enhanced::smallFields = [] {
-  std::array<FieldInfo, 2> fields{traits.fields[0], traits.fields[1]};
+  std::array<FieldInfo, 2> fields{traits.count(), traits.cells()};
   fields[1].rows = smallRows;
   return fields;
 }();
 
-constexpr RecordTraits Enhanced::smallTraits = [] {
-  RecordTraits small = traits;
+constexpr GridTraits Enhanced::smallTraits = [] {
+  GridTraits small = traits;
   small.size = smallSize;
   small.fields = smallFields;
   return small;

@@ -17,9 +17,9 @@ class VELK_EXPORT HwPathFrequencyList : public HwSpreadFrequencyList<HwInstance<
  protected:
   using HwSpreadFrequencyList<HwInstance<HwCountedBlock<Record>>>::HwSpreadFrequencyList;
 
-  static constexpr RecordTraits frequencyTraits(RecordTraits traits) {
-    traits.text = {.comments = {"# Das sind die Frequenzst�tzstellen"}, .decimals = 2, .twinStep = 0.01};
-    return listTraits<Record, 10>(traits);
+  static constexpr ListTraits frequencyTraits(RecordTraits traits) {
+    traits.comments = {"# Das sind die Frequenzst�tzstellen"};
+    return HwPathFrequencyList::template listTraits<"", 10>(traits, {.decimals = 2, .twinStep = 0.01});
   }
 };
 
@@ -28,7 +28,7 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq) == 1052);
 
 class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits({
+  static constexpr ListTraits traits = frequencyTraits({
       .id = 12050,
       .refusal = "HwDatablockMbrdExtLevCalDataFreq",
       .keys = {"EXT_CAL_DAT_A_FREQ", "EXT_CAL_DAT_B_FREQ", "EXT_CAL_DAT_C_FREQ", "EXT_CAL_DAT_D_FREQ"},
@@ -44,7 +44,7 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq_Enh) == 2012);
 class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq_Enh
     : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq_Enh> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits({
+  static constexpr ListTraits traits = frequencyTraits({
       .id = 12070,
       .refusal = "HwDatablockMbrdExtLevCalDataFreq_Enh",
       .keys = {"EXT_CAL_DAT_A_FREQ_ENH", "EXT_CAL_DAT_B_FREQ_ENH"},
@@ -61,7 +61,7 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq2Edition) == 1052);
 class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq2Edition
     : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq2Edition> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits({
+  static constexpr ListTraits traits = frequencyTraits({
       .id = 12150,
       .refusal = "HwDatablockMbrdExtLevCalDataFreq2Edition",
       .keys = {"EXT_CAL_DAT_A_FREQ_2_EDITION", "EXT_CAL_DAT_B_FREQ_2_EDITION", "EXT_CAL_DAT_C_FREQ_2_EDITION",
@@ -78,7 +78,7 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalDataFreq2Edition_Enh) == 2012);
 class VELK_EXPORT HwDatablockMbrdExtLevCalDataFreq2Edition_Enh
     : public HwPathFrequencyList<HwSDatablockMbrdExtLevCalDataFreq2Edition_Enh> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits({
+  static constexpr ListTraits traits = frequencyTraits({
       .id = 12090,
       .refusal = "HwDatablockMbrdExtLevCalDataFreq2Edition_Enh",
       .keys = {"EXT_CAL_DAT_A_FREQ_2_EDITION_ENH", "EXT_CAL_DAT_B_FREQ_2_EDITION_ENH"},
@@ -107,9 +107,8 @@ class VELK_EXPORT HwPathLevelTable : public HwInstance<HwGridBlock<Record>> {
  protected:
   using HwInstance<HwGridBlock<Record>>::HwInstance;
 
-  static constexpr RecordTraits levelTraits(RecordTraits traits, const char* comment) {
-    traits.text = {.comments = {comment}, .separator = ": ", .countJoint = " *", .countWord = "LEVEL", .firstRow = 0};
-    return gridTraits<Record>(traits);
+  static constexpr GridTraits levelTraits(const RecordTraits& traits) {
+    return HwPathLevelTable::gridTraits(traits, {.countJoint = " *", .countWord = "LEVEL", .firstRow = 0});
   }
 };
 
@@ -118,13 +117,12 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalData) == 3652);
 
 class VELK_EXPORT HwDatablockMbrdExtLevCalData : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData> {
  public:
-  static constexpr RecordTraits traits = levelTraits(
-      {
-          .id = 12060,
-          .refusal = "HwSDatablockMbrdExtLevCalData",
-          .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL", "EXT_CAL_DAT_C_LEVEL", "EXT_CAL_DAT_D_LEVEL"},
-      },
-      "# Das sind die Externen Kalibrierdaten ");
+  static constexpr GridTraits traits = levelTraits({
+      .id = 12060,
+      .refusal = "HwSDatablockMbrdExtLevCalData",
+      .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL", "EXT_CAL_DAT_C_LEVEL", "EXT_CAL_DAT_D_LEVEL"},
+      .comments = {"# Das sind die Externen Kalibrierdaten "},
+  });
 
   HwDatablockMbrdExtLevCalData(int path, bool stopConversionOnError)
       : HwPathLevelTable(traits, path, stopConversionOnError) {}
@@ -135,14 +133,13 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalData_Enh) == 7012);
 
 class VELK_EXPORT HwDatablockMbrdExtLevCalData_Enh : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData_Enh> {
  public:
-  static constexpr RecordTraits traits = levelTraits(
-      {
-          .id = 12080,
-          .refusal = "HwSDatablockMbrdExtLevCalData_Enh",
-          .keys = {"EXT_CAL_DAT_A_LEVEL_ENH", "EXT_CAL_DAT_B_LEVEL_ENH"},
-          .alsoKeys = {.firstId = 12060, .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL"}},
-      },
-      "# Das sind die Externen Kalibrierdaten ");
+  static constexpr GridTraits traits = levelTraits({
+      .id = 12080,
+      .refusal = "HwSDatablockMbrdExtLevCalData_Enh",
+      .keys = {"EXT_CAL_DAT_A_LEVEL_ENH", "EXT_CAL_DAT_B_LEVEL_ENH"},
+      .alsoKeys = {.firstId = 12060, .keys = {"EXT_CAL_DAT_A_LEVEL", "EXT_CAL_DAT_B_LEVEL"}},
+      .comments = {"# Das sind die Externen Kalibrierdaten "},
+  });
 
   HwDatablockMbrdExtLevCalData_Enh(int path, bool stopConversionOnError)
       : HwPathLevelTable(traits, path, stopConversionOnError) {}
@@ -154,14 +151,13 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition) == 3652);
 class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition
     : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition> {
  public:
-  static constexpr RecordTraits traits = levelTraits(
-      {
-          .id = 12160,
-          .refusal = "HwSDatablockMbrdExtLevCalData2Edition",
-          .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION", "EXT_CAL_DAT_C_LEVEL_2_EDITION",
-                   "EXT_CAL_DAT_D_LEVEL_2_EDITION"},
-      },
-      "# Userdaten ");
+  static constexpr GridTraits traits = levelTraits({
+      .id = 12160,
+      .refusal = "HwSDatablockMbrdExtLevCalData2Edition",
+      .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION", "EXT_CAL_DAT_C_LEVEL_2_EDITION",
+               "EXT_CAL_DAT_D_LEVEL_2_EDITION"},
+      .comments = {"# Userdaten "},
+  });
 
   HwDatablockMbrdExtLevCalData2Edition(int path, bool stopConversionOnError)
       : HwPathLevelTable(traits, path, stopConversionOnError) {}
@@ -174,14 +170,13 @@ static_assert(sizeof(HwSDatablockMbrdExtLevCalData2Edition_Enh) == 13012);
 class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
     : public HwPathLevelTable<HwSDatablockMbrdExtLevCalData2Edition_Enh> {
  public:
-  static constexpr RecordTraits traits = levelTraits(
-      {
-          .id = 12095,
-          .refusal = "HwSDatablockMbrdExtLevCalData2Edition_Enh",
-          .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION_ENH", "EXT_CAL_DAT_B_LEVEL_2_EDITION_ENH"},
-          .alsoKeys = {.firstId = 12160, .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION"}},
-      },
-      "# Userdaten ");
+  static constexpr GridTraits traits = levelTraits({
+      .id = 12095,
+      .refusal = "HwSDatablockMbrdExtLevCalData2Edition_Enh",
+      .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION_ENH", "EXT_CAL_DAT_B_LEVEL_2_EDITION_ENH"},
+      .alsoKeys = {.firstId = 12160, .keys = {"EXT_CAL_DAT_A_LEVEL_2_EDITION", "EXT_CAL_DAT_B_LEVEL_2_EDITION"}},
+      .comments = {"# Userdaten "},
+  });
   /// The size in bytes of a block with seven rows.
   static constexpr unsigned short smallSize = 7012;
 
@@ -194,10 +189,10 @@ class VELK_EXPORT HwDatablockMbrdExtLevCalData2Edition_Enh
 
  private:
   static constexpr unsigned short smallRows = 7;
-  bool hasRow(unsigned char level) const { return level < recordTraits().fields[1].rows; }
+  bool hasRow(unsigned char level) const { return level < ownTraits().cells().rows; }
 
   static const std::array<FieldInfo, 2> smallFields;
-  static const RecordTraits smallTraits;
+  static const GridTraits smallTraits;
 };
 
 }  // namespace Velk

@@ -12,13 +12,13 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfFreq) == 2412);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfFreq, "MHz">({
-      .id = 12100,
-      .refusal = "HwSDatablockMbrdIqImbalanceRfFreq",
-      .keys = {"PATH_A_IQ_IMBALANCE_RF_FREQ", "PATH_B_IQ_IMBALANCE_RF_FREQ", "PATH_C_IQ_IMBALANCE_RF_FREQ",
-               "PATH_D_IQ_IMBALANCE_RF_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen [f/1MHz] "}, .separator = ": "},
-  });
+  static constexpr ListTraits traits =
+      listTraits<"MHz">({.id = 12100,
+                         .refusal = "HwSDatablockMbrdIqImbalanceRfFreq",
+                         .keys = {"PATH_A_IQ_IMBALANCE_RF_FREQ", "PATH_B_IQ_IMBALANCE_RF_FREQ",
+                                  "PATH_C_IQ_IMBALANCE_RF_FREQ", "PATH_D_IQ_IMBALANCE_RF_FREQ"},
+                         .comments = {"#Das sind die Frequenzst�tzstellen [f/1MHz] "}},
+                        {.separator = ": "});
 
   HwDatablockMbrdIqImbalanceRfFreq(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -36,13 +36,13 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfEvenAmp) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfEvenAmp
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfEvenAmp>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenAmp, "1/10000">({
-      .id = 12110,
-      .refusal = "HwDatablockMbrdIqImbalanceRfEvenAmp",
-      .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_B_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_C_IQ_IMBALANCE_RF_EVEN_AMP",
-               "PATH_D_IQ_IMBALANCE_RF_EVEN_AMP"},
-      .text = {.comments = {"#Das sind die geraden Amplitudewerte [1/10000] "}, .countWidth = 0, .separator = ": "},
-  });
+  static constexpr ListTraits traits =
+      listTraits<"1/10000">({.id = 12110,
+                             .refusal = "HwDatablockMbrdIqImbalanceRfEvenAmp",
+                             .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_B_IQ_IMBALANCE_RF_EVEN_AMP",
+                                      "PATH_C_IQ_IMBALANCE_RF_EVEN_AMP", "PATH_D_IQ_IMBALANCE_RF_EVEN_AMP"},
+                             .comments = {"#Das sind die geraden Amplitudewerte [1/10000] "}},
+                            {.countWidth = 0, .separator = ": "});
 
   HwDatablockMbrdIqImbalanceRfEvenAmp(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -60,13 +60,13 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfEvenPh) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfEvenPh
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfEvenPh>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfEvenPh, "1/100">({
-      .id = 12120,
-      .refusal = "HwDatablockMbrdIqImbalanceRfEvenPh",
-      .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_PH", "PATH_B_IQ_IMBALANCE_RF_EVEN_PH", "PATH_C_IQ_IMBALANCE_RF_EVEN_PH",
-               "PATH_D_IQ_IMBALANCE_RF_EVEN_PH"},
-      .text = {.comments = {"#Das sind die geraden Phasenwerte [1/100] "}, .countWidth = 0, .separator = ": "},
-  });
+  static constexpr ListTraits traits =
+      listTraits<"1/100">({.id = 12120,
+                           .refusal = "HwDatablockMbrdIqImbalanceRfEvenPh",
+                           .keys = {"PATH_A_IQ_IMBALANCE_RF_EVEN_PH", "PATH_B_IQ_IMBALANCE_RF_EVEN_PH",
+                                    "PATH_C_IQ_IMBALANCE_RF_EVEN_PH", "PATH_D_IQ_IMBALANCE_RF_EVEN_PH"},
+                           .comments = {"#Das sind die geraden Phasenwerte [1/100] "}},
+                          {.countWidth = 0, .separator = ": "});
 
   HwDatablockMbrdIqImbalanceRfEvenPh(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -84,13 +84,13 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfOddAmp) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfOddAmp
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfOddAmp>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddAmp, "1/10000">({
-      .id = 12130,
-      .refusal = "HwDatablockMbrdIqImbalanceRfOddAmp",
-      .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_AMP", "PATH_B_IQ_IMBALANCE_RF_ODD_AMP", "PATH_C_IQ_IMBALANCE_RF_ODD_AMP",
-               "PATH_D_IQ_IMBALANCE_RF_ODD_AMP"},
-      .text = {.comments = {"#Das sind die ungeraden Amplitudewerte [1/10000] "}, .countWidth = 0, .separator = ": "},
-  });
+  static constexpr ListTraits traits =
+      listTraits<"1/10000">({.id = 12130,
+                             .refusal = "HwDatablockMbrdIqImbalanceRfOddAmp",
+                             .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_AMP", "PATH_B_IQ_IMBALANCE_RF_ODD_AMP",
+                                      "PATH_C_IQ_IMBALANCE_RF_ODD_AMP", "PATH_D_IQ_IMBALANCE_RF_ODD_AMP"},
+                             .comments = {"#Das sind die ungeraden Amplitudewerte [1/10000] "}},
+                            {.countWidth = 0, .separator = ": "});
 
   HwDatablockMbrdIqImbalanceRfOddAmp(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -108,13 +108,13 @@ static_assert(sizeof(HwSDatablockMbrdIqImbalanceRfOddPh) == 1212);
 class VELK_EXPORT HwDatablockMbrdIqImbalanceRfOddPh
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdIqImbalanceRfOddPh>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdIqImbalanceRfOddPh, "1/100">({
-      .id = 12140,
-      .refusal = "HwDatablockMbrdIqImbalanceRfOddPh",
-      .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_PH", "PATH_B_IQ_IMBALANCE_RF_ODD_PH", "PATH_C_IQ_IMBALANCE_RF_ODD_PH",
-               "PATH_D_IQ_IMBALANCE_RF_ODD_PH"},
-      .text = {.comments = {"#Das sind die ungeraden Phasenwerte [1/100]"}, .countWidth = 0, .separator = ": "},
-  });
+  static constexpr ListTraits traits =
+      listTraits<"1/100">({.id = 12140,
+                           .refusal = "HwDatablockMbrdIqImbalanceRfOddPh",
+                           .keys = {"PATH_A_IQ_IMBALANCE_RF_ODD_PH", "PATH_B_IQ_IMBALANCE_RF_ODD_PH",
+                                    "PATH_C_IQ_IMBALANCE_RF_ODD_PH", "PATH_D_IQ_IMBALANCE_RF_ODD_PH"},
+                           .comments = {"#Das sind die ungeraden Phasenwerte [1/100]"}},
+                          {.countWidth = 0, .separator = ": "});
 
   HwDatablockMbrdIqImbalanceRfOddPh(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -132,12 +132,12 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseAttFreq) == 812);
 class VELK_EXPORT HwDatablockMbrdRfResponseAttFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseAttFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseAttFreq, "MHz">({
+  static constexpr ListTraits traits = listTraits<"MHz">({
       .id = 12260,
       .refusal = "HwDatablockMbrdRfResponseAttFreq",
       .keys = {"PATH_A_RF_RESPONSE_ATT_FREQ", "PATH_B_RF_RESPONSE_ATT_FREQ", "PATH_C_RF_RESPONSE_ATT_FREQ",
                "PATH_D_RF_RESPONSE_ATT_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen der RF [MHz]"}},
+      .comments = {"#Das sind die Frequenzst�tzstellen der RF [MHz]"},
   });
 
   HwDatablockMbrdRfResponseAttFreq(int path, bool stopConversionOnError)
@@ -156,12 +156,12 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseBbFreq) == 412);
 class VELK_EXPORT HwDatablockMbrdRfResponseBbFreq
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseBbFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseBbFreq, "kHz">({
+  static constexpr ListTraits traits = listTraits<"kHz">({
       .id = 12250,
       .refusal = "HwDatablockMbrdRfResponseBbFreq",
       .keys = {"PATH_A_RF_RESPONSE_BB_FREQ", "PATH_B_RF_RESPONSE_BB_FREQ", "PATH_C_RF_RESPONSE_BB_FREQ",
                "PATH_D_RF_RESPONSE_BB_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen des Basisbandes [kHz]"}},
+      .comments = {"#Das sind die Frequenzst�tzstellen des Basisbandes [kHz]"},
   });
 
   HwDatablockMbrdRfResponseBbFreq(int path, bool stopConversionOnError)
@@ -181,13 +181,13 @@ static_assert(sizeof(HwSDatablockMbrdRfResponseIoPepInfo) == 92);
 class VELK_EXPORT HwDatablockMbrdRfResponseIoPepInfo
     : public HwInstance<HwCountedBlock<HwSDatablockMbrdRfResponseIoPepInfo>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockMbrdRfResponseIoPepInfo, "1/100 dB">({
+  static constexpr ListTraits traits = listTraits<"1/100 dB">({
       .id = 12220,
       .refusal = "HwDatablockMbrdRfResponseIoPepInfo",
       .keys = {"PATH_A_RF_RESPONSE_IOPEP_INFO", "PATH_B_RF_RESPONSE_IOPEP_INFO", "PATH_C_RF_RESPONSE_IOPEP_INFO",
                "PATH_D_RF_RESPONSE_IOPEP_INFO"},
-      .text = {.comments = {"#Info f�r Kalibrierpegel (IOPEP Anzahl und Werte, max. IQPEP der Betriebszust�nde Anzahl "
-                            "und Werte, dazugeh�riges BBGAIN), dB*100"}},
+      .comments = {"#Info f�r Kalibrierpegel (IOPEP Anzahl und Werte, max. IQPEP der Betriebszust�nde Anzahl "
+                   "und Werte, dazugeh�riges BBGAIN), dB*100"},
   });
 
   HwDatablockMbrdRfResponseIoPepInfo(int path, bool stopConversionOnError)

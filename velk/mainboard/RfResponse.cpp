@@ -1,5 +1,7 @@
 #include "velk/mainboard/RfResponse.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 namespace {
 
@@ -45,7 +47,7 @@ std::ostream& HwDatablockMbrdRfResponseLpFreq::printToStream(std::ostream& os) {
     text.text("# Das sind die Frequenzst�tzstellen [MHz] der RF fuer den ").number(filter + 1).text(". TP").endLine();
     text.key("COUNT:").number(count).endLine();
     for (std::uint64_t point = 0; point < count && text.ok(); ++point) {
-      text.number(point + 1).text(traits.text.separator);
+      text.number(point + 1).text(detail::rowSeparator);
       text.number(get(&HwSDatablockMbrdRfResponseLpFreq::cells, filter, static_cast<std::int64_t>(point))).endLine();
     }
     text.endLine();
@@ -67,7 +69,7 @@ void HwLowPassCorrectionBlock::setCorrection(const HwSPolynomValues& values, uns
 
 std::ostream& HwLowPassCorrectionBlock::printToStream(std::ostream& os) {
   TextWriter text(os);
-  detail::printHeading(text, bytes(), recordTraits());
+  detail::printHeading(text, bytes(), ownTraits());
   for (unsigned filter = 0; filter < lowPassFilters; ++filter) {
     text.text("#TIEFPASS NR. ").number(filter + 1).endLine();
     text.text(section_).number(filter + 1).text(". TP").endLine();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "velk/layer/HwInstance.h"
-#include "velk/layer/RecordText.h"
+#include "velk/layer/HwRecordBlock.h"
 
 namespace Velk {
 
@@ -33,15 +33,14 @@ inline constexpr FieldInfo rfResponseAttAmplFields[] = {
 class VELK_EXPORT HwDatablockMbrdRfResponseAttAmpl
     : public HwInstance<HwTypedRecordBlock<HwSDatablockMbrdRfResponseAttAmpl>> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12270,
-      .size = sizeof(HwSDatablockMbrdRfResponseAttAmpl),
       .refusal = "HwSDatablockMbrdRfResponseAttAmpl   ",
       .keys = {"PATH_A_RF_RESPONSE_ATT_AMP", "PATH_B_RF_RESPONSE_ATT_AMP", "PATH_C_RF_RESPONSE_ATT_AMP",
                "PATH_D_RF_RESPONSE_ATT_AMP"},
       .fields = rfResponseAttAmplFields,
-      .text = {.comments = {"# Das sind die Amplitudenwerte bei D�mpfungsgliedern [1*10000] "}},
-  };
+      .comments = {"# Das sind die Amplitudenwerte bei D�mpfungsgliedern [1*10000] "},
+  });
 
   HwDatablockMbrdRfResponseAttAmpl(int path, bool stopConversionOnError)
       : HwInstance(traits, path, stopConversionOnError) {}
@@ -115,15 +114,14 @@ class VELK_EXPORT HwLowPassBlock : public HwInstance<HwTypedRecordBlock<Record>>
 
 class VELK_EXPORT HwDatablockMbrdRfResponseLpFreq : public HwLowPassBlock<HwSDatablockMbrdRfResponseLpFreq> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12210,
-      .size = sizeof(HwSDatablockMbrdRfResponseLpFreq),
       .refusal = "HwSDatablockMbrdRfResponseLpFreq   ",
       .keys = {"PATH_A_RF_RESPONSE_LP_FREQ", "PATH_B_RF_RESPONSE_LP_FREQ", "PATH_C_RF_RESPONSE_LP_FREQ",
                "PATH_D_RF_RESPONSE_LP_FREQ"},
       .fields = lowPassFreqFields,
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen f�r die Tiefp�sse"}},
-  };
+      .comments = {"#Das sind die Frequenzst�tzstellen f�r die Tiefp�sse"},
+  });
 
   HwDatablockMbrdRfResponseLpFreq(int path, bool stopConversionOnError)
       : HwLowPassBlock(traits, path, stopConversionOnError) {}
@@ -157,15 +155,14 @@ class VELK_EXPORT HwLowPassCorrectionBlock : public HwLowPassBlock<HwSDatablockM
 
 class VELK_EXPORT HwDatablockMbrdRfResponseLpAmp : public HwLowPassCorrectionBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12230,
-      .size = sizeof(HwSDatablockMbrdRfResponseLpAmp),
       .refusal = "HwSDatablockMbrdRfResponseLpAmp   ",
       .keys = {"PATH_A_RF_RESPONSE_LP_AMP", "PATH_B_RF_RESPONSE_LP_AMP", "PATH_C_RF_RESPONSE_LP_AMP",
                "PATH_D_RF_RESPONSE_LP_AMP"},
       .fields = lowPassCorrectionFields,
-      .text = {.comments = {"#Das sind die Amplitudenwerte f�r die Tiefp�sse "}},
-  };
+      .comments = {"#Das sind die Amplitudenwerte f�r die Tiefp�sse "},
+  });
 
   HwDatablockMbrdRfResponseLpAmp(int path, bool stopConversionOnError)
       : HwLowPassCorrectionBlock(
@@ -182,15 +179,14 @@ class VELK_EXPORT HwDatablockMbrdRfResponseLpAmp : public HwLowPassCorrectionBlo
 
 class VELK_EXPORT HwDatablockMbrdRfResponseLpPh : public HwLowPassCorrectionBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12240,
-      .size = sizeof(HwSDatablockMbrdRfResponseLpPh),
       .refusal = "HwSDatablockMbrdRfResponseLpPh   ",
       .keys = {"PATH_A_RF_RESPONSE_LP_PH", "PATH_B_RF_RESPONSE_LP_PH", "PATH_C_RF_RESPONSE_LP_PH",
                "PATH_D_RF_RESPONSE_LP_PH"},
       .fields = lowPassCorrectionFields,
-      .text = {.comments = {"#Das sind die Phasenwerte f�r die Tiefp�sse "}},
-  };
+      .comments = {"#Das sind die Phasenwerte f�r die Tiefp�sse "},
+  });
 
   HwDatablockMbrdRfResponseLpPh(int path, bool stopConversionOnError)
       : HwLowPassCorrectionBlock(traits, "# Das sind die Phasenwerte [Skalierung: x*3] fuer den ", path,

@@ -1,5 +1,7 @@
 #include "velk/modulecal/AduCalibration.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 
 std::ostream& HwDatablockAduGainOffsetCalData::printToStream(std::ostream& os) {

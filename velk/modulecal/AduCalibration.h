@@ -10,13 +10,13 @@ static_assert(sizeof(HwSDatablockAduLevCoarseCalibData) == 108);
 /// Coarse attenuator steps of the analog-to-digital unit.
 class VELK_EXPORT HwDatablockAduLevCoarseCalibData : public HwCountedBlock<HwSDatablockAduLevCoarseCalibData> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockAduLevCoarseCalibData>({
+  static constexpr ListTraits traits = listTraits({
       .id = 15650,
       .refusal = "HwSDatablockAduLevCoarseCalibData",
       .keys = {"ADU_LEV_COARSE_CAL_VALUE"},
-      .text = {.comments = {"# Alle Kalibrierwerte der Grobabschwaecherstufen",
-                            "# Es werden alle gemessenen oder berechneten Werte gespeichert , k0 = k_16dB_Att",
-                            "# Festlegung, ob Werte kx gemessen oder berechnet werden , erfolgt �ber Pr�fanweisung"}},
+      .comments = {"# Alle Kalibrierwerte der Grobabschwaecherstufen",
+                   "# Es werden alle gemessenen oder berechneten Werte gespeichert , k0 = k_16dB_Att",
+                   "# Festlegung, ob Werte kx gemessen oder berechnet werden , erfolgt �ber Pr�fanweisung"},
   });
 
   HwDatablockAduLevCoarseCalibData() : HwCountedBlock(traits, true) {}
@@ -59,15 +59,14 @@ inline constexpr FieldInfo aduGainOffsetFields[] = {
 /// Offsets of the analog-to-digital unit by gain step.
 class VELK_EXPORT HwDatablockAduGainOffsetCalData : public HwTypedRecordBlock<HwSDatablockAduGainOffsetCalData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 15652,
-      .size = sizeof(HwSDatablockAduGainOffsetCalData),
       .refusal = "HwSDatablockAduGainOffsetCalData",
       .keys = {"ADU_OFFSET_CAL_DATA"},
       .fields = aduGainOffsetFields,
       .acceptance = Acceptance::ChecksumOrEmpty,
-      .text = {.idWidth = 4},
-  };
+      .idWidth = 4,
+  });
 
   HwDatablockAduGainOffsetCalData() : HwTypedRecordBlock(traits, true) {}
 

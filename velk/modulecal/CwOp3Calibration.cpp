@@ -1,5 +1,7 @@
 #include "velk/modulecal/CwOp3Calibration.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 
 std::ostream& HwDatablockCwOp3AmGainData::printToStream(std::ostream& os) {
@@ -38,7 +40,7 @@ std::ostream& HwDatablockCwopDetLinCorrData::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
   text.line("# number of steps");
-  detail::printTableCount(text, bytes(), traits, getNumberOfDetLinCorrSteps());
+  detail::printStepCount(text, getNumberOfDetLinCorrSteps(), key(), "DATA");
   text.line("# level values and corresponding correction values");
   for (int frequency = 0; frequency < getNumberOfValidFreqs() && text.ok(); ++frequency) {
     text.number(frequency + 1).text(":");

@@ -12,11 +12,11 @@ static_assert(sizeof(HwSDatablockCwOp3AmGainFreq) == 1612);
 /// Frequencies of the CW output stage's AM gain.
 class VELK_EXPORT HwDatablockCwOp3AmGainFreq : public HwCountedBlock<HwSDatablockCwOp3AmGainFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockCwOp3AmGainFreq>({
+  static constexpr ListTraits traits = listTraits({
       .id = 10500,
       .refusal = "HwSDatablockCwOp3AmGainFreq",
       .keys = {"CWOP3_6_AM_GAIN_FREQ"},
-      .text = {.comments = {"#Frequenzst�tzstellen, maximale Anzahl mit dieser Id ist 200"}},
+      .comments = {"#Frequenzst�tzstellen, maximale Anzahl mit dieser Id ist 200"},
   });
 
   HwDatablockCwOp3AmGainFreq() : HwCountedBlock(traits, true) {}
@@ -59,15 +59,15 @@ inline constexpr FieldInfo cwOp3AmGainFields[] = {
 /// AM gain of the CW output stage, one entry for each frequency of its list.
 class VELK_EXPORT HwDatablockCwOp3AmGainData : public HwTypedRecordBlock<HwSDatablockCwOp3AmGainData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10501,
-      .size = sizeof(HwSDatablockCwOp3AmGainData),
       .refusal = "HwSDatablockCwOp3AmGainData",
       .keys = {"CWOP3_6_AM_GAIN_DATA"},
       .fields = cwOp3AmGainFields,
       .acceptance = Acceptance::ChecksumOrEmpty,
-      .text = {.comments = {"# Das sind die AM-Gain Daten"}, .idWidth = 20},
-  };
+      .comments = {"# Das sind die AM-Gain Daten"},
+      .idWidth = 20,
+  });
 
   HwDatablockCwOp3AmGainData() : HwTypedRecordBlock(traits, true) {}
 
@@ -112,14 +112,14 @@ inline constexpr FieldInfo vcoIdentFields[] = {
 
 class VELK_EXPORT HwDatablockCwop6VcoIdent : public HwTypedRecordBlock<HwSDatablockCwop6VcoIdent> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10502,
-      .size = sizeof(HwSDatablockCwop6VcoIdent),
       .refusal = "HwSDatablockCwop6VcoIdent",
       .keys = {"VCO_IDENT"},
       .fields = vcoIdentFields,
-      .text = {.comments = {"# Das sind die VCO Ident Daten"}, .idWidth = 18},
-  };
+      .comments = {"# Das sind die VCO Ident Daten"},
+      .idWidth = 18,
+  });
 
   HwDatablockCwop6VcoIdent() : HwTypedRecordBlock(traits, true) {}
 
@@ -152,11 +152,11 @@ static_assert(sizeof(HwSDatablockCwop3DetTuneFreq) == 812);
 /// Frequencies of a path's detector tuning.
 class VELK_EXPORT HwDatablockCwop3DetTuneFreq : public HwInstance<HwFrequencyList<HwSDatablockCwop3DetTuneFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockCwop3DetTuneFreq>({
+  static constexpr ListTraits traits = listTraits({
       .id = 12190,
       .refusal = "HwSDatablockCwop3DetTuneFreq",
       .keys = {"CWOP3_DET_TUNE_A_FREQ", "CWOP3_DET_TUNE_B_FREQ", "CWOP3_DET_TUNE_C_FREQ", "CWOP3_DET_TUNE_D_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen"}},
+      .comments = {"#Das sind die Frequenzst�tzstellen"},
   });
 
   HwDatablockCwop3DetTuneFreq(int index, bool stopConversionOnError)
@@ -169,12 +169,12 @@ static_assert(sizeof(HwSDatablockCwop3DetTuneDac) == 412);
 /// DAC values of a path's detector tuning: one row, a column for each frequency.
 class VELK_EXPORT HwDatablockCwop3DetTuneDac : public HwInstance<HwGridBlock<HwSDatablockCwop3DetTuneDac>> {
  public:
-  static constexpr RecordTraits traits = gridTraits<HwSDatablockCwop3DetTuneDac>({
-      .id = 12200,
-      .refusal = "HwSDatablockCwop3DetTuneDac",
-      .keys = {"CWOP3_DET_TUNE_A_DAC", "CWOP3_DET_TUNE_B_DAC", "CWOP3_DET_TUNE_C_DAC", "CWOP3_DET_TUNE_D_DAC"},
-      .text = {.comments = {"#Userdaten: Det-Tune DAC"}, .separator = ": ", .countWord = "DAC"},
-  });
+  static constexpr GridTraits traits = gridTraits(
+      {.id = 12200,
+       .refusal = "HwSDatablockCwop3DetTuneDac",
+       .keys = {"CWOP3_DET_TUNE_A_DAC", "CWOP3_DET_TUNE_B_DAC", "CWOP3_DET_TUNE_C_DAC", "CWOP3_DET_TUNE_D_DAC"},
+       .comments = {"#Userdaten: Det-Tune DAC"}},
+      {.countWord = "DAC"});
 
   HwDatablockCwop3DetTuneDac(int index, bool stopConversionOnError)
       : HwInstance(traits, index, stopConversionOnError) {}
@@ -191,11 +191,11 @@ static_assert(sizeof(HwSDatablockCwopDetLinCorrFreq) == 412);
 /// Frequencies of a path's detector linearity.
 class VELK_EXPORT HwDatablockCwopDetLinCorrFreq : public HwInstance<HwFrequencyList<HwSDatablockCwopDetLinCorrFreq>> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockCwopDetLinCorrFreq>({
+  static constexpr ListTraits traits = listTraits({
       .id = 12290,
       .refusal = "HwSDatablockCwopDetLinCorrFreq",
       .keys = {"CWOP_DETLINCORR_A_FREQ", "CWOP_DETLINCORR_B_FREQ"},
-      .text = {.comments = {"#Frequenzst�tzstellen Maximale Anzahl mit dieser Id ist 200"}},
+      .comments = {"#Frequenzst�tzstellen Maximale Anzahl mit dieser Id ist 200"},
   });
 
   HwDatablockCwopDetLinCorrFreq(int index, bool stopConversionOnError)
@@ -235,14 +235,13 @@ inline constexpr FieldInfo detLinCorrFields[] = {
 class VELK_EXPORT HwDatablockCwopDetLinCorrData
     : public HwInstance<HwTypedRecordBlock<HwSDatablockCwopDetLinCorrData>> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12292,
-      .size = sizeof(HwSDatablockCwopDetLinCorrData),
       .refusal = "HwSDatablockCwopDetLinCorrData",
       .keys = {"CWOP_DETLINCORR_A_DATA", "CWOP_DETLINCORR_B_DATA"},
       .fields = detLinCorrFields,
-      .text = {.comments = {"# max number of steps 10"}, .countWord = "DATA"},
-  };
+      .comments = {"# max number of steps 10"},
+  });
 
   HwDatablockCwopDetLinCorrData(int index, bool stopConversionOnError)
       : HwInstance(traits, index, stopConversionOnError) {}

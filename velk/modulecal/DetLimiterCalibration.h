@@ -11,16 +11,14 @@ static_assert(sizeof(HwSDatablockDetLimiterMaxVoltData) == 812);
 /// Frequencies of the limiter's detector voltages, in GHz.
 class VELK_EXPORT HwDatablockDetLimiterMaxVoltFreq : public HwCountedBlock<HwSDatablockDetLimiterMaxVoltFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltFreq, "GHz">({
-      .id = 15020,
-      .refusal = "HwSDatablockDetLimiterMaxVoltFreq",
-      .keys = {"LIMITER_FREQUENCY_NODE_GHZ"},
-      .text = {.comments = {"# Limiter:  Hier stehen die St�tzstellen f�r die Frequenzwerte",
-                            "#           Wertebereich: 1...22GHz", "#           Maximal m�gliche St�tzstellen: 100"},
-               .idWidth = 12,
-               .countWidth = 12,
-               .decimals = 6},
-  });
+  static constexpr ListTraits traits = listTraits<"GHz">(
+      {.id = 15020,
+       .refusal = "HwSDatablockDetLimiterMaxVoltFreq",
+       .keys = {"LIMITER_FREQUENCY_NODE_GHZ"},
+       .comments = {"# Limiter:  Hier stehen die St�tzstellen f�r die Frequenzwerte",
+                    "#           Wertebereich: 1...22GHz", "#           Maximal m�gliche St�tzstellen: 100"},
+       .idWidth = 12},
+      {.countWidth = 12, .decimals = 6});
 
   HwDatablockDetLimiterMaxVoltFreq() : HwCountedBlock(traits, true) {}
 
@@ -36,12 +34,12 @@ class VELK_EXPORT HwDatablockDetLimiterMaxVoltFreq : public HwCountedBlock<HwSDa
 /// Detector voltages at the limiter's maximum level, in V.
 class VELK_EXPORT HwDatablockDetLimiterMaxVoltData : public HwCountedBlock<HwSDatablockDetLimiterMaxVoltData> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockDetLimiterMaxVoltData, "V">({
+  static constexpr ListTraits traits = listTraits<"V">({
       .id = 15021,
       .refusal = "HwSDatablockDetLimiterMaxVoltData",
       .keys = {"LIMITER_MAX_VOLTAGE"},
-      .text = {.comments = {"# Limiter: Hier stehen die Detektorspannungen bei maximal zul�ssigem Pegel",
-                            "# Wertebereich: 0...8V"}},
+      .comments = {"# Limiter: Hier stehen die Detektorspannungen bei maximal zul�ssigem Pegel",
+                   "# Wertebereich: 0...8V"},
   });
 
   HwDatablockDetLimiterMaxVoltData() : HwCountedBlock(traits, true) {}

@@ -29,7 +29,7 @@ template <class Record>
 class VELK_EXPORT HwUserBlock : public HwTypedRecordBlock<Record> {
  public:
   std::ostream& printToStream(std::ostream& os) override {
-    return detail::printUserData(os, this->bytes(), this->recordTraits());
+    return detail::printUserData(os, this->bytes(), this->ownTraits());
   }
 
  protected:
@@ -39,30 +39,30 @@ class VELK_EXPORT HwUserBlock : public HwTypedRecordBlock<Record> {
 /// Shares its id with the reference oscillator's value.
 class VELK_EXPORT HwDatablockIpcUser10000 : public HwUserBlock<HwSDatablockIpcUser10000> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10000,
-      .size = sizeof(HwSDatablockIpcUser10000),
       .refusal = "HwSDatablockIpcUser10000",
       .keys = {"IPC_USER_10000"},
       .fields = userFields<HwSDatablockIpcUser10000>,
       .acceptance = Acceptance::ChecksumOrHeader,
-      .text = {.comments = {"# Das sind die IPC User 10000 Daten"}, .idWidth = 15},
-  };
+      .comments = {"# Das sind die IPC User 10000 Daten"},
+      .idWidth = 15,
+  });
 
   HwDatablockIpcUser10000() : HwUserBlock(traits, true) {}
 };
 
 class VELK_EXPORT HwDatablockIpcUser10040 : public HwUserBlock<HwSDatablockIpcUser10040> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10040,
-      .size = sizeof(HwSDatablockIpcUser10040),
       .refusal = "HwSDatablockIpcUser10040",
       .keys = {"IPC_USER_10040"},
       .fields = userFields<HwSDatablockIpcUser10040>,
       .acceptance = Acceptance::ChecksumOrHeader,
-      .text = {.comments = {"# Das sind die IPC User 10040 Daten"}, .idWidth = 15},
-  };
+      .comments = {"# Das sind die IPC User 10040 Daten"},
+      .idWidth = 15,
+  });
 
   HwDatablockIpcUser10040() : HwUserBlock(traits, true) {}
 };

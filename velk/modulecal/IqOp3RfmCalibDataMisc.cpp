@@ -10,7 +10,6 @@ namespace {
 
 using detail::TextWriter;
 
-constexpr const char* separator = ":             ";
 using detail::stepsPerDb;
 constexpr const FieldInfo& pmaxBz = fieldNamed(iqOp3MiscFields, "pmaxBz");
 constexpr const FieldInfo& toleranceLevAtt_15 = fieldNamed(iqOp3MiscFields, "toleranceLevAtt_15");
@@ -57,14 +56,14 @@ void printSection(TextWriter& text, const char* comment) {
 template <class Write>
 void printStates(TextWriter& text, const char* label, const char* unit, std::uint64_t states, Write write) {
   for (std::uint64_t state = 0; state < states && text.ok(); ++state) {
-    text.text(label).number(state + 1).text(separator);
+    text.text(label).number(state + 1).text(detail::rowSeparator);
     write(static_cast<std::int64_t>(state));
     text.text(unit).endLine();
   }
 }
 
 void printWholeDb(TextWriter& text, const char* label, unsigned short value) {
-  text.text(label).text(separator).number(value / stepsPerDb).text("\t dB").endLine();
+  text.text(label).text(detail::rowSeparator).number(value / stepsPerDb).text("\t dB").endLine();
 }
 
 }  // namespace
@@ -94,7 +93,7 @@ std::ostream& HwDatablockIqOp3RfmCalibDataMisc::printToStream(std::ostream& os) 
       text,
       "# Vollausschlag des Detektorwandlers (Definition LCM), bei der Kalibrierung als Vollausschlag definiert "
       "(65535)");
-  text.text("DET_FULL_SCALE").text(separator).general(getDetFullScale()).text("\t V").endLine();
+  text.text("DET_FULL_SCALE").text(detail::rowSeparator).general(getDetFullScale()).text("\t V").endLine();
   printSection(text,
                "# minimale Detektorreserve (dB) zum Vollauschlag des Detektors bei PMAX_BZx, BZ Werte, 3 Nachkomma");
   printStates(text, "DET_RESERVE_BZ", "\t dB", states,
@@ -109,7 +108,9 @@ void HwDatablockIqOp3RfmCalibDataMisc::printTolerances(TextWriter& text) const {
   printSection(text, "# +/-Toleranz (dB) des LEVEL PRESET Step Attenuators., 3 Nachkomma");
   printWholeDb(text, "TOLERANZ_LEVPRE", getToleranceLevPre());
   printSection(text, "# +/-Toleranz (dB) des Level Attenuators., 3 Nachkomma");
-  text.text("TOLERANZ_LEVATT_15").text(separator).fixed(presentedValue(toleranceLevAtt_15, getToleranceLevAtt_15()), 1);
+  text.text("TOLERANZ_LEVATT_15")
+      .text(detail::rowSeparator)
+      .fixed(presentedValue(toleranceLevAtt_15, getToleranceLevAtt_15()), 1);
   text.text("\t dB").endLine();
   text.text("TOLERANZ_LEVATT_30_45:          ")
       .fixed(presentedValue(toleranceLevAtt_30_45, getToleranceLevAtt_30_45()), 1);

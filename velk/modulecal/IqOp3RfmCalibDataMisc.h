@@ -48,14 +48,13 @@ inline constexpr FieldInfo iqOp3MiscFields[] = {
 /// A state above 11 reads as 0 and is not written.
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataMisc : public HwTypedRecordBlock<HwSDatablockIqOp3RfmCalibDataMisc> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10301,
-      .size = sizeof(HwSDatablockIqOp3RfmCalibDataMisc),
       .refusal = "HwDatablockIqOp3RfmCalibDataMisc",
       .keys = {"IQOP3_RFM_CALIB_DATA_MISC"},
       .fields = iqOp3MiscFields,
-      .text = {.comments = {"# Anzahl der Betriebszust�nde, ganzzahlig, Standard 8"}},
-  };
+      .comments = {"# Anzahl der Betriebszust�nde, ganzzahlig, Standard 8"},
+  });
 
   HwDatablockIqOp3RfmCalibDataMisc() : HwTypedRecordBlock(traits, true) {}
 
@@ -181,14 +180,13 @@ inline constexpr FieldInfo iqOp3MiscV20Fields[] = {
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataMiscV20
     : public HwTypedRecordBlock<HwSDatablockIqOp3RfmCalibDataMiscV20> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10315,
-      .size = sizeof(HwSDatablockIqOp3RfmCalibDataMiscV20),
       .refusal = "HwSDatablockIqOp3RfmCalibDataMiscV20",
       .keys = {"IQOP3_RFM_CALIB_DATA_MISC_V20"},
       .fields = iqOp3MiscV20Fields,
-      .text = {.comments = {"# Das sind die Kalibrierdaten IQOP3 RFM MISC Version 2.0"}},
-  };
+      .comments = {"# Das sind die Kalibrierdaten IQOP3 RFM MISC Version 2.0"},
+  });
 
   HwDatablockIqOp3RfmCalibDataMiscV20() : HwTypedRecordBlock(traits, true) {}
 

@@ -1,5 +1,7 @@
 #include "velk/modulecal/IqOp3RfmCalibration.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 namespace {
 
@@ -29,7 +31,7 @@ std::ostream& HwDatablockIqOp3RfmHarmonic::printToStream(std::ostream& os) {
   TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
   for (unsigned char i = 0; i < iqOp3HarmonicFields[0].rows; ++i) {
-    text.number(i + 1).text(traits.text.separator).number(getCutOffFrequency(i)).endLine();
+    text.number(i + 1).text(detail::rowSeparator).number(getCutOffFrequency(i)).endLine();
   }
   text.endLine();
   return os;

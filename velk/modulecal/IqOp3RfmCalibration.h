@@ -18,15 +18,14 @@ inline constexpr FieldInfo iqOp3HarmonicFields[] = {VELK_FIELD(HwSDatablockIqOp3
 
 class VELK_EXPORT HwDatablockIqOp3RfmHarmonic : public HwTypedRecordBlock<HwSDatablockIqOp3RfmHarmonic> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10300,
-      .size = sizeof(HwSDatablockIqOp3RfmHarmonic),
       .refusal = "HwSDatablockIqOp3RfmHarmonic",
       .keys = {"IQOP3_RFM_HARMONIC"},
       .fields = iqOp3HarmonicFields,
-      .text = {.comments = {"# ausgewertete Syntaxelemente :", "# ID:     Name des Blocks",
-                            "# 1: bis 6:  Grenzfrequenzen der Oberwellenfilter"}},
-  };
+      .comments = {"# ausgewertete Syntaxelemente :", "# ID:     Name des Blocks",
+                   "# 1: bis 6:  Grenzfrequenzen der Oberwellenfilter"},
+  });
 
   HwDatablockIqOp3RfmHarmonic() : HwTypedRecordBlock(traits, true) {}
 
@@ -46,12 +45,12 @@ static_assert(sizeof(HwSDatablockIqOp3RfmCalibDataFreq) == 1212);
 /// Frequencies of the module's calibration, one for each row of the calibration blocks.
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataFreq : public HwCountedBlock<HwSDatablockIqOp3RfmCalibDataFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockIqOp3RfmCalibDataFreq>({
-      .id = 10302,
-      .refusal = "HwSDatablockIqOp3RfmCalibDataFreq",
-      .keys = {"IQOP3_RFM_CALIB_DATA_FREQ"},
-      .text = {.comments = {"# Kalibrierfrequenzen Maximale Anzahl mit dieser Id ist 300"}, .rowKey = "Zeile"},
-  });
+  static constexpr ListTraits traits =
+      listTraits({.id = 10302,
+                  .refusal = "HwSDatablockIqOp3RfmCalibDataFreq",
+                  .keys = {"IQOP3_RFM_CALIB_DATA_FREQ"},
+                  .comments = {"# Kalibrierfrequenzen Maximale Anzahl mit dieser Id ist 300"}},
+                 {.rowKey = "Zeile"});
 
   HwDatablockIqOp3RfmCalibDataFreq() : HwCountedBlock(traits, true) {}
 
@@ -102,15 +101,14 @@ inline constexpr FieldInfo iqOp3CalibFields[] = {
 /// The module's calibration in one operating state: an entry for each calibration frequency.
 class VELK_EXPORT HwDatablockIqOp3RfmCalibData : public HwTypedRecordBlock<HwSDatablockIqOp3RfmCalibData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10303,
-      .size = sizeof(HwSDatablockIqOp3RfmCalibData),
       .refusal = "HwSDatablockIqOp3RfmCalibData",
       .keys = {"IQOP3_RFM_CALIB_DATA"},
       .fields = iqOp3CalibFields,
       .acceptance = Acceptance::ChecksumOrEmpty,
-      .text = {.idWidth = 20},
-  };
+      .idWidth = 20,
+  });
 
   HwDatablockIqOp3RfmCalibData() : HwTypedRecordBlock(traits, true) {}
 
@@ -179,15 +177,15 @@ inline constexpr FieldInfo iqOp3CalibV20Fields[] = {
 
 class VELK_EXPORT HwDatablockIqOp3RfmCalibDataV20 : public HwTypedRecordBlock<HwSDatablockIqOp3RfmCalibDataV20> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10316,
-      .size = sizeof(HwSDatablockIqOp3RfmCalibDataV20),
       .refusal = "HwSDatablockIqOp3RfmCalibDataV20",
       .keys = {"IQOP3_RFM_CALIB_DATA_V20"},
       .fields = iqOp3CalibV20Fields,
       .acceptance = Acceptance::ChecksumOrEmpty,
-      .text = {.comments = {"# Das sind die Kalibrierdaten IQOP3 RFM Version 2.0"}, .idWidth = 20},
-  };
+      .comments = {"# Das sind die Kalibrierdaten IQOP3 RFM Version 2.0"},
+      .idWidth = 20,
+  });
 
   HwDatablockIqOp3RfmCalibDataV20() : HwTypedRecordBlock(traits, true) {}
 

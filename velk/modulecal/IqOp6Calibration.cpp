@@ -1,5 +1,7 @@
 #include "velk/modulecal/IqOp6Calibration.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 
 std::ostream& HwDatablockIqOp6CalibData::printToStream(std::ostream& os) {

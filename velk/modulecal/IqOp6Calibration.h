@@ -10,12 +10,9 @@ static_assert(sizeof(HwSDatablockIqOp6PmaxBz) == 44);
 /// Maximum power of the I/Q output stage for each operating state.
 class VELK_EXPORT HwDatablockIqOp6PmaxBz : public HwCountedBlock<HwSDatablockIqOp6PmaxBz> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockIqOp6PmaxBz>({
-      .id = 10900,
-      .refusal = "HwSDatablockIqOp6PmaxBz",
-      .keys = {"IQOP6_PMAX_BZ"},
-      .text = {.idWidth = 20, .countKey = "COUNT_BZ:", .countWidth = 20},
-  });
+  static constexpr ListTraits traits =
+      listTraits({.id = 10900, .refusal = "HwSDatablockIqOp6PmaxBz", .keys = {"IQOP6_PMAX_BZ"}, .idWidth = 20},
+                 {.countKey = "COUNT_BZ:", .countWidth = 20});
 
   HwDatablockIqOp6PmaxBz() : HwCountedBlock(traits, true) {}
 
@@ -32,12 +29,11 @@ static_assert(sizeof(HwSDatablockIqOp6CalibDataFreq) == 152);
 /// Frequencies of the I/Q output stage's calibration.
 class VELK_EXPORT HwDatablockIqOp6CalibDataFreq : public HwCountedBlock<HwSDatablockIqOp6CalibDataFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockIqOp6CalibDataFreq>({
-      .id = 10901,
-      .refusal = "HwSDatablockIqOp6CalibDataFreq",
-      .keys = {"IQOP6_CALIB_DATA_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen"}, .decimals = 1},
-  });
+  static constexpr ListTraits traits = listTraits({.id = 10901,
+                                                   .refusal = "HwSDatablockIqOp6CalibDataFreq",
+                                                   .keys = {"IQOP6_CALIB_DATA_FREQ"},
+                                                   .comments = {"#Das sind die Frequenzst�tzstellen"}},
+                                                  {.decimals = 1});
 
   HwDatablockIqOp6CalibDataFreq() : HwCountedBlock(traits, true) {}
 
@@ -66,16 +62,15 @@ inline constexpr FieldInfo iqOp6CalibFields[] = {
 /// Level attenuator and DAC values of the I/Q output stage.
 class VELK_EXPORT HwDatablockIqOp6CalibData : public HwTypedRecordBlock<HwSDatablockIqOp6CalibData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 10902,
-      .size = sizeof(HwSDatablockIqOp6CalibData),
       .refusal = "HwSDatablockIqOp6CalibData",
       .keys = {"IQOP6_CALIB_DATA"},
       .fields = iqOp6CalibFields,
-      .text = {.comments = {"# DAWERT-Kalibriertabelle: in einer Zeile: lfd. Nr., Frequenz , LEVATT_20, LEVATT_40, "
-                            "DAWERT[BZ1], DAWERT[BZ2],  ..."},
-               .idWidth = 20},
-  };
+      .comments = {"# DAWERT-Kalibriertabelle: in einer Zeile: lfd. Nr., Frequenz , LEVATT_20, LEVATT_40, "
+                   "DAWERT[BZ1], DAWERT[BZ2],  ..."},
+      .idWidth = 20,
+  });
 
   HwDatablockIqOp6CalibData() : HwTypedRecordBlock(traits, true) {}
 

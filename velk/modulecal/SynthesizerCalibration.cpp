@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 
 std::ostream& HwDatablockSsynOpuDblCoefficient::printToStream(std::ostream& os) {
@@ -11,7 +13,7 @@ std::ostream& HwDatablockSsynOpuDblCoefficient::printToStream(std::ostream& os) 
   text.key("COUNT:").number(getCount()).endLine();
   for (std::uint64_t i = 0; i < getCount() && text.ok(); ++i) {
     const int places = decimals[std::min(i, std::size(decimals) - 1)];
-    text.number(i + 1).text(traits.text.separator).fixed(value(static_cast<std::int64_t>(i)), places).endLine();
+    text.number(i + 1).text(detail::rowSeparator).fixed(value(static_cast<std::int64_t>(i)), places).endLine();
   }
   text.endLine();
   return os;

@@ -17,8 +17,7 @@ class VELK_EXPORT HwDatablockSsynOcxoRefCalValue : public HwReferenceOscillatorB
       .refusal = "HwSDatablockSsynOcxoRefCalValue",
       .keys = {"SSYN_OCXO_REF_CAL_VALUE"},
       .acceptance = Acceptance::ChecksumOrBlankHeader,
-      .text = {.comments = {"# Das sind die Ssyn_Ocxo Kalibrierwerte",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+      .comments = {"# Das sind die Ssyn_Ocxo Kalibrierwerte", "# Maximal m�gliche Koefizienten sind mit dieser ID 1"},
   });
 
   HwDatablockSsynOcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
@@ -30,8 +29,7 @@ class VELK_EXPORT HwDatablockSynexOcxoRefCalValue : public HwReferenceOscillator
       .id = 15000,
       .refusal = "HwSDatablockSynexOcxoRefCalValue",
       .keys = {"SYNEX_OCXO_REF_CAL_VALUE"},
-      .text = {.comments = {"# Das sind die Synex_Ocxo Kalibrierwerte",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+      .comments = {"# Das sind die Synex_Ocxo Kalibrierwerte", "# Maximal m�gliche Koefizienten sind mit dieser ID 1"},
   });
 
   HwDatablockSynexOcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
@@ -43,8 +41,7 @@ class VELK_EXPORT HwDatablockFsynTcxoRefCalValue : public HwReferenceOscillatorB
       .id = 15001,
       .refusal = "HwSDatablockFsynTcxoRefCalValue",
       .keys = {"FSYN_TCXO_REF_CAL_VALUE"},
-      .text = {.comments = {"# Das sind die Fsyn_Ocxo Kalibrierwerte",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+      .comments = {"# Das sind die Fsyn_Ocxo Kalibrierwerte", "# Maximal m�gliche Koefizienten sind mit dieser ID 1"},
   });
 
   HwDatablockFsynTcxoRefCalValue() : HwReferenceOscillatorBlock(traits) {}
@@ -58,8 +55,8 @@ class VELK_EXPORT HwDatablockSittMbrdPllDacCalibValue : public HwSingleValueBloc
       .refusal = "HwSDatablockSittMbrdPllDacCalibValue",
       .keys = {"SITT_MBRD_PLL_DAC_VALUE"},
       .acceptance = Acceptance::ChecksumOrBlankHeader,
-      .text = {.comments = {"# Einstellwert fuer den PLL-DAC bewirkt genaue Einstellung der Referenzfrequenz",
-                            "# Wertebereich: 0..3FFh (0..1023) entspricht Frequenz 10MHz +/-150Hz"}},
+      .comments = {"# Einstellwert fuer den PLL-DAC bewirkt genaue Einstellung der Referenzfrequenz",
+                   "# Wertebereich: 0..3FFh (0..1023) entspricht Frequenz 10MHz +/-150Hz"},
   });
 
   HwDatablockSittMbrdPllDacCalibValue() : HwSingleValueBlock(traits, "Sitt Mbrd Pll Dac Reference value failed") {}
@@ -75,12 +72,12 @@ static_assert(sizeof(HwSDatablockSsynOpuDblCoefficient) == 36);
 /// Coefficients of the output unit's frequency doubler.
 class VELK_EXPORT HwDatablockSsynOpuDblCoefficient : public HwCountedBlock<HwSDatablockSsynOpuDblCoefficient> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSsynOpuDblCoefficient>({
+  static constexpr ListTraits traits = listTraits({
       .id = 10001,
       .refusal = "HwSDatablockSsynOpuDblCoefficient",
       .keys = {"SSYN_OPU_DBL_COEFFICIENT"},
-      .text = {.comments = {"# Das sind die Frequenzst�tzstellen f�r Ssyn_Opu_Dbl_Coefficient",
-                            "# Maximal m�gliche Koeffizienten sind mit dieser ID 3"}},
+      .comments = {"# Das sind die Frequenzst�tzstellen f�r Ssyn_Opu_Dbl_Coefficient",
+                   "# Maximal m�gliche Koeffizienten sind mit dieser ID 3"},
   });
 
   HwDatablockSsynOpuDblCoefficient() : HwCountedBlock(traits, true) {}
@@ -100,12 +97,12 @@ static_assert(sizeof(HwSDatablockSsynOpuLevelFreq) == 412);
 /// Frequencies of the output unit's levels.
 class VELK_EXPORT HwDatablockSsynOpuLevelFreq : public HwCountedBlock<HwSDatablockSsynOpuLevelFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSsynOpuLevelFreq>({
+  static constexpr ListTraits traits = listTraits({
       .id = 10002,
       .refusal = "HwSDatablockSsynOpuLevelFreq",
       .keys = {"SSYN_OPU_LEVEL_FREQ"},
-      .text = {.comments = {"# Das sind die Frequenzst�tzstellen f�r Ssyn_Opu_Dbl_Coefficient",
-                            "# Maximal m�gliche Frequenzst�tzstellen sind mit dieser ID 50"}},
+      .comments = {"# Das sind die Frequenzst�tzstellen f�r Ssyn_Opu_Dbl_Coefficient",
+                   "# Maximal m�gliche Frequenzst�tzstellen sind mit dieser ID 50"},
   });
 
   HwDatablockSsynOpuLevelFreq() : HwCountedBlock(traits, true) {}
@@ -122,12 +119,12 @@ static_assert(sizeof(HwSDatablockSsynOpuLevel) == 212);
 /// Levels of the output unit, in mV.
 class VELK_EXPORT HwDatablockSsynOpuLevel : public HwCountedBlock<HwSDatablockSsynOpuLevel> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockSsynOpuLevel, "mV">({
+  static constexpr ListTraits traits = listTraits<"mV">({
       .id = 10003,
       .refusal = "HwSDatablockSsynOpuLevel",
       .keys = {"SSYN_OPU_LEVEL"},
-      .text = {.comments = {"# Das sind die Ssyn_Opu_Dbl_Coefficient in [mV]",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 50"}},
+      .comments = {"# Das sind die Ssyn_Opu_Dbl_Coefficient in [mV]",
+                   "# Maximal m�gliche Koefizienten sind mit dieser ID 50"},
   });
 
   HwDatablockSsynOpuLevel() : HwCountedBlock(traits, true) {}

@@ -50,7 +50,7 @@ void HwDatablockCommonStatisticData::swapBlock(HwSDatablockCommonStatisticData* 
 
 std::ostream& HwDatablockCommonStatisticData::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
-  text.line(traits.text.comments[0]);
+  text.line(traits.comments[0]);
   text.text("ID: \t ").text(key()).endLine();
   const unsigned int valid = std::min(getCommonStatisticDataLength(), room);
   for (unsigned int i = 0; i < room && text.ok(); ++i) {

@@ -23,14 +23,13 @@ inline constexpr FieldInfo commonStatisticFields[] = {
 /// checksum: the caller must do so before writing the block to a memory.
 class VELK_EXPORT HwDatablockCommonStatisticData : public HwTypedRecordBlock<HwSDatablockCommonStatisticData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 11310,
-      .size = sizeof(HwSDatablockCommonStatisticData),
       .refusal = "HwSDatablockCommonStatisticData",
       .keys = {"POWERON COUNT", "BACKUP OF POWERON COUNT ", "OPERATING TIME COUNT", "BACKUP OF OPERATING TIME COUNT"},
       .fields = commonStatisticFields,
-      .text = {.comments = {"# Sonstige statistische Daten:"}},
-  };
+      .comments = {"# Sonstige statistische Daten:"},
+  });
 
   /// The low 16 bits of `instance` are the block id.
   explicit HwDatablockCommonStatisticData(int instance);

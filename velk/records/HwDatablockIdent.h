@@ -80,16 +80,15 @@ class VELK_EXPORT HwIdentRecordBlock : public HwTypedRecordBlock<HwSDatablockIde
 /// The identification block at the start of every module memory.
 class VELK_EXPORT HwDatablockIdent : public HwIdentRecordBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 2,
-      .size = sizeof(HwSDatablockIdent),
       .refusal = "HwDatablockIdent",
       .keys = {"IDENT_2", "IDENT_3", "IDENT_4", "IDENT_5", "IDENT_6", "IDENT_7", "IDENT_8", "IDENT_9", "IDENT_10"},
       .fields = identFields,
       .onSet = AlignmentRule::Take,
       .onSwap = AlignmentRule::Take,
       .name = {offsetof(HwSDatablockIdent, name), sizeof HwSDatablockIdent::name},
-  };
+  });
 
   HwDatablockIdent() : HwIdentRecordBlock(traits, true) {}
 
@@ -103,17 +102,16 @@ using HwSDatablockMiscIdent = HwSDatablockIdent;
 /// The identification of a part that is in another memory of the module.
 class VELK_EXPORT HwDatablockMiscIdent : public HwIdentRecordBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = _DatablockId_Stream_Opt_Ident_,
-      .size = sizeof(HwSDatablockMiscIdent),
       .refusal = "HwDatablockMiscIdent",
       .keys = {"STREAM_OPT_IDENT", "STREAM_AUX_IDENT"},
       .fields = identFields,
       .onSet = AlignmentRule::Take,
       .onSwap = AlignmentRule::Take,
       .name = {offsetof(HwSDatablockMiscIdent, name), sizeof HwSDatablockMiscIdent::name},
-      .text = {.idWidth = 14},
-  };
+      .idWidth = 14,
+  });
 
   explicit HwDatablockMiscIdent(HwEVariantEepromDatablock id)
       : HwIdentRecordBlock(traits, true, static_cast<unsigned short>(id)), miscBlockId_(id) {}

@@ -20,14 +20,13 @@ inline constexpr FieldInfo mbrdSerialNumberFields[] = {
 
 class VELK_EXPORT HwDatablockMbrdSerialNumber : public HwTypedRecordBlock<HwSDatablockMbrdSerialNumber> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12000,
-      .size = sizeof(HwSDatablockMbrdSerialNumber),
       .refusal = "HwSDatablockMbrdSerialNumber",
       .keys = {"SERIAL_NUMBER"},
       .fields = mbrdSerialNumberFields,
-      .text = {.comments = {"# Das ist die Seriennummer des Orvan`s"}},
-  };
+      .comments = {"# Das ist die Seriennummer des Orvan`s"},
+  });
 
   HwDatablockMbrdSerialNumber() : HwTypedRecordBlock(traits, true) {}
 
@@ -53,15 +52,14 @@ class VELK_EXPORT HwDatablockMbrdModel : public HwTypedRecordBlock<HwSDatablockM
   static constexpr unsigned short longestName = sizeof HwSDatablockMbrdModel::model - 1;
 
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12001,
-      .size = sizeof(HwSDatablockMbrdModel),
       .refusal = "HwDatablockMbrdModel",
       .keys = {"GENERATOR_MODEL"},
       .fields = mbrdModelFields,
       .name = {offsetof(HwSDatablockMbrdModel, model), longestName},
-      .text = {.comments = {"# Das ist der Modellname des TARN`s"}},
-  };
+      .comments = {"# Das ist der Modellname des TARN`s"},
+  });
 
   HwDatablockMbrdModel() : HwTypedRecordBlock(traits, false) {}
 
@@ -95,14 +93,13 @@ inline constexpr FieldInfo mbrdMacFields[] = {
 /// The network address of the mainboard, whose text is the block's bytes.
 class VELK_EXPORT HwDatablockMbrdMac : public HwTypedRecordBlock<HwSDatablockMbrdMac> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 12004,
-      .size = sizeof(HwSDatablockMbrdMac),
       .refusal = "HwDatablockMbrdMac",
       .keys = {"MBRD_MAC"},
       .fields = mbrdMacFields,
       .acceptance = Acceptance::ChecksumAndHeader,
-  };
+  });
 
   HwDatablockMbrdMac();
 
@@ -134,13 +131,12 @@ inline constexpr FieldInfo analogOutputCalibrationFields[] = {
 class VELK_EXPORT HwObelDatablockAnalogOutputCalibration
     : public HwTypedRecordBlock<HwSDatablockAnalogOutputCalibration> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 15500,
-      .size = sizeof(HwSDatablockAnalogOutputCalibration),
       .refusal = "HwSDatablockAnalogOutputCalibration",
       .keys = {"OBEL_ANALOG_OUTPUT_CALIBRATION_1", "OBEL_ANALOG_OUTPUT_CALIBRATION_2"},
       .fields = analogOutputCalibrationFields,
-  };
+  });
 
   /// Makes the block with id 15500 if `second` is 0, and otherwise the one with id 15501.
   HwObelDatablockAnalogOutputCalibration(unsigned int second, bool stopConversionOnError)

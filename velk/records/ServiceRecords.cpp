@@ -57,7 +57,7 @@ std::ostream& HwDatablockServiceData::printToStream(std::ostream& os) {
 std::ostream& HwModificationBlock::printToStream(std::ostream& os) {
   constexpr unsigned char entries = std::extent_v<decltype(HwSDatablockModification::serviceCode)>;
   detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), recordTraits());
+  detail::printHeading(text, bytes(), ownTraits());
   for (unsigned char i = 0; i < entries; ++i) text.key("SERVICECODE:").number(getServiceCode(i)).endLine();
   text.endLine();
   return os;
@@ -98,7 +98,7 @@ void HwDatablockModification120::swapBlock() {
 std::ostream& HwDatablockModification120::printToStream(std::ostream& os) {
   reInterpretData();
   detail::TextWriter text(os);
-  text.line(traits.text.comments[0]);
+  text.line(traits.comments[0]);
   text.key("ID:").text(traits.keys[0]).endLine();
   for (std::size_t i = 0; i < serviceCodes_.size() && text.ok(); ++i) {
     text.key("SERVICECODE:").number(serviceCodes_[i]).endLine();

@@ -33,16 +33,15 @@ inline constexpr FieldInfo serviceFields[] = {
 /// Who serviced the module, when, after how many operating hours and why; a block for each service.
 class VELK_EXPORT HwDatablockServiceData : public HwTypedRecordBlock<HwSDatablockServiceData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = _DatablockId_Service_200_,
-      .size = sizeof(HwSDatablockServiceData),
       .refusal = "HwDatablockServiceData",
       .keys = {"SERVICE_200", "SERVICE_201", "SERVICE_202", "SERVICE_203", "SERVICE_204", "SERVICE_205", "SERVICE_206",
                "SERVICE_207", "SERVICE_208", "SERVICE_209"},
       .alsoKeys = {.firstId = _DatablockId_Service_299_, .keys = {"SERVICE_299"}},
       .fields = serviceFields,
-      .text = {.comments = {"# Das sind die Servicedaten Service 200"}},
-  };
+      .comments = {"# Das sind die Servicedaten Service 200"},
+  });
 
   /// Makes a block without an id.
   HwDatablockServiceData();
@@ -121,15 +120,14 @@ class VELK_EXPORT HwModificationBlock : public HwTypedRecordBlock<HwSDatablockMo
 /// Modifications whose entries are a circular number and an action.
 class VELK_EXPORT HwDatablockModification : public HwModificationBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = _DatablockId_Modification_100_,
-      .size = sizeof(HwSDatablockModification),
       .refusal = "HwDatablockModification",
       .keys = {"MODIFICATION_100"},
       .fields = modificationFields,
       .onSet = AlignmentRule::Take,
-      .text = {.comments = {"# Das sind die Servicedaten Modification"}},
-  };
+      .comments = {"# Das sind die Servicedaten Modification"},
+  });
 
   HwDatablockModification() : HwModificationBlock(traits, true) {}
 
@@ -152,15 +150,14 @@ class VELK_EXPORT HwDatablockModification : public HwModificationBlock {
 
 class VELK_EXPORT HwDatablockModification110 : public HwModificationBlock {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = _DatablockId_Modification_110_,
-      .size = sizeof(HwSDatablockModification110),
       .refusal = "HwDatablockModification110",
       .keys = {"MODIFICATION_110"},
       .fields = modification110Fields,
       .onSet = AlignmentRule::Take,
-      .text = {.comments = {"# Das sind die Servicedaten Modification"}},
-  };
+      .comments = {"# Das sind die Servicedaten Modification"},
+  });
 
   HwDatablockModification110() : HwModificationBlock(traits, true) {}
 };
@@ -178,7 +175,7 @@ class VELK_EXPORT HwDatablockModification120 : public HwDatablock {
       .size = sizeof(HwSDatablockHeader),
       .keys = {"MODIFICATION_120"},
       .fields = modification120Fields,
-      .text = {.comments = {"# Das sind die Servicedaten Modification120"}},
+      .comments = {"# Das sind die Servicedaten Modification120"},
   };
 
   HwDatablockModification120();
@@ -212,14 +209,13 @@ inline constexpr FieldInfo statisticFields[] = {VELK_FIELD(HwSDatablockStatistic
 
 class VELK_EXPORT HwDatablockStatistic : public HwTypedRecordBlock<HwSDatablockStatistic> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = _DatablockId_Statistics_300_,
-      .size = sizeof(HwSDatablockStatistic),
       .refusal = "HwDatablockStatistic",
       .keys = {"STATISTICS_300"},
       .fields = statisticFields,
-      .text = {.comments = {"# Das sind die Statisticdaten Statistics 300"}},
-  };
+      .comments = {"# Das sind die Statisticdaten Statistics 300"},
+  });
 
   HwDatablockStatistic() : HwTypedRecordBlock(traits, true) {}
 

@@ -10,15 +10,13 @@ static_assert(sizeof(HwSDatablockBbinsCompFilterTabsI) == 92);
 /// Equalizer coefficients of the I path.
 class VELK_EXPORT HwDatablockBbinsCompFilterTabsI : public HwCountedBlock<HwSDatablockBbinsCompFilterTabsI> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsCompFilterTabsI>({
-      .id = 13000,
-      .refusal = "HwSDatablockBbinsCompFilterTabsI",
-      .keys = {"BBINS_COMP_FIL_TAPS_I"},
-      .text = {.comments = {"# Das sind die Entzerr-Koeffizienten f�r Resample I-Pfad",
-                            "# signed fixed point LSB value 21-24",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 20"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13000,
+       .refusal = "HwSDatablockBbinsCompFilterTabsI",
+       .keys = {"BBINS_COMP_FIL_TAPS_I"},
+       .comments = {"# Das sind die Entzerr-Koeffizienten f�r Resample I-Pfad", "# signed fixed point LSB value 21-24",
+                    "# Maximal m�gliche Koefizienten sind mit dieser ID 20"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsCompFilterTabsI(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -35,15 +33,13 @@ static_assert(sizeof(HwSDatablockBbinsCompFilterTabsQ) == 92);
 /// Equalizer coefficients of the Q path.
 class VELK_EXPORT HwDatablockBbinsCompFilterTabsQ : public HwCountedBlock<HwSDatablockBbinsCompFilterTabsQ> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsCompFilterTabsQ>({
-      .id = 13050,
-      .refusal = "HwDatablockBbinsCompFilterTabsQ",
-      .keys = {"BBINS_COMP_FIL_TAPS_Q"},
-      .text = {.comments = {"# Das sind die Entzerr-Koeffizienten f�r Resample Q-Pfad",
-                            "# signed fixed point LSB value 21-24",
-                            "# Maximal m�gliche Koefizienten sind mit dieser ID 20"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13050,
+       .refusal = "HwDatablockBbinsCompFilterTabsQ",
+       .keys = {"BBINS_COMP_FIL_TAPS_Q"},
+       .comments = {"# Das sind die Entzerr-Koeffizienten f�r Resample Q-Pfad", "# signed fixed point LSB value 21-24",
+                    "# Maximal m�gliche Koefizienten sind mit dieser ID 20"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsCompFilterTabsQ(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -61,15 +57,13 @@ static_assert(sizeof(HwSDatablockBbinsUncalibratedFirAmplitudeI) == 212);
 class VELK_EXPORT HwDatablockBbinsUncalibratedFirAmplitudeI
     : public HwCountedBlock<HwSDatablockBbinsUncalibratedFirAmplitudeI> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsUncalibratedFirAmplitudeI>({
-      .id = 13100,
-      .refusal = "HwDatablockBbinsUncalibratedFirAmplitudeI",
-      .keys = {"BBINS_UNCALIBRATED_FIR_AMPLITUDE_I"},
-      .text = {.comments = {"# unkalibrierter BBIN-Amplitudengang fuer I-Pfad",
-                            "# Format: signed integer (32 Bit-Darstellung)",
-                            "# Maximal m�gliche Koefizienten mit dieser ID 50"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13100,
+       .refusal = "HwDatablockBbinsUncalibratedFirAmplitudeI",
+       .keys = {"BBINS_UNCALIBRATED_FIR_AMPLITUDE_I"},
+       .comments = {"# unkalibrierter BBIN-Amplitudengang fuer I-Pfad", "# Format: signed integer (32 Bit-Darstellung)",
+                    "# Maximal m�gliche Koefizienten mit dieser ID 50"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsUncalibratedFirAmplitudeI(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -86,15 +80,13 @@ static_assert(sizeof(HwSDatablockBbinsUncalibratedFirPhiI) == 212);
 /// Uncalibrated phase response of the I path.
 class VELK_EXPORT HwDatablockBbinsUncalibratedFirPhiI : public HwCountedBlock<HwSDatablockBbinsUncalibratedFirPhiI> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsUncalibratedFirPhiI>({
-      .id = 13101,
-      .refusal = "HwDatablockBbinsUncalibratedFirPhiI",
-      .keys = {"BBINS_UNCALIBRATED_FIR_PHI_I"},
-      .text = {.comments = {"# unkalibrierter BBIN-Phasengang fuer I-Pfad",
-                            "# Format: signed integer (32 Bit-Darstellung)",
-                            "# Maximal m�gliche Koefizienten mit dieser ID 50"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13101,
+       .refusal = "HwDatablockBbinsUncalibratedFirPhiI",
+       .keys = {"BBINS_UNCALIBRATED_FIR_PHI_I"},
+       .comments = {"# unkalibrierter BBIN-Phasengang fuer I-Pfad", "# Format: signed integer (32 Bit-Darstellung)",
+                    "# Maximal m�gliche Koefizienten mit dieser ID 50"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsUncalibratedFirPhiI(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -112,15 +104,13 @@ static_assert(sizeof(HwSDatablockBbinsUncalibratedFirAmplitudeQ) == 212);
 class VELK_EXPORT HwDatablockBbinsUncalibratedFirAmplitudeQ
     : public HwCountedBlock<HwSDatablockBbinsUncalibratedFirAmplitudeQ> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsUncalibratedFirAmplitudeQ>({
-      .id = 13102,
-      .refusal = "HwDatablockBbinsUncalibratedFirAmplitudeQ",
-      .keys = {"BBINS_UNCALIBRATED_FIR_AMPLITUDE_Q"},
-      .text = {.comments = {"# unkalibrierter BBIN-Amplitudengang fuer Q-Pfad",
-                            "# Format: signed integer (32 Bit-Darstellung)",
-                            "# Maximal m�gliche Koefizienten mit dieser ID 50"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13102,
+       .refusal = "HwDatablockBbinsUncalibratedFirAmplitudeQ",
+       .keys = {"BBINS_UNCALIBRATED_FIR_AMPLITUDE_Q"},
+       .comments = {"# unkalibrierter BBIN-Amplitudengang fuer Q-Pfad", "# Format: signed integer (32 Bit-Darstellung)",
+                    "# Maximal m�gliche Koefizienten mit dieser ID 50"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsUncalibratedFirAmplitudeQ(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -137,15 +127,13 @@ static_assert(sizeof(HwSDatablockBbinsUncalibratedFirPhiQ) == 212);
 /// Uncalibrated phase response of the Q path.
 class VELK_EXPORT HwDatablockBbinsUncalibratedFirPhiQ : public HwCountedBlock<HwSDatablockBbinsUncalibratedFirPhiQ> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockBbinsUncalibratedFirPhiQ>({
-      .id = 13103,
-      .refusal = "HwDatablockBbinsUncalibratedFirPhiQ",
-      .keys = {"BBINS_UNCALIBRATED_FIR_PHI_Q"},
-      .text = {.comments = {"# unkalibrierter BBIN-Phasengang fuer Q-Pfad",
-                            "# Format: signed integer (32 Bit-Darstellung)",
-                            "# Maximal m�gliche Koefizienten mit dieser ID 50"},
-               .countWidth = 20},
-  });
+  static constexpr ListTraits traits = listTraits(
+      {.id = 13103,
+       .refusal = "HwDatablockBbinsUncalibratedFirPhiQ",
+       .keys = {"BBINS_UNCALIBRATED_FIR_PHI_Q"},
+       .comments = {"# unkalibrierter BBIN-Phasengang fuer Q-Pfad", "# Format: signed integer (32 Bit-Darstellung)",
+                    "# Maximal m�gliche Koefizienten mit dieser ID 50"}},
+      {.countWidth = 20});
 
   explicit HwDatablockBbinsUncalibratedFirPhiQ(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 namespace {
 
@@ -67,7 +69,7 @@ std::ostream& HwDatablockObelWiqSensorData::printToStream(std::ostream& os) {
   text.key("COUNT:").number(count).endLine();
   for (std::uint64_t i = 0; i < count && text.ok(); ++i) {
     const auto index = static_cast<std::int64_t>(i);
-    text.number(i + 1).text(traits.text.separator).general(get(&HwSDatablockObelWiqSensorData::a, index));
+    text.number(i + 1).text(detail::rowSeparator).general(get(&HwSDatablockObelWiqSensorData::a, index));
     text.text("\t").general(get(&HwSDatablockObelWiqSensorData::b, index)).endLine();
   }
   text.endLine();

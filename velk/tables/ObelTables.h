@@ -11,11 +11,11 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalanceFreq) == 252);
 /// Frequencies of the analog imbalance, in Hz.
 class VELK_EXPORT HwDatablockObelAnalogImbalanceFreq : public HwCountedBlock<HwSDatablockObelAnalogImbalanceFreq> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalanceFreq, "Hz">({
+  static constexpr ListTraits traits = listTraits<"Hz">({
       .id = 15600,
       .refusal = "HwSDatablockObelAnalogImbalanceFreq",
       .keys = {"OBEL_ANALOG_IMBALANCE_FREQ"},
-      .text = {.comments = {"#Das sind die Frequenzst�tzstellen [f/1Hz]"}},
+      .comments = {"#Das sind die Frequenzst�tzstellen [f/1Hz]"},
   });
 
   explicit HwDatablockObelAnalogImbalanceFreq(bool stopConversionOnError)
@@ -33,12 +33,11 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalanceGainI) == 132);
 /// Gains of the I path.
 class VELK_EXPORT HwDatablockObelAnalogImbalanceGainI : public HwCountedBlock<HwSDatablockObelAnalogImbalanceGainI> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalanceGainI>({
-      .id = 15601,
-      .refusal = "HwSDatablockObelAnalogImbalanceGainI",
-      .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
-      .text = {.comments = {"#Das sind die GainWerte I der OBEL ANALOG Imbalance"}, .countWidth = 0},
-  });
+  static constexpr ListTraits traits = listTraits({.id = 15601,
+                                                   .refusal = "HwSDatablockObelAnalogImbalanceGainI",
+                                                   .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
+                                                   .comments = {"#Das sind die GainWerte I der OBEL ANALOG Imbalance"}},
+                                                  {.countWidth = 0});
 
   explicit HwDatablockObelAnalogImbalanceGainI(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -55,12 +54,11 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalanceGainQ) == 132);
 /// Gains of the Q path.
 class VELK_EXPORT HwDatablockObelAnalogImbalanceGainQ : public HwCountedBlock<HwSDatablockObelAnalogImbalanceGainQ> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalanceGainQ>({
-      .id = 15602,
-      .refusal = "HwSDatablockObelAnalogImbalanceGainQ",
-      .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
-      .text = {.comments = {"#Das sind die GainWerte Q der OBEL ANALOG Imbalance"}, .countWidth = 0},
-  });
+  static constexpr ListTraits traits = listTraits({.id = 15602,
+                                                   .refusal = "HwSDatablockObelAnalogImbalanceGainQ",
+                                                   .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
+                                                   .comments = {"#Das sind die GainWerte Q der OBEL ANALOG Imbalance"}},
+                                                  {.countWidth = 0});
 
   explicit HwDatablockObelAnalogImbalanceGainQ(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -77,12 +75,12 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalancePhI) == 132);
 /// Phases of the I path.
 class VELK_EXPORT HwDatablockObelAnalogImbalancePhI : public HwCountedBlock<HwSDatablockObelAnalogImbalancePhI> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalancePhI>({
-      .id = 15603,
-      .refusal = "HwDatablockObelAnalogImbalancePhI",
-      .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
-      .text = {.comments = {"#Das sind die Phasenwerte I der OBEL ANALOG Imbalance "}, .countWidth = 0},
-  });
+  static constexpr ListTraits traits =
+      listTraits({.id = 15603,
+                  .refusal = "HwDatablockObelAnalogImbalancePhI",
+                  .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
+                  .comments = {"#Das sind die Phasenwerte I der OBEL ANALOG Imbalance "}},
+                 {.countWidth = 0});
 
   explicit HwDatablockObelAnalogImbalancePhI(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -99,12 +97,12 @@ static_assert(sizeof(HwSDatablockObelAnalogImbalancePhQ) == 132);
 /// Phases of the Q path.
 class VELK_EXPORT HwDatablockObelAnalogImbalancePhQ : public HwCountedBlock<HwSDatablockObelAnalogImbalancePhQ> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelAnalogImbalancePhQ>({
-      .id = 15604,
-      .refusal = "HwDatablockObelAnalogImbalancePhQ",
-      .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
-      .text = {.comments = {"#Das sind die Phasenwerte Q der OBEL ANALOG Imbalance "}, .countWidth = 0},
-  });
+  static constexpr ListTraits traits =
+      listTraits({.id = 15604,
+                  .refusal = "HwDatablockObelAnalogImbalancePhQ",
+                  .keys = {"OBEL_ANALOG_IMBALANCE_DATA"},
+                  .comments = {"#Das sind die Phasenwerte Q der OBEL ANALOG Imbalance "}},
+                 {.countWidth = 0});
 
   explicit HwDatablockObelAnalogImbalancePhQ(bool stopConversionOnError)
       : HwCountedBlock(traits, stopConversionOnError) {}
@@ -132,14 +130,13 @@ inline constexpr FieldInfo obelDelayFields[] = {
 
 class VELK_EXPORT HwDatablockOBELDelay : public HwTypedRecordBlock<HwSDatablockOBELDelay> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 15504,
-      .size = sizeof(HwSDatablockOBELDelay),
       .refusal = "HwDatablockOBELDelay",
       .keys = {"OBEL_DELAY"},
       .fields = obelDelayFields,
-      .text = {.comments = {"# Das sind die I und Q Delays:"}},
-  };
+      .comments = {"# Das sind die I und Q Delays:"},
+  });
 
   explicit HwDatablockOBELDelay(bool stopConversionOnError = true)
       : HwTypedRecordBlock(traits, stopConversionOnError) {}
@@ -162,7 +159,7 @@ class VELK_EXPORT HwDatablockObelBaseboardCalibValue : public HwSingleValueBlock
           .id = 15605,
           .refusal = "HwDatablockObelBaseboardCalibValue",
           .keys = {"OBEL_BASEBOARD_CALIB_VALUE"},
-          .text = {.comments = {"# Das ist  der Baseboard Kalibrierwert"}},
+          .comments = {"# Das ist  der Baseboard Kalibrierwert"},
       },
       unsignedSingleValueFields);
 
@@ -181,7 +178,7 @@ static_assert(sizeof(HwSDatablockObelWIQQuadDac) == 116);
 /// Settings of the wideband I/Q board's quad DAC: 13 values.
 class VELK_EXPORT HwDatablockObelWIQQuadDac : public HwCountedBlock<HwSDatablockObelWIQQuadDac> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockObelWIQQuadDac>({
+  static constexpr ListTraits traits = listTraits({
       .id = 15649,
       .refusal = "HwDatablockObelWiqQuadDacData",
       .keys = {"OBEL_WIQ_QUAD_DAC"},
@@ -214,13 +211,12 @@ inline constexpr FieldInfo obelWiqSensorFields[] = {
 
 class VELK_EXPORT HwDatablockObelWiqSensorData : public HwTypedRecordBlock<HwSDatablockObelWiqSensorData> {
  public:
-  static constexpr RecordTraits traits{
+  static constexpr RecordTraits traits = recordTraits({
       .id = 15648,
-      .size = sizeof(HwSDatablockObelWiqSensorData),
       .refusal = "HwDatablockObelWiqSensorData",
       .keys = {"OBEL_WIQ_SENSOR_DATA"},
       .fields = obelWiqSensorFields,
-  };
+  });
 
   explicit HwDatablockObelWiqSensorData(bool stopConversionOnError = true);
 

@@ -1,5 +1,7 @@
 #include "velk/tables/PimTables.h"
 
+#include "velk/layer/RecordText.h"
+
 namespace Velk {
 
 std::ostream& detail::printLevelTable(std::ostream& os, ConstBytes block, const RecordTraits& traits) {
@@ -8,7 +10,7 @@ std::ostream& detail::printLevelTable(std::ostream& os, ConstBytes block, const 
   TextWriter text(os);
   printHeading(text, block, traits);
   text.key("COUNT:").number(steps).text("*").number(columns).endLine();
-  printRows(text, block, traits.fields[2], traits.text, steps, columns);
+  printRows(text, block, traits.fields[2], {.rows = steps, .columns = columns, .first = 0, .step = 10});
   text.endLine();
   return os;
 }

@@ -15,8 +15,8 @@ class VELK_EXPORT HwDatablockPimOcxoRefCalValue : public HwReferenceOscillatorBl
           .id = 15002,
           .refusal = "HwDatablockPimOcxoRefCalValue",
           .keys = {"PIM_OCXO_REF_CAL_VALUE"},
-          .text = {.comments = {"#Kalibrierwert f�r den Feinabgleich der OCXO-Frequenz", "# Wertebereich: 0...65535",
-                                "# Maximal m�gliche Koefizienten sind mit dieser ID 1"}},
+          .comments = {"#Kalibrierwert f�r den Feinabgleich der OCXO-Frequenz", "# Wertebereich: 0...65535",
+                       "# Maximal m�gliche Koefizienten sind mit dieser ID 1"},
       },
       unsignedSingleValueFields);
 
@@ -35,13 +35,10 @@ class VELK_EXPORT HwPimFrequencyList : public HwSpreadFrequencyList<HwCountedBlo
  protected:
   using HwSpreadFrequencyList<HwCountedBlock<Record>>::HwSpreadFrequencyList;
 
-  static constexpr RecordTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
-    return listTraits<Record, "Hz", 100>({
-        .id = id,
-        .refusal = refusal,
-        .keys = {key},
-        .text = {.comments = {"# Frequenzst�tzstellen [Hz]"}, .decimals = 3, .twinStep = 0.001},
-    });
+  static constexpr ListTraits frequencyTraits(unsigned short id, const char* refusal, const char* key) {
+    return HwPimFrequencyList::template listTraits<"Hz", 100>(
+        {.id = id, .refusal = refusal, .keys = {key}, .comments = {"# Frequenzst�tzstellen [Hz]"}},
+        {.decimals = 3, .twinStep = 0.001});
   }
 };
 
@@ -52,7 +49,7 @@ static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataFreq) == 6012);
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataFreq
     : public HwPimFrequencyList<HwSDatablockPimMwIfExtLevCalDataFreq> {
  public:
-  static constexpr RecordTraits traits =
+  static constexpr ListTraits traits =
       frequencyTraits(12040, "HwDatablockPimMwIfExtLevCalDataFreq", "LEV_CAL_DAT_FREQ");
 
   explicit HwDatablockPimMwIfExtLevCalDataFreq(bool stopConversionOnError)
@@ -65,7 +62,7 @@ static_assert(sizeof(HwSDatablockPimAttCalDatFreq) == 812);
 /// Frequencies of the attenuator calibration.
 class VELK_EXPORT HwDatablockPimAttCalDatFreq : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreq> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits(12044, "HwDatablockPimAttCalDatFreq", "ATT_CAL_DAT_FREQ");
+  static constexpr ListTraits traits = frequencyTraits(12044, "HwDatablockPimAttCalDatFreq", "ATT_CAL_DAT_FREQ");
 
   explicit HwDatablockPimAttCalDatFreq(bool stopConversionOnError)
       : HwPimFrequencyList(traits, stopConversionOnError) {}
@@ -77,7 +74,7 @@ static_assert(sizeof(HwSDatablockPimAttCalDatFreqSe) == 2012);
 /// A longer list of frequencies of the attenuator calibration.
 class VELK_EXPORT HwDatablockPimAttCalDatFreqSe : public HwPimFrequencyList<HwSDatablockPimAttCalDatFreqSe> {
  public:
-  static constexpr RecordTraits traits = frequencyTraits(12046, "HwDatablockPimAttCalDatFreqSe", "ATT_CAL_DAT_FREQ_SE");
+  static constexpr ListTraits traits = frequencyTraits(12046, "HwDatablockPimAttCalDatFreqSe", "ATT_CAL_DAT_FREQ_SE");
 
   explicit HwDatablockPimAttCalDatFreqSe(bool stopConversionOnError)
       : HwPimFrequencyList(traits, stopConversionOnError) {}
@@ -90,11 +87,11 @@ static_assert(sizeof(HwSDatablockPimMwIfExtLevCalDataAbsCorr) == 3012);
 class VELK_EXPORT HwDatablockPimMwIfExtLevCalDataAbsCorr
     : public HwCountedBlock<HwSDatablockPimMwIfExtLevCalDataAbsCorr> {
  public:
-  static constexpr RecordTraits traits = listTraits<HwSDatablockPimMwIfExtLevCalDataAbsCorr, "1/100 dB">({
+  static constexpr ListTraits traits = listTraits<"1/100 dB">({
       .id = 12042,
       .refusal = "HwDatablockPimMwIfExtLevCalDataAbsCorr",
       .keys = {"LEV_CAL_DAT_ABS_CORR"},
-      .text = {.comments = {"# Korrekturdaten [1/100dB] "}},
+      .comments = {"# Korrekturdaten [1/100dB] "},
   });
 
   explicit HwDatablockPimMwIfExtLevCalDataAbsCorr(bool stopConversionOnError)
@@ -146,7 +143,7 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
   }
 
   std::ostream& printToStream(std::ostream& os) override {
-    return detail::printLevelTable(os, this->bytes(), this->recordTraits());
+    return detail::printLevelTable(os, this->bytes(), this->ownTraits());
   }
 
  protected:
@@ -156,14 +153,13 @@ class VELK_EXPORT HwLevelTable : public HwTypedRecordBlock<Record> {
 
   static constexpr RecordTraits levelTraits(unsigned short id, const char* refusal, const char* key,
                                             const char* comment) {
-    return {
+    return HwLevelTable::recordTraits({
         .id = id,
-        .size = sizeof(Record),
         .refusal = refusal,
         .keys = {key},
         .fields = levelTableFields<Record>,
-        .text = {.comments = {comment}, .separator = ": ", .firstRow = 0, .rowStep = 10},
-    };
+        .comments = {comment},
+    });
   }
 };
 

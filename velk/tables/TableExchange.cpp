@@ -5,6 +5,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "velk/text/TextWriter.h"
+
 namespace Velk::detail {
 namespace {
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "velk/tables/TableLayout.h"
-#include "velk/text/TextWriter.h"
 
 namespace Velk::detail {
+
+class TextWriter;
 
 /// Error messages of the reader that differ from table to table.
 struct ExchangeMessages {

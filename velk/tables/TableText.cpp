@@ -2,6 +2,8 @@
 
 #include <ostream>
 
+#include "velk/text/TextWriter.h"
+
 namespace Velk::detail {
 namespace {
 

@@ -1,4 +1,6 @@
-#include "velk/tables/DacBoardTables.h"
+#include "velk/tables/DacIfFullScale.h"
+
+#include "velk/layer/RecordText.h"
 
 namespace Velk {
 
