@@ -178,8 +178,7 @@ std::optional<bool> DumpLine::textAgrees(std::string_view line, ConstBytes bytes
     return std::nullopt;
   }
   for (std::size_t i = 0; i < bytes.size(); ++i) {
-    const bool isPrintable = bytes[i] >= ' ' && bytes[i] < 0x7F;
-    if (line[begin + i] != (isPrintable ? static_cast<char>(bytes[i]) : '.')) return false;
+    if (line[begin + i] != (isShown(bytes[i]) ? static_cast<char>(bytes[i]) : '.')) return false;
   }
   return true;
 }

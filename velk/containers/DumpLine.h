@@ -9,6 +9,9 @@
 
 namespace Velk::detail {
 
+/// Whether dumps show a byte as it is in the text beside the bytes, and not as a full stop.
+constexpr bool isShown(unsigned char byte) { return byte >= ' ' && byte < 0x7F; }
+
 /// How the lines of a hex dump print offsets and bytes.
 struct DumpForm {
   bool hasColon = false;  ///< behind the offset

@@ -71,9 +71,10 @@ void DumpReader::takeBytes(const DumpLine& line, std::string_view characters) {
   next_ = *address + line.count;
   longest_ = std::max(longest_, line.count);
   isEnded_ = false;
-  if (const auto agrees = line.textAgrees(characters, result_.bytesAt(result_.places.back()))) {
-    ++(*agrees ? agreeing_ : differing_);
-  }
+  const ConstBytes bytes = result_.bytesAt(result_.places.back());
+  const auto agrees = line.textAgrees(characters, bytes);
+  // Full stops say nothing about the order of the bytes.
+  if (agrees && std::ranges::any_of(bytes, isShown)) ++(*agrees ? agreeing_ : differing_);
 }
 
 void DumpReader::takeWrong(const DumpLine& line) {
