@@ -1,5 +1,5 @@
 // Reads any text as Intel HEX and as S-records: what was read can be written and reads back unchanged, also after
-// a byte of it was changed, and in the other containers.
+// a byte of it was changed, and in the other containers. Reads it as a hex dump and as gzip too, which are not written.
 #include <algorithm>
 
 #include "FuzzSupport.h"
@@ -39,6 +39,8 @@ void readAndWrite(std::string_view text, Container container) {
   }
   expectRanges(image, image.gaps);
   expectRanges(image, image.lost);
+  // Sixteen addresses for two digits, which may be compressed.
+  FUZZ_EXPECT(static_cast<std::size_t>(image.bytes.size()) <= std::max<std::size_t>(16 << 20U, 8 * 1032 * text.size()));
   if (writingObstacle(image).empty()) FUZZ_EXPECT(textOf(encodeImage(image)) == text);
   if (image.bytes.isEmpty()) return;
   char& byte = image.bytes[static_cast<qsizetype>(text.size()) % image.bytes.size()];
@@ -69,6 +71,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   readAndWrite(text, Container::IntelHex);
   readAndWrite(text, Container::SRecord);
+  readAndWrite(text, Container::HexDump);
+  readAndWrite(text, Container::Gzip);
   writeAnew(text);
   const ImageFile image = decodeImage(QByteArray(text.data(), static_cast<qsizetype>(size)));
   if (image.error.empty()) expectReadsBack(image);

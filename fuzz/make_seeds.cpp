@@ -74,6 +74,16 @@ void seedTexts(const fs::path& seeds) {
         std::string_view("S00600004844521B\nS105010011AA3E\nS206010000AABB93\nS30780000000AABB13\nS5030003F9\n"
                          "S604000003F8\nS70580000010"
                          "6A\n"));
+  write(seeds / "text" / "bytes.hexdump",
+        std::string_view("00000000  02 00 2c 00 f4 30 00 00  64 00 00 00 e1 07 03 0f  |..,..0..d.......|\n*\n"
+                         "00000040  41 7c 42                                          |A|B|\n00000043\n"));
+  write(seeds / "text" / "groups.hexdump",
+        std::string_view("$ xxd\n00000000: 0200 2c00 f430 0000  ..,..0..\n> 00000008: 6400 00z0\n0000000c: ff\n"));
+  write(seeds / "text" / "words.hexdump", std::string_view("0000000 0002 002c 30f4\n*\n0000020 0041\n0000021\n"));
+  write(seeds / "text" / "digits.hexdump", std::string_view("02002c00f4300000\r\n64000000\r\n"));
+  write(seeds / "text" / "stored.gzip", std::string_view("\x1F\x8B\x08\0\0\0\0\0\0\x03\x01\x05\0\xFA\xFF"
+                                                         "01020\x12\x51\x56\xC0\x05\0\0\0",
+                                                         28));
 }
 
 }  // namespace

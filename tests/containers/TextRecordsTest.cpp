@@ -2,42 +2,16 @@
 // that writing gives back what was read.
 #include <random>
 
+#include "ContainerSupport.h"
 #include "TestSupport.h"
-#include "velk/bytes/HexText.h"
 #include "velk/containers/ImageFile.h"
 
 namespace Velk {
 namespace {
 
-/// "0x0100 AABB____CC?? (line 2: not hexadecimal); entry 0x00000010": everything that a text said; gaps are "__", lost
-/// bytes "??".
-std::string summary(const QByteArray& text, Container container) {
-  const ImageFile image = decodeImage(text, container);
-  if (!image.error.empty()) return image.error;
-  std::string bytes = image.bytes.toHex().toUpper().toStdString();
-  const auto mark = [&](const std::vector<ImageRange>& ranges, char character) {
-    for (const ImageRange& range : ranges) bytes.replace(2 * range.offset, 2 * range.size, 2 * range.size, character);
-  };
-  mark(image.gaps, '_');
-  mark(image.lost, '?');
-  std::string result = bytes.empty() ? "" : detail::hexText(image.address, 4) + ' ' + bytes;
-  for (const FileFinding& finding : image.findings) result += " (" + finding.describe() + ')';
-  if (const auto& entry = image.details.entry) {
-    result +=
-        std::string("; ") + (entry->segmented ? "segmented " : "") + "entry " + detail::hexText(entry->address, 8);
-  }
-  if (!image.details.header.isEmpty()) result += "; header " + image.details.header.toStdString();
-  return result;
-}
-
-struct Case {
-  const char* text;
-  const char* meaning;
-};
-
-void expectMeanings(std::span<const Case> cases, Container container) {
-  for (const Case& expected : cases) EXPECT_EQ(summary(expected.text, container), expected.meaning) << expected.text;
-}
+using VelkTest::expectMeanings;
+using VelkTest::summary;
+using Case = VelkTest::ContainerCase;
 
 TEST(IntelHex, Meaning) {
   const Case cases[] = {

@@ -55,7 +55,7 @@ TEST(Usage, WhatIsMissingOrTooMuchIsNamed) {
       {{"diff", "a", "b", "c"}, "diff: unexpected argument \"c\"; it takes FILE FILE"},
       {{"ids", "x"}, "ids: unexpected argument \"x\"; it takes no arguments"},
       {{"list", "a", "--offset"}, "--offset: no value is given; it takes N"},
-      {{"list", "a", "--input="}, "--input: no value is given; it takes raw|hex|srec"},
+      {{"list", "a", "--input="}, "--input: no value is given; it takes raw|hex|srec|hexdump|gzip"},
       {{"list", "a", "--offset", "1", "--offset", "2"}, "--offset: is given 2 times, but may be given once only"},
       {{"print", "a", "--redact=no"}, "--redact: takes no value"},
   });

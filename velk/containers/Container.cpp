@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "velk/containers/Gzip.h"
+#include "velk/containers/HexDump.h"
 #include "velk/containers/ImageFile.h"
 #include "velk/containers/IntelHex.h"
 #include "velk/containers/SRecord.h"
@@ -12,6 +14,8 @@ namespace {
 constexpr const char* rawExtensions[] = {"bin", "raw", "img", "dump"};
 constexpr const char* hexExtensions[] = {"hex", "ihex", "ihx", "h86"};
 constexpr const char* recordExtensions[] = {"s19", "s28", "s37", "srec", "srecord", "mot", "mhx"};
+constexpr const char* dumpExtensions[] = {"hexdump", "xxd"};
+constexpr const char* gzipExtensions[] = {"gz"};
 
 ImageFile readRaw(QByteArray contents) { return {.bytes = std::move(contents)}; }
 QByteArray writeRaw(const ImageFile& image) { return image.bytes; }
@@ -22,6 +26,10 @@ constexpr ContainerKind kinds[] = {
      detail::isIntelHex, detail::readIntelHex, detail::writeIntelHex},
     {Container::SRecord, "srec", "S-record", "addresses below 4 GiB, gaps, a header and an entry point",
      recordExtensions, detail::isSRecord, detail::readSRecord, detail::writeSRecord},
+    {Container::HexDump, "hexdump", "hex dump", "addresses and gaps", dumpExtensions, detail::isHexDump,
+     detail::readHexDump, nullptr},
+    {Container::Gzip, "gzip", "gzip", "what the file in it carries", gzipExtensions, detail::isGzip, detail::readGzip,
+     nullptr},
 };
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace Velk {
 struct ImageFile;
 
 /// How a file holds the bytes of a memory.
-enum class Container : unsigned char { Raw, IntelHex, SRecord };
+enum class Container : unsigned char { Raw, IntelHex, SRecord, HexDump, Gzip };
 
 /// What there is to know about one container.
 struct ContainerKind {

@@ -65,8 +65,11 @@ class Layout {
     if (line.claimed && line.claimed->address >= from && line.claimed->end() <= to) {
       lost_.push_back(*line.claimed);
     } else if (from < to) {
+      // The same for all lines in a row, which may be many.
       const bool isWide = to - from > 255 * std::uint64_t{inRow};
-      lost_.push_back({from, isWide ? lineLength : to - from});
+      const AddressRange range{from, isWide ? lineLength : to - from};
+      if (range != lastOpen_) lost_.push_back(range);
+      lastOpen_ = range;
     }
   }
 
@@ -74,6 +77,7 @@ class Layout {
   bool findSpan(ImageFile& image) {
     constexpr std::uint64_t freely = 16 * 1024 * 1024;
     constexpr std::uint64_t perByte = 16;
+    constexpr std::uint64_t largest = 1024 * 1024 * 1024;  // a compressed text is small and gives many bytes
     if (text_.places.empty()) return false;
     std::uint64_t end = 0;
     address_ = ~std::uint64_t{0};
@@ -86,29 +90,49 @@ class Layout {
     image.address = address_;
     size_ = end - address_;
     const auto given = static_cast<std::uint64_t>(text_.bytes.size());
-    if (size_ <= std::max(freely, perByte * given)) return true;
+    const std::uint64_t most = std::min(largest, std::max(freely, perByte * given));
+    if (size_ <= most) return staysIn(most, image);
     image.error = std::to_string(given) + " bytes are scattered over addresses " + hexText(address_, 8) + " to " +
                   hexText(end - 1, 8);
     return false;
   }
 
-  void put(ImageFile& image, const PlacedBytes& place, FindingList& findings) {
-    const std::uint64_t offset = place.address - address_;
-    const ConstBytes bytes = text_.bytesAt(place);
-    char* const target = image.bytes.data() + offset;
-    char* const coverage = coverage_.data() + offset;
-    if (std::memchr(coverage, static_cast<int>(Coverage::Given), place.count) != nullptr) {
-      reportConflict(place, {reinterpret_cast<const unsigned char*>(target), place.count}, coverage, findings);
-    }
-    std::memcpy(target, bytes.data(), bytes.size());
-    std::memset(coverage, static_cast<int>(Coverage::Given), place.count);
+  /// Checks that lines do not repeat their bytes over and over at the same addresses.
+  bool staysIn(std::uint64_t most, ImageFile& image) const {
+    constexpr std::uint64_t oftenEnough = 4;
+    std::uint64_t placed = 0;
+    for (const PlacedBytes& place : text_.places) placed += place.size();
+    for (const AddressRange& range : lost_) placed += range.size;
+    if (placed <= oftenEnough * most) return true;
+    image.error = "its lines put " + std::to_string(placed) + " bytes at " + std::to_string(size_) + " addresses";
+    return false;
   }
 
-  void reportConflict(const PlacedBytes& place, ConstBytes old, const char* coverage, FindingList& findings) {
+  void put(ImageFile& image, const PlacedBytes& place, FindingList& findings) {
+    const std::uint64_t offset = place.address - address_;
+    char* const target = image.bytes.data() + offset;
+    char* const coverage = coverage_.data() + offset;
+    if (std::memchr(coverage, static_cast<int>(Coverage::Given), place.size()) != nullptr) {
+      reportConflict(place, target, coverage, findings);
+    }
+    std::memcpy(target, text_.bytesAt(place).data(), place.count);
+    for (std::uint64_t done = place.count; done < place.size();) {
+      const std::uint64_t count = std::min(done, place.size() - done);
+      std::memcpy(target + done, target, count);
+      done += count;
+    }
+    std::memset(coverage, static_cast<int>(Coverage::Given), place.size());
+  }
+
+  void reportConflict(const PlacedBytes& place, const char* old, const char* coverage, FindingList& findings) {
     const ConstBytes bytes = text_.bytesAt(place);
-    std::size_t i = 0;
-    while (i < bytes.size() && (coverage[i] != static_cast<char>(Coverage::Given) || old[i] == bytes[i])) ++i;
-    if (i == bytes.size()) return;
+    const auto isSame = [&](std::uint64_t i) {
+      return coverage[i] != static_cast<char>(Coverage::Given) ||
+             static_cast<unsigned char>(old[i]) == bytes[i % bytes.size()];
+    };
+    std::uint64_t i = 0;
+    while (i < place.size() && isSame(i)) ++i;
+    if (i == place.size()) return;
     const std::uint64_t address = place.address + i;
     std::string text = "other bytes for address " + hexText(address, 8);
     if (findings.isFull()) return findings.add(place.line, std::move(text));
@@ -136,6 +160,7 @@ class Layout {
 
   const ContainerText& text_;
   std::vector<AddressRange> lost_;
+  AddressRange lastOpen_{};  ///< the last one that no line claims
   std::uint64_t address_ = 0;
   std::uint64_t size_ = 0;
   std::string coverage_;  ///< a Coverage for each byte

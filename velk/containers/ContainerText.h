@@ -21,8 +21,10 @@ struct PlacedBytes {
   std::size_t checksum = 0;  ///< offset in the text of the digits of the checksum; 0: there is none
   std::uint32_t line = 0;
   std::uint32_t count = 0;
+  std::uint64_t repeated = 0;  ///< number of further bytes, which repeat these
 
-  std::uint64_t end() const { return address + count; }
+  std::uint64_t size() const { return count + repeated; }
+  std::uint64_t end() const { return address + size(); }
 };
 
 /// A part of the address space.
@@ -31,6 +33,7 @@ struct AddressRange {
   std::uint64_t size = 0;
 
   std::uint64_t end() const { return address + size; }
+  bool operator==(const AddressRange&) const = default;
 };
 
 /// A line whose bytes are lost.

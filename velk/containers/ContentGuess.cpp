@@ -5,6 +5,8 @@
 namespace Velk {
 namespace {
 
+using namespace std::string_view_literals;
+
 bool isTextByte(char c) { return (c >= ' ' && c < '\x7F') || (c >= '\t' && c <= '\r'); }
 
 bool isAllText(std::string_view contents) {
@@ -23,8 +25,6 @@ struct Signature {
   std::string_view bytes;
   const char* what;
 };
-
-using namespace std::string_view_literals;
 
 constexpr Signature signatures[] = {
     {"\x1F\x8B"sv, "gzip"},
@@ -48,7 +48,8 @@ constexpr Signature signatures[] = {
 bool looksLikeText(std::string_view contents) {
   const std::string_view start = contents.substr(0, 4096);
   const auto count = static_cast<std::size_t>(std::ranges::count_if(start, isTextByte));
-  return !start.empty() && count * 8 >= start.size() * 7;
+  // gzip may hold text as it is.
+  return !start.empty() && !start.starts_with("\x1F\x8B"sv) && count * 8 >= start.size() * 7;
 }
 
 std::string guessContents(std::string_view contents) {

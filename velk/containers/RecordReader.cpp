@@ -9,10 +9,6 @@
 namespace Velk::detail {
 namespace {
 
-constexpr std::string_view blanks = " \t\f\v\x1A";
-
-bool isHexDigit(char c) { return hexDigitValue(c) < 16; }
-
 /// Whether nearly all characters are hexadecimal digits: the others are what became of some.
 bool isNearlyHex(std::string_view word) {
   const auto digits = std::ranges::count_if(word, isHexDigit);
@@ -32,11 +28,9 @@ std::uint32_t bigEndian(ConstBytes bytes) {
 }
 
 ContainerText RecordReader::read() {
-  for (std::size_t at = 0; at < text_.size();) {
-    const Line line = lineAt(at);
+  while (const auto line = lines_.next()) {
     ++line_;
-    takeLine(line);
-    at = line.next;
+    takeLine(*line);
   }
   if (result_.details.recordLength == 0) result_.details.recordLength = ContainerDetails{}.recordLength;
   findings_.close();
@@ -47,28 +41,15 @@ ContainerText RecordReader::read() {
 }
 
 bool RecordReader::hasRecord() {
-  for (std::size_t at = 0; at < text_.size() && result_.records == 0;) {
-    const Line line = lineAt(at);
-    takeLine(line);
-    at = line.next;
+  while (result_.records == 0) {
+    const auto line = lines_.next();
+    if (!line) return false;
+    takeLine(*line);
   }
-  return result_.records > 0;
+  return true;
 }
 
-/// Lines end with LF, CR LF, CR CR LF or CR.
-RecordReader::Line RecordReader::lineAt(std::size_t begin) {
-  const auto findNext = [&](char character, std::size_t& found) {
-    if (found < begin || begin == 0) found = std::min(text_.find(character, begin), text_.size());
-    return found;
-  };
-  const std::size_t end = std::min(findNext('\n', lineFeed_), findNext('\r', carriageReturn_));
-  for (const std::string_view ending : {"\r\n", "\r\r\n"}) {
-    if (text_.substr(end).starts_with(ending)) return {begin, end, end + ending.size()};
-  }
-  return {begin, end, std::min(end + 1, text_.size())};
-}
-
-void RecordReader::takeLine(const Line& place) {
+void RecordReader::takeLine(const TextLine& place) {
   const std::string_view line = text_.substr(place.begin, place.end - place.begin);
   bool isTaken = false;
   std::size_t wrong = line.npos;
@@ -85,7 +66,7 @@ void RecordReader::takeLine(const Line& place) {
   if (wrong != line.npos || (!isTaken && isMeantWithoutMark(line))) reportWrong(line, wrong);
 }
 
-std::optional<std::size_t> RecordReader::takeRecord(std::string_view line, std::size_t mark, const Line& place) {
+std::optional<std::size_t> RecordReader::takeRecord(std::string_view line, std::size_t mark, const TextLine& place) {
   Record record;
   const std::size_t end = decode(line, mark, record);
   const bool hasMoreDigits = end < line.size() && isHexDigit(line[end]);

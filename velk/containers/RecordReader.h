@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "velk/containers/ContainerText.h"
+#include "velk/containers/TextLines.h"
 
 namespace Velk::detail {
 
@@ -58,16 +59,9 @@ class RecordReader {
   bool isCounted_ = false;  ///< by a count record, which shows as well that no line is missing
 
  private:
-  struct Line {
-    std::size_t begin = 0;
-    std::size_t end = 0;   ///< of its characters
-    std::size_t next = 0;  ///< begin of the next line
-  };
-
-  Line lineAt(std::size_t begin);
-  void takeLine(const Line& line);
+  void takeLine(const TextLine& place);
   /// Takes the record after a mark. Returns the end of its digits, or nothing if it is not valid.
-  std::optional<std::size_t> takeRecord(std::string_view line, std::size_t mark, const Line& place);
+  std::optional<std::size_t> takeRecord(std::string_view line, std::size_t mark, const TextLine& place);
   std::size_t decode(std::string_view line, std::size_t mark, Record& record) const;
   std::string problemAt(std::string_view line, std::size_t end, const Record& record) const;
   bool isMeant(std::string_view line, std::size_t mark) const;
@@ -76,8 +70,7 @@ class RecordReader {
 
   std::string_view text_;
   std::uint32_t line_ = 0;
-  std::size_t lineFeed_ = 0;        ///< offset of the next one
-  std::size_t carriageReturn_ = 0;  ///< likewise
+  TextLines lines_{text_};
   FindingList findings_{result_.findings};
 };
 
