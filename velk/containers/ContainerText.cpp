@@ -72,7 +72,6 @@ class Layout {
 
   /// Finds the addresses that the text covers. Returns false, and says so, if they are too far apart.
   bool findSpan(ImageFile& image) {
-    constexpr std::uint64_t freely = 16 * 1024 * 1024;
     constexpr std::uint64_t perByte = 16;
     if (text_.places.empty()) return false;
     std::uint64_t end = 0;
@@ -86,7 +85,7 @@ class Layout {
     image.address = address_;
     size_ = end - address_;
     const auto given = static_cast<std::uint64_t>(text_.bytes.size());
-    if (size_ <= std::max(freely, perByte * given)) return true;
+    if (size_ <= std::max(freelySpanned, perByte * given)) return true;
     image.error = std::to_string(given) + " bytes are scattered over addresses " + hexText(address_, 8) + " to " +
                   hexText(end - 1, 8);
     return false;
