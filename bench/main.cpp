@@ -33,6 +33,8 @@ constexpr Comparison comparisons[] = {
     {"the same, of the right sizes", "slowSumsChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"headers of tables as often", "slowTablesChecked/real_time", "cleanChecked/real_time", "clean blocks", 3},
     {"list of 10,000 files of 8 KB", "filesListed/real_time", "filesRead/real_time", "reading them", 1.5},
+    {"Intel HEX of 8 MB decoded", "intelHexDecoded", "intelHexDecodedBare", "digits, sum", 0},
+    {"S-records as often", "recordsDecoded", "recordsDecodedBare", "digits, sum", 0},
     {"table of 60,016 bytes loaded", "tableLoaded", "tableLoadedBare", "copy, 2 sums", 1.5},
     {"one of its cells set", "cellSet", "cellSetBare", "one sum", 1.5},
     {"one of its cells printed", "cellPrinted", "cellPrintedBare", "to_chars", 0},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <map>
 
 #include "velk/edition2/StoredTable.h"
 #include "velk/image/MemoryImage.h"
@@ -47,6 +48,26 @@ inline bool provesItself(Velk::ConstBytes block) {
   if (word(6) != 0 || size < 16) return false;
   if (word(8) == size && word(10) == 0x452D) return size % 4 == 0;
   return word(16) != 0 && (word(8) | word(10) << 16U) == plainCrc(block) && Velk::isFilledByTables(block);
+}
+
+/// Blocks that damage did not touch: their sizes by their offsets.
+using Untouched = std::map<qsizetype, std::size_t>;
+
+/// Returns whether a block proves itself, or adjoins one that does, over others that are not touched.
+inline bool isProvable(Velk::ConstBytes bytes, const Untouched& untouched, qsizetype at, std::size_t size) {
+  if (!isWorthASum(bytes.subspan(at, size))) return provesItself(bytes.subspan(at, size));
+  for (auto block = untouched.find(at); block != untouched.end();
+       block = untouched.find(block->first + static_cast<qsizetype>(block->second))) {
+    if (provesItself(bytes.subspan(block->first, block->second))) return true;
+    if (!isWorthASum(bytes.subspan(block->first, block->second))) break;
+  }
+  auto before = untouched.find(at);
+  while (before != untouched.begin()) {
+    const auto next = before--;
+    if (before->first + static_cast<qsizetype>(before->second) != next->first) return false;
+    if (provesItself(bytes.subspan(before->first, before->second))) return true;
+  }
+  return false;
 }
 
 }  // namespace VelkTest

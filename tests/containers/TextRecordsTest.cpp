@@ -39,6 +39,13 @@ TEST(IntelHex, Meaning) {
       {":0200000408AA49\n:01FFFF0011F0\n:0200000408ABFF\n:020000040801F1\n:0100000022DD\n:00000001FF\n",
        "0x800FFFF 1122 (line 1: checksum is 0x49, the bytes give 0x48) (line 3: checksum is 0xFF, the bytes give "
        "0x47) (line 4: base address before this line is missing, taken as 0x08000000)"},
+      {":01FFFF0011F0\n:020000040801F1\n:0100000022DD\n:00000001FF\n",
+       "0x800FFFF 1122 (line 2: base address before this line is missing, taken as 0x08000000)"},
+      // A base address that changed places with a line.
+      {":01FFFE0010F2\n:020000040001F9\n:01FFFF0011F0\n:0100000022DD\n:00000001FF\n",
+       "0xFFFE 101122 (line 4: base address 0x00010000 comes a line too early)"},
+      {":0100000011EE\n:020000040800F2\n:0100010022DC\n:00000001FF\n",
+       "0x8000000 1122 (line 3: base address 0x08000000 comes after lines that it is for)"},
       {":00000001FF\n:0101000011ED\n", "0x0100 11 (line 2: a record behind the end record)"},
       {":0201000011AA42\n:0101010022DB\n:00000001FF\n",
        "0x0100 1122 (line 2: other bytes for address 0x00000101 than line 1; these are taken)"},
@@ -63,6 +70,7 @@ TEST(IntelHex, WrongLines) {
        "0x0100 11??33 (line 2: checksum is 0xDC, the bytes give 0xDB)"},
       {":0101000011ED\n:01010Z0022DB\n:0101030033C8\n:00000001FF\n", "0x0100 11????33 (line 2: not hexadecimal)"},
       {":0101000011ED\n:0101010022D\n:00000001FF\n", "0x0100 11?? (line 2: an odd number of digits)"},
+      {":0101000011ED\n:01 0101000022DB\n:00000001FF\n", "0x0100 11?? (line 2: length of the record is wrong)"},
       {":0Z01000011ED\n:0101010022DB\n:00000001FF\n", "0x0100 ??22 (line 1: not hexadecimal)"},
       {":0101000011ED\n;0101010022DB\n:0101020033C9\n:00000001FF\n", "0x0100 11??33 (line 2: no ':' at its start)"},
       {":0101000011ED\n:00000001FE\n",
@@ -91,6 +99,8 @@ TEST(SRecord, Meaning) {
       {"S1020100FC\n", "line 1: length of the record is wrong"},
       {"S4030000FC\n", "line 1: record type S4 is unknown"},
       {"SA030000FC\n", "line 1: no S and digit at its start"},
+      {"S30600000100AA4E\nS20600000101BB3C\nS30600000102CC2A\nS9030000FC\n",
+       "0x0100 AA??CC (line 2: record type is S2, as S3 it continues the lines before it); entry 0x00000000"},
       {"S904000011EA\n", "line 1: length does not fit record type S9"},
       {"S307FFFFFFFFAABB97\n", "line 1: goes beyond the last address"},
       {"S104010011E9\nS104010122D8\nS104010233C5\nS9030000FC\n",
@@ -171,6 +181,16 @@ TEST(TextRecords, ALineThatIsWrongCannotBeWrittenBack) {
   EXPECT_EQ(writingObstacle(image), "S-record reaches no address past 4 GiB");
   image.container = Container::Raw;
   EXPECT_EQ(writingObstacle(image), "");
+}
+
+TEST(TextRecords, LostBytesAreCountedInAnyPart) {
+  ImageFile image;
+  image.lost = {{10, 5}, {20, 5}};
+  EXPECT_EQ(lostBytes(image, 0, 100), 10U);
+  EXPECT_EQ(lostBytes(image, 14, 7), 2U);
+  EXPECT_EQ(lostBytes(image, 11, 2), 2U);
+  EXPECT_EQ(lostBytes(image, 15, 5), 0U);
+  EXPECT_EQ(lostBytes(image, 25, 5), 0U);
 }
 
 TEST(TextRecords, FindingsDoNotGrowWithTheLines) {

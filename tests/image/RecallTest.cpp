@@ -138,7 +138,7 @@ class Trial {
   void damage(const Edit& edit) {
     QByteArray bytes = image_.bytes;
     bytes.replace(edit.at, edit.length, edit.by);
-    std::map<qsizetype, std::size_t> untouched;
+    VelkTest::Untouched untouched;
     for (const BlockView& block : image_.blocks) {
       if (const qsizetype at = placeAfter(edit, block); at >= 0) untouched[at] = block.bytes.size();
     }
@@ -151,7 +151,7 @@ class Trial {
       if (block.found == Found::OutOfSequence && !untouched.contains(at)) ++figures.inventions;
     }
     for (const auto& [at, size] : untouched) {
-      const bool provable = isProvable(VelkTest::asBytes(bytes), untouched, at, size);
+      const bool provable = VelkTest::isProvable(VelkTest::asBytes(bytes), untouched, at, size);
       count(provable, shown.contains(at) && shown[at] == size);
       if (!provable) figures.unprovableIds.insert(detail::load<unsigned short>(VelkTest::asBytes(bytes), at));
     }
@@ -160,24 +160,6 @@ class Trial {
   Figures figures;
 
  private:
-  /// Whether a block proves itself, or adjoins one that does, over others that are not touched.
-  static bool isProvable(ConstBytes bytes, const std::map<qsizetype, std::size_t>& untouched, qsizetype at,
-                         std::size_t size) {
-    if (!VelkTest::isWorthASum(bytes.subspan(at, size))) return VelkTest::provesItself(bytes.subspan(at, size));
-    for (auto block = untouched.find(at); block != untouched.end();
-         block = untouched.find(block->first + static_cast<qsizetype>(block->second))) {
-      if (VelkTest::provesItself(bytes.subspan(block->first, block->second))) return true;
-      if (!VelkTest::isWorthASum(bytes.subspan(block->first, block->second))) break;
-    }
-    auto before = untouched.find(at);
-    while (before != untouched.begin()) {
-      const auto next = before--;
-      if (before->first + static_cast<qsizetype>(before->second) != next->first) return false;
-      if (VelkTest::provesItself(bytes.subspan(before->first, before->second))) return true;
-    }
-    return false;
-  }
-
   void count(bool provable, bool shown) {
     (provable ? figures.provable : figures.unprovable) += 1;
     if (shown) (provable ? figures.provableShown : figures.unprovableShown) += 1;

@@ -75,7 +75,6 @@ class Layout {
 
   /// Finds the addresses that the text covers. Returns false, and says so, if they are too far apart.
   bool findSpan(ImageFile& image) {
-    constexpr std::uint64_t freely = 16 * 1024 * 1024;
     constexpr std::uint64_t perByte = 16;
     constexpr std::uint64_t largest = 1024 * 1024 * 1024;  // a compressed text is small and gives many bytes
     if (text_.places.empty()) return false;
@@ -90,7 +89,7 @@ class Layout {
     image.address = address_;
     size_ = end - address_;
     const auto given = static_cast<std::uint64_t>(text_.bytes.size());
-    const std::uint64_t most = std::min(largest, std::max(freely, perByte * given));
+    const std::uint64_t most = std::min(largest, std::max(freelySpanned, perByte * given));
     if (size_ <= most) return staysIn(most, image);
     image.error = std::to_string(given) + " bytes are scattered over addresses " + hexText(address_, 8) + " to " +
                   hexText(end - 1, 8);

@@ -13,6 +13,9 @@ namespace Velk::detail {
 
 inline constexpr char erasedByte = '\xFF';
 
+/// The addresses of a text may be this far apart, however few bytes it has.
+inline constexpr std::uint64_t freelySpanned = 16 * 1024 * 1024;
+
 /// Bytes that one line of a text puts at an address.
 struct PlacedBytes {
   std::uint64_t address = 0;

@@ -38,11 +38,11 @@ ImageFile decodeImage(QByteArray contents, std::optional<Container> container) {
 }
 
 std::uint64_t lostBytes(const ImageFile& image, std::uint64_t offset, std::uint64_t size) {
+  const auto endsBefore = [](const ImageRange& range, std::uint64_t at) { return range.offset + range.size <= at; };
+  auto range = std::lower_bound(image.lost.begin(), image.lost.end(), offset, endsBefore);
   std::uint64_t count = 0;
-  for (const ImageRange& range : image.lost) {
-    const std::uint64_t from = std::max(offset, range.offset);
-    const std::uint64_t to = std::min(offset + size, range.offset + range.size);
-    if (from < to) count += to - from;
+  for (; range != image.lost.end() && range->offset < offset + size; ++range) {
+    count += std::min(offset + size, range->offset + range->size) - std::max(offset, range->offset);
   }
   return count;
 }

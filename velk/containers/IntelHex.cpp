@@ -86,6 +86,11 @@ class IntelHexReader : public RecordReader {
   void takeData(const Record& record, ConstBytes data) {
     const std::uint64_t address = bigEndian(record.view().subspan(1, 2));
     if (isAtWindowEnd_ && address == 0) goOnWithoutBase();
+    if (lateBase_ && result_.places.back().end() == address) {
+      report("base address " + hexText(window_.origin(), 8) + " comes after lines that it is for");
+      moveToBase(*lateBase_);
+    }
+    lateBase_.reset();
     noteLength(data.size());
     const std::uint64_t at = window_.base + address;
     const std::size_t inside = std::min<std::uint64_t>(data.size(), window_.size - at);
@@ -95,26 +100,38 @@ class IntelHexReader : public RecordReader {
   }
 
   void takeLinearBase(std::uint32_t upper) {
-    const bool isFirst = !hasBase_;
+    const bool isFirst = !hasBase_ && !result_.places.empty();
+    const bool isFar = std::uint64_t{upper} << 16U > freelySpanned;
     hasBase_ = true;
-    if (isFirst && isAtWindowEnd_ && upper > 1 && !result_.wrongLines.empty() && result_.wrongLines[0].before == 0) {
-      moveToBase(upper - 1);
-    }
+    placesBeforeBase_ = result_.places.size();
     window_ = {.start = 0, .size = std::uint64_t{1} << 32U, .base = std::uint64_t{upper} << 16U};
     result_.upperAddress = upper;
+    if (isFirst && isAtWindowEnd_ && upper > 1 && (isFar || beginsWithWrongLine())) {
+      report("base address before this line is missing, taken as " + hexText(window_.base - reach, 8));
+      moveToBase(upper - 1);
+    } else if (isFirst && isFar) {
+      lateBase_ = upper;
+    }
   }
 
-  /// Lines fill 64 KiB and go on from its start: the base address between them is missing.
+  bool beginsWithWrongLine() const { return !result_.wrongLines.empty() && result_.wrongLines[0].before == 0; }
+
+  /// Lines fill 64 KiB and go on from its start without a base address: it is missing, or came before the last line.
   void goOnWithoutBase() {
+    const bool isEarly = placesBeforeBase_ > 0 && result_.places.size() == placesBeforeBase_ + 1 &&
+                         result_.places.back().address == result_.places[placesBeforeBase_ - 1].end() + reach;
+    if (isEarly) {
+      result_.places.back().address -= reach;
+      return report("base address " + hexText(window_.origin(), 8) + " comes a line too early");
+    }
     window_.start += window_.size == reach ? reach : 0;
     window_.base += window_.size == reach ? 0 : reach;
     report("base address is missing, taken as " + hexText(window_.origin(), 8));
     if (result_.upperAddress) ++*result_.upperAddress;
   }
 
-  /// A file begins with a wrong line, fills 64 KiB and goes on far from address 0: its first base address is missing.
+  /// Moves the lines before the first base address to one.
   void moveToBase(std::uint64_t upper) {
-    report("base address before this line is missing, taken as " + hexText(upper << 16U, 8));
     for (PlacedBytes& place : result_.places) place.address += upper << 16U;
     for (WrongLine& line : result_.wrongLines) {
       if (line.claimed) line.claimed->address += upper << 16U;
@@ -124,6 +141,8 @@ class IntelHexReader : public RecordReader {
   Window window_{};
   bool isAtWindowEnd_ = false;  ///< the last line's bytes end where 16-bit addresses do
   bool hasBase_ = false;
+  std::size_t placesBeforeBase_ = 0;         ///< number of placed bytes before the last base address
+  std::optional<std::uint32_t> lateBase_{};  ///< the first one, far from the lines before it, until a line follows
 };
 
 class IntelHexWriter {

@@ -9,10 +9,20 @@
 namespace Velk::detail {
 namespace {
 
+/// Digits of a damaged record that tell it from other text.
+constexpr std::size_t shortestMeant = 8;
+
 /// Whether nearly all characters are hexadecimal digits: the others are what became of some.
 bool isNearlyHex(std::string_view word) {
   const auto digits = std::ranges::count_if(word, isHexDigit);
   return static_cast<std::size_t>(digits) * 10 >= word.size() * 9;
+}
+
+/// Whether some of these characters are lower-case letters. Without branches, since nearly all lines have none.
+bool hasLowerCase(std::string_view characters) {
+  unsigned bits = 0;
+  for (const char c : characters) bits |= static_cast<unsigned>(c) & (static_cast<unsigned>(c) >> 1U);
+  return (bits & 0x20U) != 0;
 }
 
 }  // namespace
@@ -40,25 +50,25 @@ ContainerText RecordReader::read() {
   return std::move(result_);
 }
 
-bool RecordReader::hasRecord() {
-  while (result_.records == 0) {
-    const auto line = lines_.next();
-    if (!line) return false;
-    takeLine(*line);
+bool RecordReader::hasRecord() const {
+  Record record;
+  for (std::size_t mark = findMark(text_, 0); mark != text_.npos; mark = findMark(text_, mark + 1)) {
+    if (decodeValid(text_, mark, record)) return true;
   }
-  return true;
+  return false;
 }
 
 void RecordReader::takeLine(const TextLine& place) {
   const std::string_view line = text_.substr(place.begin, place.end - place.begin);
   bool isTaken = false;
   std::size_t wrong = line.npos;
-  for (std::size_t mark = findMark(line, 0); mark != line.npos;) {
+  const std::size_t first = findMark(line, 0);
+  for (std::size_t mark = first; mark != line.npos;) {
     std::size_t from = mark + 1;
     if (const auto end = takeRecord(line, mark, place)) {
       isTaken = true;
       from = *end;
-    } else if (wrong == line.npos && isMeant(line, mark)) {
+    } else if (wrong == line.npos && (isMeant(line, mark) || (mark == first && isMeantWhole(line, mark)))) {
       wrong = mark;
     }
     mark = findMark(line, from);
@@ -68,9 +78,8 @@ void RecordReader::takeLine(const TextLine& place) {
 
 std::optional<std::size_t> RecordReader::takeRecord(std::string_view line, std::size_t mark, const TextLine& place) {
   Record record;
-  const std::size_t end = decode(line, mark, record);
-  const bool hasMoreDigits = end < line.size() && isHexDigit(line[end]);
-  if (hasMoreDigits || !problemOf(record).empty()) return std::nullopt;
+  const auto end = decodeValid(line, mark, record);
+  if (!end) return std::nullopt;
   record.digits = place.begin + mark + markLength();
   if (isEnded_) report("a record behind the end record");
   const std::size_t before = result_.places.size();
@@ -78,15 +87,23 @@ std::optional<std::size_t> RecordReader::takeRecord(std::string_view line, std::
   ++result_.records;
   ContainerDetails& details = result_.details;
   details.carriageReturns = details.carriageReturns || (place.end < text_.size() && text_[place.end] == '\r');
-  const auto isLower = [](char c) { return c >= 'a'; };
-  details.lowerCase = details.lowerCase || std::ranges::any_of(line.substr(mark, end - mark), isLower);
+  details.lowerCase = details.lowerCase || hasLowerCase(line.substr(mark, *end - mark));
   if (result_.places.size() > before) result_.dataEnd = place.next;
+  return end;
+}
+
+/// Decodes the record after a mark. Returns the end of its digits, or nothing if it is not valid.
+std::optional<std::size_t> RecordReader::decodeValid(std::string_view line, std::size_t mark, Record& record) const {
+  const std::size_t end = decode(line, mark, record);
+  const bool hasMoreDigits = end < line.size() && isHexDigit(line[end]);
+  if (hasMoreDigits || !problemOf(record).empty()) return std::nullopt;
   return end;
 }
 
 /// Decodes the digits after a mark as far as they make bytes. Returns where they end.
 std::size_t RecordReader::decode(std::string_view line, std::size_t mark, Record& record) const {
   if (markLength() > 1) record.type = line[mark + 1];
+  record.count = 0;
   std::size_t at = mark + markLength();
   for (; at + 1 < line.size() && record.count < Record::longest; at += 2) {
     const unsigned high = hexDigitValue(line[at]);
@@ -101,17 +118,20 @@ std::string RecordReader::checksumProblem(unsigned stored, unsigned right) {
   return "checksum is " + hexText(stored, 2) + ", the bytes give " + hexText(right & 0xFFU, 2);
 }
 
-/// Whether a mark and what follows it up to the next blank or mark was meant to be a record: a word of digits, or the
-/// rest of a line that begins with the mark.
+/// Whether a mark and what follows it up to the next blank or mark was meant to be a record: a word of digits.
 bool RecordReader::isMeant(std::string_view line, std::size_t mark) const {
-  constexpr std::size_t shortest = 8;
   const std::size_t begin = mark + markLength();
-  const std::size_t nextMark = std::min(findMark(line, begin), line.size());
-  const std::string_view word = line.substr(begin, std::min(line.find_first_of(blanks, begin), nextMark) - begin);
-  if (word.size() >= shortest && isNearlyHex(word)) return true;
-  const bool isAtStart = line.find_first_not_of(blanks) == mark;
-  return isAtStart && std::ranges::all_of(word, isHexDigit) &&
-         line.find_first_not_of(blanks, begin + word.size()) == line.npos;
+  const std::string_view rest = line.substr(begin, findMark(line, begin) - begin);
+  const std::string_view word = rest.substr(0, rest.find_first_of(blanks));
+  return word.size() >= shortestMeant && isNearlyHex(word);
+}
+
+/// Whether a line that begins with the mark was meant to be a record: it holds nearly nothing but digits.
+bool RecordReader::isMeantWhole(std::string_view line, std::size_t mark) const {
+  if (line.find_first_not_of(blanks) != mark) return false;
+  const std::size_t begin = mark + markLength();
+  const std::string_view rest = line.substr(begin, line.find_last_not_of(blanks) + 1 - begin);
+  return std::ranges::all_of(rest, isHexDigit) || (rest.size() >= shortestMeant && isNearlyHex(rest));
 }
 
 bool RecordReader::isMeantWithoutMark(std::string_view line) const {

@@ -32,11 +32,11 @@ class RecordReader {
   virtual ~RecordReader() = default;
 
   ContainerText read();
-  /// Reads no further than the first valid record. Returns whether there is one.
-  bool hasRecord();
+  /// Returns whether there is a valid record.
+  bool hasRecord() const;
 
  protected:
-  /// Returns the offset of the next mark in the line, or npos.
+  /// Returns the offset of the next mark, or npos.
   virtual std::size_t findMark(std::string_view line, std::size_t from) const = 0;
   virtual std::size_t markLength() const = 0;
   /// Returns the mark as messages call it.
@@ -62,9 +62,11 @@ class RecordReader {
   void takeLine(const TextLine& place);
   /// Takes the record after a mark. Returns the end of its digits, or nothing if it is not valid.
   std::optional<std::size_t> takeRecord(std::string_view line, std::size_t mark, const TextLine& place);
+  std::optional<std::size_t> decodeValid(std::string_view line, std::size_t mark, Record& record) const;
   std::size_t decode(std::string_view line, std::size_t mark, Record& record) const;
   std::string problemAt(std::string_view line, std::size_t end, const Record& record) const;
   bool isMeant(std::string_view line, std::size_t mark) const;
+  bool isMeantWhole(std::string_view line, std::size_t mark) const;
   bool isMeantWithoutMark(std::string_view line) const;
   void reportWrong(std::string_view line, std::size_t mark);
 

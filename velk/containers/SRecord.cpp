@@ -25,9 +25,8 @@ class SRecordReader : public RecordReader {
  protected:
   std::size_t findMark(std::string_view line, std::size_t from) const override {
     for (; from + 1 < line.size(); ++from) {
-      from = line.find_first_of("Ss", from);
-      if (from == line.npos || from + 1 == line.size()) break;
-      if (line[from + 1] >= '0' && line[from + 1] <= '9') return from;
+      const bool isMark = line[from] == 'S' || line[from] == 's';
+      if (isMark && line[from + 1] >= '0' && line[from + 1] <= '9') return from;
     }
     return line.npos;
   }
@@ -45,6 +44,10 @@ class SRecordReader : public RecordReader {
     if (((sum + stored) & 0xFFU) != 0xFF) return checksumProblem(stored, ~sum);
     const std::size_t dataLength = bytes.size() - addressLength - 2;
     if (type >= 5 && dataLength != 0) return "length does not fit record type S" + std::to_string(type);
+    if (isOfOtherType(record)) {
+      return "record type is S" + std::to_string(type) + ", as S" + std::to_string(lastType_) +
+             " it continues the lines before it";
+    }
     const bool isTooHigh = isData(type) && std::uint64_t{addressOf(record)} + dataLength > std::uint64_t{1} << 32U;
     return isTooHigh ? "goes beyond the last address" : "";
   }
@@ -56,6 +59,7 @@ class SRecordReader : public RecordReader {
     const ConstBytes data = record.view().subspan(first, record.count - first - 1);
     if (isData(type)) {
       ++dataRecords_;
+      lastType_ = type;
       noteLength(data.size());
       noteAddress(addressLengths[type]);
       place(address, data, record, first);
@@ -77,8 +81,18 @@ class SRecordReader : public RecordReader {
   }
 
  private:
-  static std::uint32_t addressOf(const Record& record) {
-    return bigEndian(record.view().subspan(1, addressLengths[typeOf(record)]));
+  static std::uint32_t addressOf(const Record& record) { return addressOf(record, typeOf(record)); }
+  static std::uint32_t addressOf(const Record& record, unsigned type) {
+    return bigEndian(record.view().subspan(1, addressLengths[type]));
+  }
+
+  /// The checksum does not cover the type. A record is damaged there if it continues the lines before it once it is
+  /// read as one of theirs, and only then.
+  bool isOfOtherType(const Record& record) const {
+    if (lastType_ == 0 || typeOf(record) == lastType_ || result_.places.empty()) return false;
+    if (record.count <= addressLengths[lastType_] + 2) return false;
+    const std::uint64_t next = result_.places.back().end();
+    return addressOf(record, lastType_) == next && addressOf(record) != next;
   }
 
   void noteAddress(std::size_t length) {
@@ -94,6 +108,7 @@ class SRecordReader : public RecordReader {
   }
 
   std::uint64_t dataRecords_ = 0;
+  unsigned lastType_ = 0;  ///< of the data records, 0 before the first
 };
 
 /// Returns the data record whose addresses reach everything.
