@@ -2,6 +2,7 @@
 #include <regex>
 
 #include "CommandSupport.h"
+#include "velk/containers/Container.h"
 
 namespace {
 
@@ -45,6 +46,19 @@ TEST_F(Command, DumpsInTheDocumentationAreThoseOfTheExamples) {
     }
   }
   EXPECT_GT(dumps, 10);
+}
+
+TEST_F(Command, TheTableOfContainersIsTheOneInTheCode) {
+  const std::string page = VelkTest::readFile(VELK_SOURCE_DIR "/docs/containers.md");
+  std::string table;
+  for (const Velk::ContainerKind& kind : Velk::containerKinds()) {
+    std::string extensions;
+    for (const char* const extension : kind.extensions)
+      extensions += (extensions.empty() ? "" : ", ") + std::string(extension);
+    table += std::string("| `") + kind.name + "` | " + kind.title + " | " + extensions + " | " +
+             (kind.write != nullptr ? "yes" : "no") + " | " + kind.carries + " |\n";
+  }
+  EXPECT_NE(page.find("|---|---|---|---|---|\n" + table + '\n'), std::string::npos) << table;
 }
 
 }  // namespace

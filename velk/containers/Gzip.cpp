@@ -3,6 +3,7 @@
 #include <libdeflate.h>
 
 #include <memory>
+#include <new>
 
 #include "velk/bytes/ByteArray.h"
 #include "velk/bytes/HexText.h"
@@ -27,7 +28,9 @@ std::size_t claimedSize(ConstBytes compressed) {
 /// Decompresses the members of a gzip file one after another.
 class Members {
  public:
-  explicit Members(ConstBytes compressed) : rest_(compressed), size_(compressed.size()), limit_(limitFor(compressed)) {}
+  explicit Members(ConstBytes compressed) : rest_(compressed), size_(compressed.size()), limit_(limitFor(compressed)) {
+    if (decompressor_ == nullptr) throw std::bad_alloc();
+  }
 
   /// Returns why there are no contents, or an empty text.
   std::string decompress() {
@@ -42,7 +45,7 @@ class Members {
     return {};
   }
 
-  /// Returns what is wrong with the bytes behind the last member that could be decompressed, or an empty text.
+  /// Returns what is wrong with the bytes after the last member that could be decompressed, or an empty text.
   std::string trailer() const {
     if (rest_.empty()) return {};
     const std::string from = "from offset " + hexText(size_ - rest_.size(), 8) + " of the gzip file on, ";
