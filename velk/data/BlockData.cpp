@@ -128,24 +128,8 @@ DataNode BlockData::root() const {
   return {*this, DataNode::Record{fields_, 0}};
 }
 
-std::size_t DataNode::selfDescribedSize() const {
-  if (std::holds_alternative<SelfDescribing>(place_)) return std::size(selfDescribingMembers);
-  if (std::holds_alternative<Tables>(place_)) return data_->tables().size();
-  if (std::holds_alternative<Table>(place_)) return std::size(tableHeaderFields) + std::size(tableParts);
-  if (const auto* const texts = std::get_if<Texts>(&place_)) return texts->starts->size() - 1;
-  if (const auto* const rows = std::get_if<Rows>(&place_)) return rows->table->rows;
-  const auto* const row = std::get_if<Row>(&place_);
-  return row == nullptr ? 0 : row->table->columnTypes().size();
-}
-
-const char* DataNode::selfDescribedName(std::size_t index) const {
-  if (std::holds_alternative<SelfDescribing>(place_)) return selfDescribingMembers[index];
-  constexpr std::size_t inHeader = std::size(tableHeaderFields);
-  return index < inHeader ? tableHeaderFields[index].name : tableParts[index - inHeader];
-}
-
 const FieldInfo* DataNode::field() const {
-  if (const auto* const element = std::get_if<FieldElement>(&place_)) return element->field;
+  if (const auto* const value = std::get_if<Value>(&place_)) return value->element.field;
   const auto* const elements = std::get_if<Elements>(&place_);
   return elements == nullptr ? nullptr : elements->field;
 }
@@ -158,70 +142,96 @@ std::optional<DataNode> DataNode::find(std::string_view name) const {
   return std::nullopt;
 }
 
-DataNode::Place DataNode::selfDescribed(std::size_t index) const {
-  if (std::holds_alternative<SelfDescribing>(place_)) {
-    return index == 0 ? elementAt(updateIndexField, updateIndexField.offset) : Place(Tables{});
-  }
-  if (std::holds_alternative<Tables>(place_)) {
-    return index < data_->tables().size() ? Place(Table{&data_->tables()[index]}) : Record{{}, 0};
-  }
-  if (const auto* const table = std::get_if<Table>(&place_)) return part(*table->table, index);
-  if (const auto* const rows = std::get_if<Rows>(&place_)) return Row{&rows->table->stored, index};
-  if (const auto* const texts = std::get_if<Texts>(&place_)) {
-    const std::uint32_t start = (*texts->starts)[index];
-    const std::uint32_t end = texts->starts->size() > 1 ? (*texts->starts)[index + 1] : start;  // beyond it in a sample
-    return FieldElement{&typedField(TYPE_ID_STRING), start, end - start};
-  }
-  const Row& row = std::get<Row>(place_);
-  const ConstBytes types = row.table->columnTypes();
-  const FieldInfo& field = typedField(index < types.size() ? types[index] : 0U);
-  const ConstBytes bytes = row.table->cell(index, row.row);
-  if (bytes.data() == nullptr) {
-    return FieldElement{&field, data_->bytes().size(), std::max<std::size_t>(field.stride, 1)};
-  }
-  return FieldElement{&field, placeIn(data_->bytes(), bytes), bytes.size()};
-}
-
-DataNode::Place DataNode::list(const Record& record, const FieldInfo& field) const {
-  const std::size_t offset = record.offset + field.offset;
-  const bool inUse = data_->extent() == Extent::InUse;
+DataNode DataNode::Record::list(const BlockData& data, const FieldInfo& field) const {
+  const std::size_t begin = offset + field.offset;
+  const bool inUse = data.extent() == Extent::InUse;
   const auto used = [&](const char* counter, std::size_t capacity) {
-    return inUse ? elementsInUse(data_->bytes(), record.fields, record.offset, counter, capacity) : capacity;
+    return inUse ? elementsInUse(data.bytes(), fields, offset, counter, capacity) : capacity;
   };
-  const std::size_t room = roomFor(field, offset);
-  if (field.openEnded) return Elements{&field, offset, room};
+  const std::size_t room = roomFor(field, begin, data.bytes().size());
+  if (field.openEnded) return {data, Elements{&field, begin, room}};
   const std::size_t rows = used(field.usedRows, field.rows);
-  if (field.rank == 1) return Elements{&field, offset, std::min(rows, room)};
+  if (field.rank == 1) return {data, Elements{&field, begin, std::min(rows, room)}};
   const std::size_t rowsThere = (room + field.cols - 1) / field.cols;
-  return Elements{&field, offset, std::min(rows, rowsThere), used(field.usedCols, field.cols), true};
+  return {data, Elements{&field, begin, std::min(rows, rowsThere), used(field.usedCols, field.cols), true}};
 }
 
-DataNode::Place DataNode::row(const Elements& table, std::size_t index) const {
-  const FieldInfo& field = *table.field;
-  const std::size_t offset = table.offset + index * field.cols * field.stride;
-  return Elements{&field, offset, std::min(table.columns, roomFor(field, offset))};
+DataNode DataNode::Elements::row(const BlockData& data, std::size_t index) const {
+  const std::size_t begin = offset + index * field->cols * field->stride;
+  return {data, Elements{field, begin, std::min(columns, roomFor(*field, begin, data.bytes().size()))}};
 }
 
-DataNode::Place DataNode::part(const DataTable& table, std::size_t index) const {
-  const StoredTable& stored = table.stored;
-  const auto listOf = [&](const FieldInfo& field, ConstBytes values) -> Place {
+std::size_t DataNode::SelfDescribing::size(const BlockData& /*data*/) const { return std::size(selfDescribingMembers); }
+
+const char* DataNode::SelfDescribing::nameOf(std::size_t index) const { return selfDescribingMembers[index]; }
+
+DataNode DataNode::SelfDescribing::at(const BlockData& data, std::size_t index) const {
+  if (index == 0) return elementAt(data, updateIndexField, updateIndexField.offset);
+  return {data, Tables{}};
+}
+
+std::size_t DataNode::Tables::size(const BlockData& data) const { return data.tables().size(); }
+
+DataNode DataNode::Tables::at(const BlockData& data, std::size_t index) const {
+  if (index < data.tables().size()) return {data, Table{&data.tables()[index]}};
+  return {data, Record{{}, 0}};
+}
+
+std::size_t DataNode::Table::size(const BlockData& /*data*/) const {
+  return std::size(tableHeaderFields) + std::size(tableParts);
+}
+
+const char* DataNode::Table::nameOf(std::size_t index) const {
+  constexpr std::size_t inHeader = std::size(tableHeaderFields);
+  return index < inHeader ? tableHeaderFields[index].name : tableParts[index - inHeader];
+}
+
+DataNode DataNode::Table::at(const BlockData& data, std::size_t index) const {
+  const StoredTable& stored = table->stored;
+  const auto listOf = [&](const FieldInfo& field, ConstBytes values) -> DataNode {
     const std::size_t size = std::max<std::size_t>(field.stride, 1);
-    return Elements{&field, values.empty() ? 0 : placeIn(data_->bytes(), values), values.size() / size};
+    return {data, Elements{&field, values.empty() ? 0 : placeIn(data.bytes(), values), values.size() / size}};
   };
   switch (index) {
     case ColumnTypes:
       return listOf(columnTypeField, stored.columnTypes());
     case RowIds:
-      if (stored.rowIdType() == TYPE_ID_STRING) return Texts{&table.rowTexts};
+      if (stored.rowIdType() == TYPE_ID_STRING) return {data, Texts{&table->rowTexts}};
       return listOf(typedField(stored.rowIdType()), stored.rowIds());
     case ColumnIds:
-      if (stored.columnIdType() == TYPE_ID_STRING) return Texts{&table.columnTexts};
+      if (stored.columnIdType() == TYPE_ID_STRING) return {data, Texts{&table->columnTexts}};
       return listOf(typedField(stored.columnIdType()), stored.columnIds());
     case Cells:
-      return Rows{&table};
+      return {data, Rows{table}};
     default:
-      return elementAt(tableHeaderFields[index], table.offset + tableHeaderFields[index].offset);
+      return elementAt(data, tableHeaderFields[index], table->offset + tableHeaderFields[index].offset);
   }
+}
+
+std::size_t DataNode::Texts::size(const BlockData& /*data*/) const { return starts->size() - 1; }
+
+DataNode DataNode::Texts::at(const BlockData& data, std::size_t index) const {
+  const std::uint32_t start = (*starts)[index];
+  const std::uint32_t end = starts->size() > 1 ? (*starts)[index + 1] : start;  // past the end in a sample
+  return {data, Value{{&typedField(TYPE_ID_STRING), start, end - start}}};
+}
+
+std::size_t DataNode::Rows::size(const BlockData& /*data*/) const { return table->rows; }
+
+DataNode DataNode::Rows::at(const BlockData& data, std::size_t index) const {
+  return {data, Row{&table->stored, index}};
+}
+
+std::size_t DataNode::Row::size(const BlockData& /*data*/) const { return table->columnTypes().size(); }
+
+DataNode DataNode::Row::at(const BlockData& data, std::size_t index) const {
+  const ConstBytes types = table->columnTypes();
+  const FieldInfo& field = typedField(index < types.size() ? types[index] : 0U);
+  const ConstBytes bytes = table->cell(index, row);
+  if (bytes.data() == nullptr) {
+    return {data, Value{{&field, data.bytes().size(), std::max<std::size_t>(field.stride, 1)}}};
+  }
+  return {data, Value{{&field, placeIn(data.bytes(), bytes), bytes.size()}}};
 }
 
 std::optional<DataNode::Spacing> DataNode::spacing() const {

@@ -36,7 +36,9 @@ class VELK_EXPORT DataNode {
  public:
   enum class Kind : unsigned char { Value, List, Record };
 
-  Kind kind() const { return kinds[place_.index()]; }
+  Kind kind() const {
+    return std::visit([](const auto& place) { return place.kind; }, place_);
+  }
   /// Returns the number of elements of a list or members of a record; 0 for a value.
   std::size_t size() const;
   /// Returns an element or member; `index` must be below size().
@@ -52,7 +54,7 @@ class VELK_EXPORT DataNode {
   /// Returns the field of a value, list or table if its record declares one; else null.
   const FieldInfo* field() const;
   /// Returns where a value lies. Only for values.
-  const FieldElement& element() const { return std::get<FieldElement>(place_); }
+  const FieldElement& element() const { return std::get<Value>(place_).element; }
 
   /// Values of one field that are stored one after another.
   struct Run {
@@ -77,50 +79,90 @@ class VELK_EXPORT DataNode {
  private:
   friend class BlockData;
 
+  // The places that there are. Each has a size and its parts; those of records have names.
+
+  struct Value {
+    static constexpr Kind kind = Kind::Value;
+    FieldElement element;
+
+    std::size_t size(const BlockData& /*data*/) const { return 0; }
+    DataNode at(const BlockData& data, std::size_t /*index*/) const { return {data, *this}; }
+  };
   /// Members that are declared as fields.
   struct Record {
+    static constexpr Kind kind = Kind::Record;
     std::span<const FieldInfo> fields;
     std::size_t offset;
+
+    std::size_t size(const BlockData& /*data*/) const { return fields.size(); }
+    const char* nameOf(std::size_t index) const { return fields[index].name; }
+    DataNode at(const BlockData& data, std::size_t index) const;
+    DataNode list(const BlockData& data, const FieldInfo& field) const;
   };
   /// Elements of a field one after another; those of a table are its rows.
   struct Elements {
+    static constexpr Kind kind = Kind::List;
     const FieldInfo* field;
     std::size_t offset;
     std::size_t count;
     std::size_t columns = 0;
     bool isTable = false;
+
+    std::size_t size(const BlockData& /*data*/) const { return count; }
+    DataNode at(const BlockData& data, std::size_t index) const;
+    DataNode row(const BlockData& data, std::size_t index) const;
   };
-  struct SelfDescribing {};
-  struct Tables {};
+  /// The whole of a second-edition block.
+  struct SelfDescribing {
+    static constexpr Kind kind = Kind::Record;
+
+    std::size_t size(const BlockData& data) const;
+    const char* nameOf(std::size_t index) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
+  };
+  struct Tables {
+    static constexpr Kind kind = Kind::List;
+
+    std::size_t size(const BlockData& data) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
+  };
   struct Table {
+    static constexpr Kind kind = Kind::Record;
     const DataTable* table;
+
+    std::size_t size(const BlockData& data) const;
+    const char* nameOf(std::size_t index) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
   };
+  /// The ids of rows or columns that are strings.
   struct Texts {
+    static constexpr Kind kind = Kind::List;
     const std::vector<std::uint32_t>* starts;
+
+    std::size_t size(const BlockData& data) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
   };
+  /// The cells of a table.
   struct Rows {
+    static constexpr Kind kind = Kind::List;
     const DataTable* table;
+
+    std::size_t size(const BlockData& data) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
   };
   struct Row {
+    static constexpr Kind kind = Kind::List;
     const StoredTable* table;
     std::size_t row;
+
+    std::size_t size(const BlockData& data) const;
+    DataNode at(const BlockData& data, std::size_t index) const;
   };
-  using Place = std::variant<FieldElement, Record, Elements, SelfDescribing, Tables, Table, Texts, Rows, Row>;
-  static constexpr Kind kinds[] = {Kind::Value,  Kind::Record, Kind::List, Kind::Record, Kind::List,
-                                   Kind::Record, Kind::List,   Kind::List, Kind::List};
-  static_assert(std::size(kinds) == std::variant_size_v<Place>);
+  using Place = std::variant<Value, Record, Elements, SelfDescribing, Tables, Table, Texts, Rows, Row>;
 
   DataNode(const BlockData& data, Place place) : data_(&data), place_(place) {}
 
-  static Place elementAt(const FieldInfo& field, std::size_t offset);
-  Place list(const Record& record, const FieldInfo& field) const;
-  Place row(const Elements& table, std::size_t index) const;
-  Place selfDescribed(std::size_t index) const;
-  std::size_t selfDescribedSize() const;
-  const char* selfDescribedName(std::size_t index) const;
-  Place part(const DataTable& table, std::size_t index) const;
-  /// Returns how many elements of a field the block has room for from an offset on.
-  std::size_t roomFor(const FieldInfo& field, std::size_t offset) const;
+  static DataNode elementAt(const BlockData& data, const FieldInfo& field, std::size_t offset);
 
   const BlockData* data_;
   Place place_;
@@ -158,26 +200,22 @@ class VELK_EXPORT BlockData {
 
 // A walk spends most of its time in these functions: they are in the header to be inlined.
 
-inline std::size_t DataNode::roomFor(const FieldInfo& field, std::size_t offset) const {
-  return Velk::roomFor(field, offset, data_->bytes().size());
+inline DataNode DataNode::elementAt(const BlockData& data, const FieldInfo& field, std::size_t offset) {
+  if (field.type == ScalarType::Record) return {data, Record{field.members, offset}};
+  return {data, Value{{&field, offset}}};
 }
 
-inline DataNode::Place DataNode::elementAt(const FieldInfo& field, std::size_t offset) {
-  if (field.type == ScalarType::Record) return Record{field.members, offset};
-  return FieldElement{&field, offset};
+inline DataNode DataNode::Record::at(const BlockData& data, std::size_t index) const {
+  const FieldInfo& field = fields[index];
+  return field.rank != 0 ? list(data, field) : elementAt(data, field, offset + field.offset);
+}
+
+inline DataNode DataNode::Elements::at(const BlockData& data, std::size_t index) const {
+  return isTable ? row(data, index) : elementAt(data, *field, offset + index * field->stride);
 }
 
 inline DataNode DataNode::operator[](std::size_t index) const {
-  if (const auto* const record = std::get_if<Record>(&place_)) {
-    const FieldInfo& field = record->fields[index];
-    if (field.rank != 0) return {*data_, list(*record, field)};
-    return {*data_, elementAt(field, record->offset + field.offset)};
-  }
-  if (const auto* const elements = std::get_if<Elements>(&place_)) {
-    if (elements->isTable) return {*data_, row(*elements, index)};
-    return {*data_, elementAt(*elements->field, elements->offset + index * elements->field->stride)};
-  }
-  return {*data_, selfDescribed(index)};
+  return std::visit([&](const auto& place) { return place.at(*data_, index); }, place_);
 }
 
 inline std::optional<FieldElement> DataNode::valueAt(std::size_t index) const {
@@ -191,14 +229,16 @@ inline std::optional<FieldElement> DataNode::valueAt(std::size_t index) const {
 }
 
 inline std::size_t DataNode::size() const {
-  if (const auto* const record = std::get_if<Record>(&place_)) return record->fields.size();
-  if (const auto* const elements = std::get_if<Elements>(&place_)) return elements->count;
-  return selfDescribedSize();
+  return std::visit([&](const auto& place) { return place.size(*data_); }, place_);
 }
 
 inline const char* DataNode::nameOf(std::size_t index) const {
-  const auto* const record = std::get_if<Record>(&place_);
-  return record != nullptr ? record->fields[index].name : selfDescribedName(index);
+  return std::visit(
+      [&](const auto& place) -> const char* {
+        if constexpr (requires { place.nameOf(index); }) return place.nameOf(index);
+        return nullptr;
+      },
+      place_);
 }
 
 inline std::optional<DataNode::Run> DataNode::run() const {
@@ -212,7 +252,7 @@ inline std::optional<DataNode::Run> DataNode::runAt(std::size_t index) const {
   if (table == nullptr || !table->isTable || table->field->type == ScalarType::Record) return std::nullopt;
   const FieldInfo& field = *table->field;
   const std::size_t offset = table->offset + index * field.cols * field.stride;
-  return Run{{&field, offset}, std::min(table->columns, roomFor(field, offset))};
+  return Run{{&field, offset}, std::min(table->columns, roomFor(field, offset, data_->bytes().size()))};
 }
 
 /// The path of a value in its block. A walk links these on its way down, so that a path costs nothing until its text is
