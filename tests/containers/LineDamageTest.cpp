@@ -259,7 +259,7 @@ TEST(LineDamage, BlocksOfOtherLinesAreShown) {
       Figures all;
       for (const Subject& subject : subjects) {
         const std::vector<Line> lines = subject.lines(container);
-        const qsizetype rounds = std::clamp<qsizetype>(200'000 / subject.bytes.size(), 2, 100);
+        const qsizetype rounds = std::clamp<qsizetype>(100'000 / subject.bytes.size(), 2, 50);
         for (qsizetype i = 0; i < rounds; ++i) all.add(subject.compare(damaged(lines, damage, random)));
       }
       print(damage.name, kindOf(container).title, all);
@@ -281,7 +281,7 @@ TEST(LineDamage, ABaseAddressIsInferred) {
       Random random(1);
       Figures all;
       for (std::size_t i = 0; i < lines.size(); ++i) {
-        for (std::size_t at = 0; lines[i].isBase && at + 1 < lines[i].text.size(); at += 2) {
+        for (std::size_t at = 0; lines[i].isBase && at + 1 < lines[i].text.size(); at += 4) {
           File file{lines};
           damage.apply(file, i, at, random);
           all.add(subject.compare(file));
