@@ -39,6 +39,7 @@
 #include "velk/image/MemoryImage.h"
 #include "velk/image/Recovery.h"
 #include "velk/image/Region.h"
+#include "velk/image/SectorSuggestion.h"
 #include "velk/layer/HwRecordBlock.h"
 #include "velk/mainboard/ExternalLevelCalibration.h"
 #include "velk/mainboard/PathLists.h"

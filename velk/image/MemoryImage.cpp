@@ -1,46 +1,11 @@
 #include "velk/image/MemoryImage.h"
-#include "velk/bytes/ByteArray.h"
 
 #include <algorithm>
-#include <bit>
-#include <optional>
+
+#include "velk/bytes/ByteArray.h"
+#include "velk/image/SectorSuggestion.h"
 
 namespace Velk {
-namespace {
-
-/// The greatest power of two that divides the distances of all sequences from the start, found block by block.
-class SectorGrid {
- public:
-  explicit SectorGrid(std::uint64_t start) : start_(start) {}
-
-  void add(const BlockView& block) {
-    if (block.kind == BlockKind::Stray || block.has(Finding::UnbelievableSize)) return;
-    const bool begins = block.found == Found::OutOfSequence || block.offset == start_;
-    if (begins && block.kind != BlockKind::End) {
-      distances_ |= block.offset - start_;
-      ++sequences_;
-    }
-  }
-
-  std::uint64_t size() const {
-    constexpr std::uint64_t smallest = 256;
-    const std::uint64_t size = distances_ & (~distances_ + 1);
-    return sequences_ > 1 && size >= smallest ? size : 0;
-  }
-
- private:
-  std::uint64_t start_;
-  std::uint64_t distances_ = 0;
-  unsigned sequences_ = 0;
-};
-
-std::size_t soundBlocks(const MemoryImage& image) {
-  std::size_t sound = 0;
-  for (const BlockView& block : image) sound += block.isSound() && block.kind != BlockKind::End ? 1 : 0;
-  return sound;
-}
-
-}  // namespace
 
 MemoryImage::MemoryImage(QByteArray bytes, std::uint64_t start, std::uint64_t sectorSize, Search search)
     : bytes_(std::move(bytes)), start_(start), sectorSize_(sectorSize), search_(search) {
@@ -70,15 +35,13 @@ std::vector<Region> MemoryImage::regions() const {
 }
 
 std::uint64_t MemoryImage::suggestedSectorSize() const {
-  SectorGrid grid(start_);
-  std::size_t sound = 0;
-  for (const BlockView& block : MemoryImage(bytes_, start_)) {
-    grid.add(block);
-    sound += block.isSound() && block.kind != BlockKind::End ? 1 : 0;
-  }
-  const std::uint64_t size = grid.size();
-  return size != 0 && soundBlocks(MemoryImage(bytes_, start_, size)) >= sound ? size : 0;
+  const MemoryImage whole(bytes_, start_);
+  SectorSuggestion suggestion(whole);
+  for (const BlockView& block : whole) suggestion.add(block);
+  return suggestion.size();
 }
+
+MemoryImage MemoryImage::inSectors(std::uint64_t sectorSize) const { return MemoryImage(bytes_, start_, sectorSize); }
 
 MemoryImage::Iterator::Iterator(const MemoryImage& image)
     : sectorSize_(image.sectorSize_),

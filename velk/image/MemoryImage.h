@@ -38,6 +38,10 @@ class VELK_EXPORT MemoryImage {
   static std::default_sentinel_t end() { return {}; }
 
   ConstBytes bytes() const;
+  /// Returns the offset where the walk begins.
+  std::uint64_t start() const { return start_; }
+  /// Returns the same image, walked in sectors of this size.
+  MemoryImage inSectors(std::uint64_t sectorSize) const;
   /// Returns the size used by the walk; 0 for one memory without sectors.
   std::uint64_t sectorSize() const { return sectorSize_; }
 
