@@ -14,21 +14,24 @@ void suggestSectors(Session& session, const Input& input) {
 
 }  // namespace
 
-void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, LineOf lineOf,
-                     const BlockVisitor& visit) {
+void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, const BeginImage& begin) {
   forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
     if (!input.file.error.empty()) return;
     if (inputs.files.size() > 1) part.write(input.name + ":\n");
     part.write(heading);
+    const ImageLines lines = begin(part, input);
     bool isBroken = false;
-    std::string line;  // reused: there may be very many blocks
+    std::string text;  // reused: there may be very many blocks
     for (const Velk::BlockView& block : input.image) {
-      line.clear();
-      lineOf(line, block);
-      part.write(line);
-      visit(part, input, block);
+      text.clear();
+      lines.ofBlock(text, block);
+      part.write(text);
+      if (lines.afterBlock) lines.afterBlock(block);
       isBroken = isBroken || block.found == Velk::Found::OutOfSequence;
     }
+    text.clear();
+    if (lines.ofImage) lines.ofImage(text);
+    part.write(text);
     if (isBroken && inputs.sectorSize == 0) suggestSectors(part, input);
   });
 }

@@ -50,21 +50,20 @@ QByteArray withHeldCounts(const BlockView& block) {
   return hasChanged ? bytes : QByteArray();
 }
 
-std::vector<std::string> impossibleCounts(const BlockView& block) {
-  std::vector<std::string> texts;
-  if (block.row == nullptr) return texts;  // only the fields of catalogued classes count others
-  const BlockData data(block, Extent::Capacity);
+std::vector<ImpossibleCount> impossibleCounts(const BlockData& data) {
+  std::vector<ImpossibleCount> counts;
+  if (data.isSelfDescribing()) return counts;  // only the fields of catalogued classes count others
   const DataNode root = data.root();
-  std::vector<std::string_view> seen;  // a member may count several lists
   forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
-    if (std::ranges::find(seen, counter) != seen.end()) return;
-    seen.push_back(counter);
     const auto member = root.find(counter);
     if (!member) return;
-    const std::string reason = excess(integerValue(data.bytes(), member->element()), capacity, counted);
-    if (!reason.empty()) texts.push_back(std::string(counter) + ": " + reason);
+    std::string reason = excess(integerValue(data.bytes(), member->element()), capacity, counted);
+    // A member may count several lists.
+    const bool isSaid =
+        !reason.empty() && std::ranges::find(counts, counter, &ImpossibleCount::counter) != counts.end();
+    if (!reason.empty() && !isSaid) counts.push_back({counter, std::move(reason)});
   });
-  return texts;
+  return counts;
 }
 
 }  // namespace Velk

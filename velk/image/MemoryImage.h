@@ -38,6 +38,8 @@ class VELK_EXPORT MemoryImage {
   static std::default_sentinel_t end() { return {}; }
 
   ConstBytes bytes() const;
+  /// Returns the offset at which the walk begins.
+  std::uint64_t start() const { return start_; }
   /// Returns the size used by the walk; 0 for one memory without sectors.
   std::uint64_t sectorSize() const { return sectorSize_; }
 
