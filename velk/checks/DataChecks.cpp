@@ -5,7 +5,7 @@ namespace Velk::detail {
 namespace {
 
 void findImpossibleCounts(const CheckedBlock& block, const Report& report) {
-  for (const ImpossibleCount& count : impossibleCounts(block.data)) {
+  for (const ImpossibleCount& count : impossibleCounts(block.view)) {
     report(std::string(count.counter) + ": " + count.reason, std::string(count.counter));
   }
 }

@@ -30,26 +30,29 @@ std::string inRecords(const PointRun& run, std::size_t index) {
   return inList(run, index) + '.' + run.first.field->name;
 }
 
-double numberAt(ConstBytes bytes, const FieldElement& element) {
-  double number = 0;
-  withScalarType(element.field->type,
-                 [&]<class T>(T) { number = static_cast<double>(load<T>(bytes, element.offset)); });
-  return number;
+/// Returns the index of the first point that is not above the one before it; the count if there is none.
+std::size_t firstUnordered(ConstBytes bytes, const PointRun& run, PointOrder order) {
+  std::size_t found = run.count;
+  withScalarType(run.first.field->type, [&]<class T>(T) {
+    const auto at = [&](std::size_t index) { return load<T>(bytes, run.at(index).offset); };
+    for (std::size_t i = 1; i < run.count && found == run.count; ++i) {
+      const T last = at(i - 1);
+      const T here = at(i);
+      if (here < last || (here == last && order == PointOrder::Strict)) found = i;
+    }
+  });
+  return found;
 }
 
-/// Reports the first point that is not above the one before it.
 void examineRun(ConstBytes bytes, const PointRun& run, PointOrder order, const Report& report) {
-  for (std::size_t i = 1; i < run.count; ++i) {
-    const double last = numberAt(bytes, run.at(i - 1));
-    const double here = numberAt(bytes, run.at(i));
-    const bool isEqual = here == last;
-    if (!(here < last) && !(isEqual && order == PointOrder::Strict)) continue;
-    const auto shown = [&](std::size_t index) { return fieldText(bytes, run.at(index), ValueForm::Presented); };
-    const std::string path = run.path(run, i);
-    return report(path + " is " + shown(i) + (isEqual ? ", the same as " : ", below ") + run.path(run, i - 1) +
-                      (isEqual ? "" : ", " + shown(i - 1)),
-                  path);
-  }
+  const std::size_t i = firstUnordered(bytes, run, order);
+  if (i >= run.count) return;
+  const auto shown = [&](std::size_t index) { return fieldText(bytes, run.at(index), ValueForm::Presented); };
+  const bool isEqual = shown(i) == shown(i - 1);
+  const std::string path = run.path(run, i);
+  report(path + " is " + shown(i) + (isEqual ? ", the same as " : ", below ") + run.path(run, i - 1) +
+             (isEqual ? "" : ", " + shown(i - 1)),
+         path);
 }
 
 /// Calls `act` with the runs of points of a list or table.

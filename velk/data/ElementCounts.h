@@ -11,7 +11,7 @@ struct ImpossibleCount {
 };
 
 /// Returns each impossible count of a block.
-VELK_EXPORT std::vector<ImpossibleCount> impossibleCounts(const BlockData& data);
+VELK_EXPORT std::vector<ImpossibleCount> impossibleCounts(const BlockView& block);
 
 /// Returns the bytes of a block in which each count that is negative, or above the number of elements that the block
 /// holds, is set to that number. Empty if there is none. The checksum is not updated.
