@@ -27,7 +27,7 @@ QByteArray secondRead();
 /// The attenuator registers of rfBoardTables() as text, with one value corrected.
 QByteArray attenuatorRegisters();
 
-/// Returns an ident block with this name, part number and serial number.
-Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber);
+/// Returns an ident block with this name, part number and serial number, in a memory of this size.
+Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber, unsigned eepromSize);
 
 }  // namespace Examples

@@ -71,7 +71,7 @@ HwDatablockEventCount eventCounts() {
 
 /// A power detector with its calibration in second-edition blocks.
 QByteArray detector() {
-  HwDatablockIdent ident = identOf("DETECTOR", 14225300, 100871);
+  HwDatablockIdent ident = identOf("DETECTOR", 14225300, 100871, 1024);
   HwDatablock2Edition correctionBlock = corrections();
   HwDatablock2Edition typeBlock = everyType();
   HwDatablockEventCount counterBlock = eventCounts();

@@ -121,29 +121,25 @@ void addLevelCalibration(ImageBuilder& image, int path) {
 }
 
 void addResponses(ImageBuilder& image, int path) {
-  Velk::HwDatablockMbrdRfResponseLpFreq lowPassFrequencies(path, true);
+  Velk::HwDatablockMbrdRfResponseAttFreq frequencies(path, true);
   Velk::HwDatablockMbrdRfResponseAttAmpl attenuators(path, true);
   attenuators.setNumberOfRfRespAttFreqs(3);
-  for (unsigned filter = 0; filter < Velk::lowPassFilters; ++filter) {
-    lowPassFrequencies.setNumberOfFreqCount(2, filter);
-    for (unsigned i = 0; i < 2; ++i) {
-      lowPassFrequencies.setFrequencyValue(400 * (filter + 1) + 150 * i, static_cast<unsigned char>(filter), i);
-    }
-  }
+  frequencies.setNumberOfFrequency(3);
+  for (unsigned i = 0; i < 3; ++i) frequencies.setFrequencyValue(400 * (i + 1), i);
   for (unsigned char setting = 0; setting < 6; ++setting) {
     for (unsigned i = 0; i < 3; ++i) {
       const auto amplitude = static_cast<short>(10000 + ripple(setting, static_cast<int>(i), 90));
       attenuators.setCorLevelValue({{amplitude, -12, 3, 0}}, setting, i);
     }
   }
-  image.add(lowPassFrequencies).add(attenuators);
+  image.add(frequencies).add(attenuators);
 }
 
 }  // namespace
 
 /// A synthesizer with its service history, its oscillator and its output levels.
 QByteArray synthesizer() {
-  Velk::HwDatablockIdent ident = identOf("SYNTHESIZER", 11412003, 200017);
+  Velk::HwDatablockIdent ident = identOf("SYNTHESIZER", 11412003, 200017, 2048);
   Velk::HwDatablockModification modification;
   modification.setCircularNr(1044, 0);
   modification.setAction(1, 0);
@@ -184,7 +180,7 @@ QByteArray synthesizer() {
 
 /// An I/Q module: scalar values of both versions, frequencies, one operating state, an attenuator with its counters.
 QByteArray iqModule() {
-  Velk::HwDatablockIdent ident = identOf("IQOP3_RFM", 11413006, 300101);
+  Velk::HwDatablockIdent ident = identOf("IQOP3_RFM", 11413006, 300101, 16384);
   Velk::HwDatablockMiscIdent stream(Velk::_DatablockId_Stream_Opt_Ident_);
   stream.setPartNumber(11413012);
   stream.setSerialNumber(300102);
@@ -201,6 +197,9 @@ QByteArray iqModule() {
   miscV20.setUiq(0.5F);
   miscV20.setDetattOvr(-6);
   Velk::HwDatablockSAtt3CalibDataTemp gradients = temperatureGradients();
+  Velk::HwDatablockSAtt3CalibDataFreq attenuatorFrequencies;
+  attenuatorFrequencies.setNumberOfFreqValues(150);
+  for (int i = 0; i < 150; ++i) attenuatorFrequencies.setFrequencyValue(static_cast<unsigned>(4000000 * (i + 1)), i);
   Velk::HwDatablockSAtt3OWLDCounter overload(0);
   overload.setCounterValue(17);
   Velk::HwDatablockSAttCCounter highPower(11302);
@@ -217,12 +216,13 @@ QByteArray iqModule() {
       .add(gradients)
       .add(overload)
       .add(highPower)
+      .add(attenuatorFrequencies)
       .finish(16384);
 }
 
 /// A mainboard: the identification of the instrument, and the calibration of its paths A and B.
 QByteArray mainboard() {
-  Velk::HwDatablockIdent ident = identOf("MAINBOARD", 11414009, 400005);
+  Velk::HwDatablockIdent ident = identOf("MAINBOARD", 11414009, 400005, 65536);
   Velk::HwDatablockMbrdSerialNumber serialNumber;
   serialNumber.setSerialNumber(123456);
   Velk::HwDatablockMbrdModel model;
@@ -245,22 +245,25 @@ QByteArray mainboard() {
 
 /// A DAC board: frequency-response compensation, I/Q imbalance and the full scale, for front and rear outputs.
 QByteArray dacBoard() {
-  Velk::HwDatablockIdent ident = identOf("DACB", 11415001, 500042);
+  Velk::HwDatablockIdent ident = identOf("DACB", 11415001, 500042, 1024);
   Velk::HwDatablockDacIfFullScale fullScale;
   fullScale.setFullScaleValue(30210);
   Velk::HwDatablockDacbFrequencyCompFreq frequencies(true);
   Velk::HwDatablockDacbFrequencyCompAmp amplitudes(true);
   Velk::HwDatablockDacbFrequencyCompPh phases(true);
   Velk::HwDatablockDacbFrequencyCompDt delay(true);
+  Velk::HwDatablockDacbIqImbalanceFreq imbalanceFrequencies(true);
   Velk::HwDatablockDacbIqImbalanceRearAmp rear(true);
   frequencies.setNumberOfCompFreq(26);
   amplitudes.setNumberOfcompAmp(26);
   phases.setNumberOfCompPh(26);
+  imbalanceFrequencies.setNumberOfIqImbalanceFreq(26);
   rear.setNumberOfIqImbalanceRearAmp(26);
   for (int i = 0; i < 26; ++i) {
     frequencies.setCompFreq(4000000 * (i - 13), i);
     amplitudes.setCompAmp(static_cast<short>(ripple(0, i, 45)), i);
     phases.setCompPh(static_cast<short>(ripple(1, i, 80)), i);
+    imbalanceFrequencies.setIqImbalanceFreq(4000000 * (i - 13), i);
     rear.setIqImbalanceRearAmp(static_cast<short>(ripple(2, i, 25)), i);
   }
   delay.setNumberOfCompDt(1);
@@ -277,6 +280,7 @@ QByteArray dacBoard() {
       .add(phases)
       .add(delay)
       .add(rear)
+      .add(imbalanceFrequencies)
       .finish(1024);
 }
 

@@ -4,9 +4,9 @@
 
 namespace Examples {
 
-Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber) {
+Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned serialNumber, unsigned eepromSize) {
   Velk::HwDatablockIdent ident;
-  ident.setEepromSize(4096);
+  ident.setEepromSize(eepromSize);
   ident.setPartNumber(partNumber);
   ident.setVariant(2);
   ident.setHardwareCode(1);
@@ -20,8 +20,7 @@ Velk::HwDatablockIdent identOf(const char* name, unsigned partNumber, unsigned s
 
 /// An RF board with two identification records and a block of an unknown id.
 QByteArray rfBoard() {
-  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 11411000, 100234);
-  ident.setEepromSize(1024);
+  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 11411000, 100234, 1024);
   ident.setHardwareCode(3);
   ident.setProductIndex(1234);
   ident.setProductDate(Velk::PackedDate{2017, 3, 15}.packed());

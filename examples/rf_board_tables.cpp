@@ -85,11 +85,27 @@ void addRegisters(ImageBuilder& image) {
   image.add(alcPoints).add(alc).add(words).add(points).add(attenuations).add(registerWords);
 }
 
+/// Adds what goes with the tables: the lists of their points, and a table over the points of an attenuator.
+void addCounterparts(ImageBuilder& image) {
+  const auto points = [](auto table, unsigned rows, double first, double step) {
+    return filled(std::move(table), rows, 1, [=](unsigned row, unsigned) { return first + step * row; });
+  };
+  auto loopGain = points(Velk::MiscDataKinds::LoopgainFreq::Block(12300, "LOOPGAIN_FREQ", 0.01), 5, 100, 50);
+  auto limiter = points(
+      Velk::MiscDataKinds::LimiterFrequencyNodeGhz::Block(12313, "LIMITER_FREQUENCY_NODE_GHZ", 0.00001), 3, 1e5, 2e5);
+  auto highest = points(Velk::HwDatablockQelRfboRfLevelMaxFreq(false), 4, 1e5, 2e6);
+  auto vector = points(Velk::HwDatablockVaskRfboAttCalVecFreq(false), 5, 1e6, 5e6);
+  auto user = points(Velk::HwDatablockVaskRfboExtCalVecUserFreq(false), 6, 1e6, 3e6);
+  auto attenuations = labelled(filled(Velk::HwDatablockLornRfboAttCalData(false), 4, 12,
+                                      [](int row, int col) { return 500 * row + 7 * col - 30; }),
+                               4);
+  image.add(loopGain).add(limiter).add(highest).add(vector).add(user).add(attenuations);
+}
+
 }  // namespace
 
 QByteArray rfBoardTables() {
-  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 14000700, 101317);
-  ident.setEepromSize(16384);
+  Velk::HwDatablockIdent ident = identOf("RF-BOARD", 14000700, 101317, 65536);
   auto vector = labelled(filled(Velk::HwDatablockVaskRfboAttCalVecData(false), 4, 5,
                                 [](int row, int col) { return 500 * row - 15 * col; }),
                          4);
@@ -101,7 +117,9 @@ QByteArray rfBoardTables() {
   image.add(ident);
   addLevels(image);
   addRegisters(image);
-  return image.add(vector).add(temperatures).add(user).finish(16384);
+  image.add(vector).add(temperatures).add(user);
+  addCounterparts(image);
+  return image.finish(65536);
 }
 
 QByteArray attenuatorRegisters() {

@@ -7,7 +7,7 @@
 #include "../tool/DataJson.h"
 #include "FuzzSupport.h"
 #include "velk/bytes/ByteArray.h"
-#include "velk/checks/FindingTable.h"
+#include "velk/checks/Checks.h"
 #include "velk/data/BlockDiff.h"
 #include "velk/data/BlockRedaction.h"
 #include "velk/data/BlockSeal.h"
@@ -115,20 +115,19 @@ void exportBlock(const BlockView& block) {
 void doubt(const BlockView& block) {
   const BlockData data(block, Extent::Capacity);
   std::size_t tables = 0;
-  forEachFinding(block, dataFindingKinds(), [&](const FindingKind& kind, const std::string& doubt) {
-    if (kind.code == std::string_view("incomplete-table")) {
+  for (const CheckFinding& doubt : checkBlock(block, {.enabled = dataChecks()})) {
+    if (doubt.kind->code == std::string_view("incomplete-table")) {
       ++tables;
-      return;
+      continue;
     }
-    const std::string counter = doubt.substr(0, doubt.find(':'));
-    const DataLookup found = findValue(data.root(), counter);
+    const DataLookup found = findValue(data.root(), doubt.path);
     FUZZ_EXPECT(found.value);
     const FieldElement& count = found.value->element();
-    if (!count.isInside(block.bytes.size())) return;
+    if (!count.isInside(block.bytes.size())) continue;
     QByteArray bytes = toByteArray(block.bytes);
     const std::string claimed = fieldText(block.bytes, count);
-    FUZZ_EXPECT(setValue(mutableBytesOf(bytes), block, counter, claimed, ValueForm::Stored) == doubt);
-  });
+    FUZZ_EXPECT(setValue(mutableBytesOf(bytes), block, doubt.path, claimed, ValueForm::Stored) == doubt.text);
+  }
   FUZZ_EXPECT(tables <= 1);
 }
 

@@ -1,9 +1,10 @@
-// Reads any bytes as a memory image: the walk covers every byte, describes every block and prints it.
+// Reads any bytes as a memory image: the walk covers every byte, describes every block, checks it and prints it.
 #include <algorithm>
 
 #include "FuzzSupport.h"
 #include "ProofSupport.h"
 #include "velk/bytes/ByteArray.h"
+#include "velk/checks/Checks.h"
 #include "velk/image/BlockText.h"
 #include "velk/image/MemoryImage.h"
 
@@ -63,6 +64,18 @@ void cover(const MemoryImage& image, const std::vector<BlockView>& views, std::u
   FUZZ_EXPECT(region == regions.end());
 }
 
+/// Runs all checks: every finding has its text, and there are not more than the blocks have fields.
+void check(const MemoryImage& image, std::size_t blocks) {
+  constexpr std::size_t mostOfImage = 2048;
+  constexpr std::size_t mostOfBlock = 1024;
+  const std::vector<CheckFinding> findings = checkImage(image);
+  FUZZ_EXPECT(findings.size() <= mostOfImage + mostOfBlock * blocks);
+  for (const CheckFinding& finding : findings) {
+    FUZZ_EXPECT(finding.kind != nullptr && !finding.text.empty());
+    FUZZ_EXPECT(!finding.offset || *finding.offset < static_cast<std::uint64_t>(image.bytes().size()));
+  }
+}
+
 void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize, bool printing) {
   for (const Search search : {Search::Everywhere, Search::SequenceOnly}) {
     const MemoryImage image(bytes, start, sectorSize, search);
@@ -70,6 +83,7 @@ void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize
     for (const BlockView& block : image) views.push_back(block);
     cover(image, views, start);
     prove(views);
+    check(image, views.size());
     for (const BlockView& block : views) {
       look(block);
       if (printing && search == Search::Everywhere) print(block);

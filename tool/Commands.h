@@ -9,6 +9,7 @@ namespace VelkTool {
 /// Each function adds one subcommand to the command line. The subcommand runs while the line is parsed.
 void addList(CLI::App& app, Session& session);
 void addCheck(CLI::App& app, Session& session);
+void addExplain(CLI::App& app, Session& session);
 void addPrint(CLI::App& app, Session& session);
 void addIds(CLI::App& app, Session& session);
 void addTable(CLI::App& app, Session& session);

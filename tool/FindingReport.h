@@ -3,20 +3,26 @@
 #include <span>
 #include <string>
 
-#include "Session.h"
-#include "velk/checks/FindingTable.h"
+#include "Inputs.h"
+#include "velk/checks/Checks.h"
 #include "velk/image/BlockView.h"
 
 namespace VelkTool {
 
-/// Reports what a block has of some kinds of findings on standard error.
+/// Reports findings about a block on standard error.
 void tellFindings(Session& session, const std::string& file, const Velk::BlockView& block,
-                  std::span<const Velk::FindingKind> kinds);
+                  const Velk::CheckSet& checks);
 
 /// Reports the walk's findings about a block that is not sound.
 void tellFindings(Session& session, const std::string& file, const Velk::BlockView& block);
 
 /// Does the same and lets the command exit with Exit::Findings.
 void complainOf(Session& session, const std::string& file, const Velk::BlockView& block);
+
+/// Returns the options for one input: the end of a memory may be missing in a text container.
+Velk::CheckOptions checksFor(const Input& input, Velk::CheckOptions options);
+
+/// Lets the command exit with Exit::Findings if one of the findings is an error.
+void countErrors(Session& session, std::span<const Velk::CheckFinding> findings);
 
 }  // namespace VelkTool

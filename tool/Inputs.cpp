@@ -162,7 +162,7 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
 }
 
 void reportBlock(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block) {
-  tellFindings(session, file, block, Velk::dataFindingKinds());
+  tellFindings(session, file, block, Velk::dataChecks());
   complainOf(session, file, block);
   if (inputs.redacted) reportLeft(session, file, block);
 }

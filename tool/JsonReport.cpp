@@ -1,24 +1,35 @@
 #include "JsonReport.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include "FindingReport.h"
 #include "Utf8.h"
 #include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
 
-void writeFinding(JsonWriter& json, const char* finding, bool isRemark, const std::string& text) {
-  json.beginObject().member("finding", finding).member("remark", isRemark).member("text", text).endObject();
+/// Writes the members of a finding.
+void writeFinding(JsonWriter& json, const Velk::CheckFinding& finding) {
+  const bool isRemark = finding.kind->severity == Velk::Severity::Warning;
+  json.member("finding", finding.kind->name).member("remark", isRemark).member("text", finding.text);
+  json.member("code", finding.kind->code).member("severity", Velk::severityName(finding.severity));
+  if (!finding.path.empty()) json.member("path", finding.path);
 }
 
-void writeFindings(JsonWriter& json, const Velk::BlockView& block) {
+void writeFindings(JsonWriter& json, std::span<const Velk::CheckFinding> findings) {
   json.key("findings").beginArray();
-  forEachFinding(block, Velk::findingKinds(), [&](const Velk::FindingKind& kind, const std::string& text) {
-    writeFinding(json, kind.name, kind.severity == Velk::Severity::Remark, text);
-  });
+  for (const Velk::CheckFinding& finding : findings) {
+    json.beginObject();
+    writeFinding(json, finding);
+    json.endObject();
+  }
   json.endArray();
 }
 
-void writeBlockMembers(JsonWriter& json, const Velk::ImageFile& file, const Velk::BlockView& block) {
+void writeBlockMembers(JsonWriter& json, const Velk::ImageFile& file, const Velk::BlockView& block,
+                       std::span<const Velk::CheckFinding> findings) {
   json.member("offset", block.offset).member("size", block.bytes.size());
   if (block.kind != Velk::BlockKind::Stray) {
     json.member("id", block.id).member("name", Velk::blockName(block)).member("declaredSize", block.declaredSize);
@@ -29,7 +40,31 @@ void writeBlockMembers(JsonWriter& json, const Velk::ImageFile& file, const Velk
   if (const std::uint64_t lost = Velk::lostBytes(file, block.offset, block.bytes.size()); lost > 0) {
     json.member("lost", lost);
   }
-  writeFindings(json, block);
+  writeFindings(json, findings);
+}
+
+/// Returns what is wrong with a file as a whole, and then what is odd about its image.
+std::vector<Velk::CheckFinding> fileFindings(const Velk::ImageFile& file, std::vector<Velk::CheckFinding> ofImage) {
+  std::vector<Velk::CheckFinding> findings;
+  for (const Velk::FileFinding& finding : file.findings) {
+    const Velk::FindingKind& kind = kindOf(finding);
+    findings.push_back({.kind = &kind, .severity = kind.severity, .text = finding.describe()});
+  }
+  std::ranges::move(ofImage, std::back_inserter(findings));
+  return findings;
+}
+
+/// Writes them with the block that each is about, if there is one.
+void writeFileFindings(JsonWriter& json, std::span<const Velk::CheckFinding> findings) {
+  if (findings.empty()) return;
+  json.key("findings").beginArray();
+  for (const Velk::CheckFinding& finding : findings) {
+    json.beginObject();
+    writeFinding(json, finding);
+    if (finding.offset) json.member("offset", *finding.offset);
+    json.endObject();
+  }
+  json.endArray();
 }
 
 void writeRanges(JsonWriter& json, const char* key, const std::vector<Velk::ImageRange>& ranges) {
@@ -57,17 +92,17 @@ void beginLine(JsonWriter& json, const std::string& name) {
 /// Writes a line for a file without blocks, with the members of a line for a block.
 void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const std::string& name) {
   const bool isRead = file.error.empty();
-  const char* const verdict = isRead ? "no blocks" : "unreadable";
+  const Velk::FindingKind& kind = isRead ? Velk::noBlocksKind() : Velk::unreadableKind();
   const std::string text = !isRead                  ? file.error
                            : !file.findings.empty() ? file.findings.front().describe()
                                                     : "holds no block";
   beginLine(json, name);
   if (!isRead) json.member("error", file.error);
   json.member("offset", 0).member("size", file.bytes.size()).member("id", nullptr).member("name", nullptr);
-  json.member("declaredSize", nullptr).member("kind", "none").member("verdict", verdict).member("sound", false);
-  json.key("findings").beginArray();
-  writeFinding(json, verdict, false, text);
-  json.endArray().key("fields").beginObject().endObject().endObject().finish();
+  json.member("declaredSize", nullptr).member("kind", "none").member("verdict", kind.name).member("sound", false);
+  const Velk::CheckFinding finding{.kind = &kind, .severity = kind.severity, .text = text};
+  writeFindings(json, {&finding, 1});
+  json.key("fields").beginObject().endObject().endObject().finish();
 }
 
 void writeRegions(JsonWriter& json, const Velk::MemoryImage& image) {
@@ -92,7 +127,10 @@ std::shared_ptr<const bool> addJson(CLI::App& command) {
   return json;
 }
 
-void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe) {
+Velk::CheckOptions plainChecks() { return {.enabled = Velk::walkChecks() | Velk::dataChecks()}; }
+
+void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched,
+                     const Velk::CheckOptions& options, const DescribeBlock& describe) {
   JsonWriter json([&](std::string_view text) { session.write(text); });
   json.beginObject().member("schema", jsonSchema).key("files").beginArray();
   for (const std::string& name : inputs.files) {
@@ -105,24 +143,32 @@ void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& sea
     }
     writeFile(json, input.file);
     json.key("blocks").beginArray();
+    Velk::ImageChecker checker(input.image, checksFor(input, options));
     searched.forEach(input.image, [&](const Velk::BlockView& block) {
+      const std::vector<Velk::CheckFinding> findings = checker.check(block);
+      countErrors(session, findings);
       json.beginObject();
-      writeBlockMembers(json, input.file, block);
+      writeBlockMembers(json, input.file, block, findings);
       describe(json, session, input, block);
       json.endObject();
     });
     json.endArray();
     writeRegions(json, input.image);
+    const std::vector<Velk::CheckFinding> findings = fileFindings(input.file, checker.finish());
+    countErrors(session, findings);
+    writeFileFindings(json, findings);
     json.endObject();
   }
   json.endArray().endObject().finish();
 }
 
-void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit) {
+void writeJsonSummary(Session& session, const Inputs& inputs, const Velk::CheckOptions& options,
+                      const BlockVisitor& visit) {
   SearchedBlocks all{Selection{}};
-  writeJsonReport(
-      session, inputs, all,
-      [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) { visit(part, input, block); });
+  writeJsonReport(session, inputs, all, options,
+                  [&](JsonWriter&, Session& part, const Input& input, const Velk::BlockView& block) {
+                    if (visit) visit(part, input, block);
+                  });
 }
 
 void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe) {
@@ -135,7 +181,7 @@ void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& sear
       if (block.kind == Velk::BlockKind::Stray) {
         json.member("id", nullptr).member("name", nullptr).member("declaredSize", nullptr);
       }
-      writeBlockMembers(json, input.file, block);
+      writeBlockMembers(json, input.file, block, checkBlock(block, plainChecks()));
       describe(json, part, input, block);
       json.endObject().finish();
     });

@@ -3,6 +3,7 @@
 #include "Inputs.h"
 #include "JsonWriter.h"
 #include "Selection.h"
+#include "velk/checks/Checks.h"
 
 namespace VelkTool {
 
@@ -20,11 +21,17 @@ std::shared_ptr<const bool> addJson(CLI::App& command);
 using DescribeBlock =
     std::function<void(JsonWriter& json, Session& session, const Input& input, const Velk::BlockView& block)>;
 
-/// Writes one JSON document that describes the inputs and the selected blocks in them, sound or not.
-void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched, const DescribeBlock& describe);
+/// Returns the checks that every report makes: those of the walk and of the counts and tables.
+Velk::CheckOptions plainChecks();
 
-/// Writes that document for all blocks, without further members; calls `visit` with each block.
-void writeJsonSummary(Session& session, const Inputs& inputs, const BlockVisitor& visit);
+/// Writes one JSON document that describes the inputs and the selected blocks in them, sound or not. Errors among the
+/// findings let the command exit with Exit::Findings.
+void writeJsonReport(Session& session, const Inputs& inputs, SearchedBlocks& searched,
+                     const Velk::CheckOptions& options, const DescribeBlock& describe);
+
+/// Writes that document for all blocks, without further members; calls `visit`, if set, with each block.
+void writeJsonSummary(Session& session, const Inputs& inputs, const Velk::CheckOptions& options,
+                      const BlockVisitor& visit);
 
 /// Writes a line of JSON for each block, which names its file. A file that cannot be read or holds no block has a line
 /// too, of kind "none" and with a finding, so that every line has the same members.

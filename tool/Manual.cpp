@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "CompletionScripts.h"
+#include "velk/checks/FindingTable.h"
 
 namespace VelkTool {
 namespace {
@@ -55,6 +56,15 @@ std::string optionsText(const CommandRow& command) {
   return text;
 }
 
+std::string checksText() {
+  std::string text;
+  for (const Velk::FindingKind& kind : Velk::findingKinds()) {
+    text += ".TP\n" + bold(kind.code) + " (" + severityName(kind.severity) + ")\n" + roff(kind.summary) + ".\n" +
+            roff(kind.explanation) + '\n';
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string manualPage(const std::vector<CommandRow>& commands, const std::string& version) {
@@ -77,6 +87,7 @@ std::string manualPage(const std::vector<CommandRow>& commands, const std::strin
          "\" \"User Commands\"\n.SH NAME\nvelk \\- " +
          "inspect, check and change memory images of instrument modules\n.SH SYNOPSIS\n" + synopsis +
          ".SH DESCRIPTION\n" + roff(velk.description) + "\n.PP\n" + roff(velk.notes) + "\n.SH COMMANDS\n" + sections +
+         ".SH CHECKS\nWhat velk check reports:\n" + checksText() +
          ".SH EXIT STATUS\nThe worst result over all files:\n" + status + ".SH EXAMPLES\n.EX\n" + examples + ".EE\n";
 }
 

@@ -26,14 +26,15 @@ struct Export {
 };
 
 void writeJson(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options) {
-  const auto write = options.format == Format::Json ? writeJsonReport : writeJsonLines;
-  write(session, inputs, searched, [&](JsonWriter& json, Session& part, const Input& input, const BlockView& block) {
+  const DescribeBlock describe = [&](JsonWriter& json, Session& part, const Input& input, const BlockView& block) {
     const Velk::BlockData data(block);
     json.key("fields");
     writeData(json, data, Velk::ValueForm::Presented);
     writeDataNotes(json, data, options.stored);
     reportBlock(part, inputs, input.name, block);
-  });
+  };
+  if (options.format == Format::JsonLines) return writeJsonLines(session, inputs, searched, describe);
+  writeJsonReport(session, inputs, searched, plainChecks(), describe);
 }
 
 std::string existingFolder(const std::string& path) {

@@ -43,11 +43,16 @@ void addList(CLI::App& app, Session& session) {
   const auto json = addJson(*command);
   command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
   command->callback([&session, inputs, json] {
-    const auto visit = [](Session& part, const Input& input, const Velk::BlockView& block) {
-      complainOf(part, input.name, block);
-    };
-    if (*json) return writeJsonSummary(session, *inputs, visit);
-    writeTextReport(session, *inputs, heading, appendRow, visit);
+    if (*json) {
+      return writeJsonSummary(session, *inputs, plainChecks(),
+                              [](Session& part, const Input& input, const Velk::BlockView& block) {
+                                tellFindings(part, input.name, block);
+                              });
+    }
+    writeTextReport(session, *inputs, heading, [](Session& part, const Input& input) -> ImageLines {
+      return {.ofBlock = appendRow,
+              .afterBlock = [&](const Velk::BlockView& block) { complainOf(part, input.name, block); }};
+    });
   });
 }
 

@@ -73,6 +73,7 @@ int main(int argc, char** argv) {
   WholeSession session;
   addList(app, session);
   addCheck(app, session);
+  addExplain(app, session);
   addPrint(app, session);
   addIds(app, session);
   addExport(app, session);

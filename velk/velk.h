@@ -1,6 +1,7 @@
 #pragma once
 
 // Every public header of the library.
+#include "velk/checks/Checks.h"
 #include "velk/checks/FindingTable.h"
 #include "velk/containers/Container.h"
 #include "velk/containers/ImageFile.h"

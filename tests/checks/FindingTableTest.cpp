@@ -3,6 +3,7 @@
 #include <set>
 
 #include "data/DataSupport.h"
+#include "velk/checks/Checks.h"
 #include "velk/data/BlockSeal.h"
 #include "velk/data/DataLookup.h"
 
@@ -13,11 +14,12 @@ using VelkTest::OwnedBlock;
 
 using Found = std::vector<std::pair<std::string, std::string>>;
 
-/// The code and the description of everything found about a block.
+/// The code and the description of everything that the bytes of a block tell.
 Found foundIn(const BlockView& block) {
   Found found;
-  forEachFinding(block, findingKinds(),
-                 [&](const FindingKind& kind, const std::string& text) { found.emplace_back(kind.code, text); });
+  for (const CheckFinding& finding : checkBlock(block, {.enabled = walkChecks() | dataChecks()})) {
+    found.emplace_back(finding.kind->code, finding.text);
+  }
   return found;
 }
 
@@ -56,7 +58,11 @@ TEST(FindingTable, CodesAreUniqueWordsOfACommandLine) {
   std::set<std::string> codes;
   for (const FindingKind& kind : findingKinds()) {
     EXPECT_TRUE(codes.insert(kind.code).second) << kind.code;
-    EXPECT_EQ(codes.rbegin()->find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-"), std::string::npos);
+    EXPECT_EQ(std::string(kind.code).find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-"), std::string::npos);
+    EXPECT_EQ(findKind(kind.code), static_cast<std::size_t>(&kind - findingKinds().data()));
+    const std::string_view explanation = kind.explanation;
+    EXPECT_NE(explanation.find("Example"), std::string_view::npos) << kind.code;
+    EXPECT_TRUE(explanation.ends_with('.')) << kind.code;
   }
 }
 

@@ -59,7 +59,9 @@ TEST_F(Export, JsonLinesSayWhatTheDocumentSays) {
     const json why = file.contains("error") ? file["error"] : file["warning"];
     const char* const verdict = file.contains("error") ? "unreadable" : "no blocks";
     expected.back()["verdict"] = verdict;
-    expected.back()["findings"] = json::array({{{"finding", verdict}, {"remark", false}, {"text", why}}});
+    const char* const code = file.contains("error") ? "unreadable" : "no-blocks";
+    expected.back()["findings"] =
+        json::array({{{"finding", verdict}, {"remark", false}, {"text", why}, {"code", code}, {"severity", "error"}}});
   }
   EXPECT_EQ(blocks, expected);
 }

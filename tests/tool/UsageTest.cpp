@@ -77,6 +77,10 @@ TEST(Usage, ValuesThatCannotMeanAnythingAreRefused) {
       {{"table", "import", "a", "b", "--id", "x"}, "--id: x is not a number; 64 and 0x40 are"},
       {{"export", "a", "--format", "xlsx"}, "--format: xlsx is not one of json, jsonl, csv"},
       {{"export", "a", "--format", "0"}, "--format: 0 is not one of json, jsonl, csv"},
+      {{"check", "a", "--only", "zero-value"}, "--only: unknown check \"zero-value\"; the nearest is zero-values"},
+      {{"check", "a", "--disable", "x"}, "--disable: unknown check \"x\"; \"velk help explain\" lists them"},
+      {{"check", "a", "--error", "damaged-line"}, "--error: damaged-line is always reported"},
+      {{"check", "a", "--today", "2026-02-29"}, "--today: 2026-02-29 is not a date such as 2026-11-25"},
       {{"completion", "tcsh"}, "SHELL: tcsh is not one of bash, zsh, fish"},
       {{"export", "a", "--format", "csv", "-o", "/nowhere"}, "--output: /nowhere is not an existing folder"},
       {{"table", "export", "a", "--id", "2", "-o", ""}, "--output: the file name is empty"},
@@ -86,8 +90,8 @@ TEST(Usage, ValuesThatCannotMeanAnythingAreRefused) {
 TEST(Usage, HelpTellsWhatTheOptionTells) {
   const std::string page = run({"help"}).output;
   EXPECT_EQ(page, run({"--help"}).output);
-  for (const char* const command : {"list", "check", "print", "ids", "export", "diff", "set", "redact", "table",
-                                    "table export", "table import", "completion", "manual", "help"}) {
+  for (const char* const command : {"list", "check", "explain", "print", "ids", "export", "diff", "set", "redact",
+                                    "table", "table export", "table import", "completion", "manual", "help"}) {
     const QStringList words = QString(command).split(' ');
     const Outcome result = run(QStringList{"help"} + words);
     EXPECT_EQ(result.exitCode, 0);

@@ -13,7 +13,7 @@ SKIPPED = 77  # to ctest
 
 # A command line up to the cursor, and the words that are offered for its last one.
 OFFERS = [
-    ("velk ex", "export"),
+    ("velk ex", "explain export"),
     ("velk table ", "export import"),
     ("velk export --format ", "json jsonl csv"),
     ("velk print --page s", "summary"),

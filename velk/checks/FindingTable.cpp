@@ -1,42 +1,48 @@
 #include "velk/checks/FindingTable.h"
 
-#include "velk/data/ElementCounts.h"
+#include <algorithm>
+
+#include "velk/checks/Check.h"
 
 namespace Velk {
+namespace detail {
 namespace {
 
-std::vector<std::string> incompleteTables(const BlockView& block) {
-  std::vector<std::string> texts;
-  if (block.kind != BlockKind::SecondEdition) return texts;
-  const BlockData data(block, Extent::Capacity);
-  for (std::size_t i = 0; i < data.tables().size(); ++i) {
-    const StoredTable& table = data.tables()[i].stored;
-    if (table.isComplete()) continue;
-    texts.push_back("tables[" + std::to_string(i) + "] is not there whole: it claims " + std::to_string(table.rows()) +
-                    " rows and " + std::to_string(table.columns()) + " columns");
+std::vector<Check> joinedChecks() {
+  std::vector<Check> joined;
+  for (const FindingKind& kind : walkFindingKinds()) joined.push_back({kind});
+  for (const auto& theme : {dataChecks(), fileChecks(), identChecks(), dateChecks(), pairChecks(), pointChecks(),
+                            valueChecks(), numberChecks(), counterChecks(), edition2Checks()}) {
+    joined.insert(joined.end(), theme.begin(), theme.end());
   }
-  return texts;
-}
-
-constexpr FindingKind dataKinds[] = {
-    {"impossible-count", "doubtful data", Severity::Remark, impossibleCounts},
-    {"incomplete-table", "doubtful data", Severity::Remark, incompleteTables},
-};
-
-std::vector<FindingKind> joinedKinds() {
-  const std::span<const FindingKind> walked = walkFindingKinds();
-  std::vector<FindingKind> kinds(walked.begin(), walked.end());
-  kinds.insert(kinds.end(), std::begin(dataKinds), std::end(dataKinds));
-  return kinds;
+  return joined;
 }
 
 }  // namespace
 
-std::span<const FindingKind> dataFindingKinds() { return dataKinds; }
+std::span<const Check> checks() {
+  static const std::vector<Check> joined = joinedChecks();
+  return joined;
+}
+
+}  // namespace detail
 
 std::span<const FindingKind> findingKinds() {
-  static const std::vector<FindingKind> kinds = joinedKinds();
+  static const std::vector<FindingKind> kinds = [] {
+    std::vector<FindingKind> all;
+    for (const detail::Check& check : detail::checks()) all.push_back(check.kind);
+    return all;
+  }();
   return kinds;
 }
+
+std::optional<std::size_t> findKind(std::string_view code) {
+  const auto kinds = findingKinds();
+  const auto found = std::ranges::find_if(kinds, [code](const FindingKind& kind) { return kind.code == code; });
+  if (found == kinds.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - kinds.begin());
+}
+
+const char* severityName(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 
 }  // namespace Velk

@@ -50,21 +50,24 @@ QByteArray withHeldCounts(const BlockView& block) {
   return hasChanged ? bytes : QByteArray();
 }
 
-std::vector<std::string> impossibleCounts(const BlockView& block) {
-  std::vector<std::string> texts;
-  if (block.row == nullptr) return texts;  // only the fields of catalogued classes count others
-  const BlockData data(block, Extent::Capacity);
-  const DataNode root = data.root();
-  std::vector<std::string_view> seen;  // a member may count several lists
-  forEachCounter(root, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
-    if (std::ranges::find(seen, counter) != seen.end()) return;
-    seen.push_back(counter);
-    const auto member = root.find(counter);
-    if (!member) return;
-    const std::string reason = excess(integerValue(data.bytes(), member->element()), capacity, counted);
-    if (!reason.empty()) texts.push_back(std::string(counter) + ": " + reason);
-  });
-  return texts;
+std::vector<ImpossibleCount> impossibleCounts(const BlockView& block) {
+  std::vector<ImpossibleCount> counts;
+  if (block.row == nullptr) return counts;  // only the fields of catalogued classes count others
+  const std::span<const FieldInfo> fields = block.row->fields;
+  const auto examine = [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    const auto member = std::ranges::find_if(fields, [&](const FieldInfo& field) { return counter == field.name; });
+    if (counter.empty() || member == fields.end()) return;
+    std::string reason = excess(integerValue(block.bytes, {&*member, member->offset}), capacity, counted);
+    // A member may count several lists.
+    const bool isSaid =
+        !reason.empty() && std::ranges::find(counts, counter, &ImpossibleCount::counter) != counts.end();
+    if (!reason.empty() && !isSaid) counts.push_back({counter, std::move(reason)});
+  };
+  for (const FieldInfo& field : fields) {
+    examine(field.usedRows, field, field.rows);
+    examine(field.usedCols, field, field.cols);
+  }
+  return counts;
 }
 
 }  // namespace Velk

@@ -4,8 +4,14 @@
 
 namespace Velk {
 
-/// Describes each impossible count of a block, such as "count: 99 is more than the 26 that values has room for".
-VELK_EXPORT std::vector<std::string> impossibleCounts(const BlockView& block);
+/// A member that counts more elements than there can be, or fewer than none.
+struct ImpossibleCount {
+  std::string_view counter;  ///< the name of the member
+  std::string reason;        ///< such as "99 is more than the 26 that values has room for"
+};
+
+/// Returns each impossible count of a block.
+VELK_EXPORT std::vector<ImpossibleCount> impossibleCounts(const BlockView& block);
 
 /// Returns the bytes of a block in which each count that is negative, or above the number of elements that the block
 /// holds, is set to that number. Empty if there is none. The checksum is not updated.

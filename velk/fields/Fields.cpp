@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "velk/fields/Calendar.h"
 #include "velk/fields/FieldValue.h"
 #include "velk/text/NumberText.h"
 
@@ -47,9 +48,7 @@ FieldResult parseDate(std::string_view text, std::int64_t& packed) {
   if (date.year < PackedDate::firstYear || date.year > PackedDate::lastYear) return FieldResult::OutOfRange;
   if (date.month > 12 || date.day > 31) return FieldResult::NotAValue;
   packed = date.packed();
-  const std::chrono::year_month_day day{std::chrono::year(static_cast<int>(date.year)), std::chrono::month(date.month),
-                                        std::chrono::day(date.day)};
-  return day.ok() || packed == 0 ? FieldResult::Done : FieldResult::NotAValue;
+  return isOfCalendar(date) || packed == 0 ? FieldResult::Done : FieldResult::NotAValue;
 }
 
 FieldResult setText(MutableBytes block, FieldElement element, std::string_view text) {
@@ -171,6 +170,11 @@ struct ExtendedElement {
 };
 
 }  // namespace
+
+bool isOfCalendar(PackedDate date) {
+  using namespace std::chrono;
+  return year_month_day(year(static_cast<int>(date.year)), month(date.month), day(date.day)).ok();
+}
 
 long double detail::loadExtended(ConstBytes bytes, std::size_t offset) {
   static_assert(std::numeric_limits<long double>::digits == 64, "the stored form has to be the host's");

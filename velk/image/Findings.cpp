@@ -53,24 +53,47 @@ std::string describeSizeOfClass(const BlockView& block) {
   return "size " + std::to_string(block.declaredSize) + ", blocks of this id have " + std::to_string(block.row->size);
 }
 
-/// Describes a finding if the walk has set it.
-template <Finding finding, std::string (*text)(const BlockView&)>
-std::vector<std::string> describeSet(const BlockView& block) {
-  if (!block.has(finding)) return {};
-  return {text(block)};
-}
+/// Indexed by Finding.
+constexpr std::string (*descriptions[])(const BlockView&) = {
+    describeSize,      describeChecksum, describeCrc,         describeTooShort,
+    describeNotErased, describeNoBlock,  describeSizeOfClass, describeChecksum,
+};
+static_assert(std::size(descriptions) == findingCount);
 
 /// Indexed by Finding.
 constexpr FindingKind kinds[] = {
-    {"damaged-size", "damaged size", Severity::Error, describeSet<Finding::UnbelievableSize, describeSize>},
-    {"wrong-checksum", "wrong checksum", Severity::Error, describeSet<Finding::WrongChecksum, describeChecksum>},
-    {"wrong-crc", "wrong CRC", Severity::Error, describeSet<Finding::WrongCrc, describeCrc>},
-    {"too-short", "too short for a block", Severity::Error, describeSet<Finding::TooShort, describeTooShort>},
-    {"not-erased", "not erased", Severity::Error, describeSet<Finding::NotErased, describeNotErased>},
-    {"no-block", "no block", Severity::Error, describeSet<Finding::NoBlock, describeNoBlock>},
-    {"unexpected-size", "unexpected size", Severity::Remark, describeSet<Finding::SizeNotOfClass, describeSizeOfClass>},
-    {"wrong-16-bit-checksum", "wrong 16-bit checksum", Severity::Remark,
-     describeSet<Finding::WrongSumBesideCrc, describeChecksum>},
+    {"damaged-size", "damaged size", Severity::Error, "the size of a block cannot be right",
+     "The size field is below the eight bytes of the header, reaches past the end of the memory, or leads to no "
+     "block while the checksum is wrong too. Example: a flipped bit turns size 64 into 16448 in a memory of 1 KiB. "
+     "The block is shown up to the next one that can be verified. Read the memory again; velk recover merges several "
+     "reads."},
+    {"wrong-checksum", "wrong checksum", Severity::Error, "the 16-bit words of a block do not add up to 0",
+     "A bit of the block has changed since its checksum was calculated, or a program changed the block without "
+     "calculating it. Example: one flipped bit of a serial number. Read the memory again; if the bytes are still the "
+     "same, compare them with an older dump by velk diff."},
+    {"wrong-crc", "wrong CRC", Severity::Error, "the CRC-32 of a second-edition block does not match its bytes",
+     "The bytes read as tables that fill the block exactly, but their CRC-32 is another one. Example: a cell that "
+     "was patched without a new CRC-32. Read the memory again; if the bytes are still the same, compare them with an "
+     "older dump by velk diff."},
+    {"too-short", "too short for a block", Severity::Error, "fewer bytes than a block header has stand among blocks",
+     "A block has at least eight bytes, so these belong to none. Example: a dump that was cut three bytes after its "
+     "last block. Read the memory again, completely."},
+    {"not-erased", "not erased", Severity::Error, "bytes after the end block are not erased",
+     "After the end block a memory is erased: every byte is FF. Example: an older, longer content of which the end "
+     "is left, or an end block that is really an erased page among the blocks. The text says what the bytes look "
+     "like. If the image is a flash memory, --sector-size walks it sector by sector."},
+    {"no-block", "no block", Severity::Error, "bytes before the first block hold none",
+     "The walk starts with bytes that are no block. Example: a dump with a header of the programming device in "
+     "front. --offset starts the walk after it."},
+    {"unexpected-size", "unexpected size", Severity::Warning, "a sound block has not the size of its id",
+     "The checksum is valid, but blocks of this id have another size, so some fields may be missing or left over. "
+     "Example: a list that was written by another version of the firmware. Compare the block with that of another "
+     "module."},
+    {"wrong-16-bit-checksum", "wrong 16-bit checksum", Severity::Warning,
+     "a block that is checked otherwise has a wrong 16-bit checksum",
+     "A second-edition block is checked by its CRC-32, and an event counter by its identifier; the 16-bit checksum "
+     "is redundant there. Example: an event counter after a count, which does not update the checksum. Nothing needs "
+     "to be done."},
 };
 static_assert(std::size(kinds) == findingCount);
 
@@ -89,8 +112,7 @@ std::span<const FindingKind> walkFindingKinds() { return kinds; }
 FindingSet errorFindings() { return errorBits; }
 
 std::string describe(const BlockView& block, Finding finding) {
-  const std::vector<std::string> texts = kinds[static_cast<std::size_t>(finding)].describe(block);
-  return texts.empty() ? std::string() : texts.front();
+  return block.has(finding) ? descriptions[static_cast<std::size_t>(finding)](block) : std::string();
 }
 
 const char* verdictName(const BlockView& block) {

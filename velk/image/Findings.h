@@ -3,7 +3,6 @@
 #include <bitset>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "velk/Export.h"
 
@@ -12,17 +11,17 @@ namespace Velk {
 struct BlockView;
 
 enum class Severity : unsigned char {
-  Error,   ///< the block is not sound
-  Remark,  ///< odd, but the block may be sound
+  Error,    ///< damage: a block is not sound, or bytes of a file are lost
+  Warning,  ///< odd, but the blocks may be sound
 };
 
-/// One thing that can be wrong with a block.
+/// One thing that can be wrong with an image.
 struct FindingKind {
-  const char* code;  ///< for programs, such as "wrong-checksum"; unique
+  const char* code;  ///< for command lines and programs, such as "wrong-checksum"; unique
   const char* name;  ///< two or three words, such as "wrong checksum"; kinds may share one
   Severity severity;
-  /// Describes each place with this kind of problem in a sentence; empty if the block has none.
-  std::vector<std::string> (*describe)(const BlockView& block);
+  const char* summary;      ///< what is wrong, in one line
+  const char* explanation;  ///< a paragraph: why it is wrong, an example, and what to do
 };
 
 /// What the walk over an image finds, the most important first.
@@ -52,13 +51,5 @@ VELK_EXPORT std::string describe(const BlockView& block, Finding finding);
 
 /// Returns the name of the most important error, or "sound".
 VELK_EXPORT const char* verdictName(const BlockView& block);
-
-/// Calls `act` with the kind and the description of every finding of `kinds` that a block has.
-template <class Act>
-void forEachFinding(const BlockView& block, std::span<const FindingKind> kinds, Act act) {
-  for (const FindingKind& kind : kinds) {
-    for (const std::string& text : kind.describe(block)) act(kind, text);
-  }
-}
 
 }  // namespace Velk

@@ -38,7 +38,7 @@ class VELK_EXPORT MemoryImage {
   static std::default_sentinel_t end() { return {}; }
 
   ConstBytes bytes() const;
-  /// Returns the offset where the walk begins.
+  /// Returns the offset at which the walk begins.
   std::uint64_t start() const { return start_; }
   /// Returns the same image, walked in sectors of this size.
   MemoryImage inSectors(std::uint64_t sectorSize) const;
