@@ -22,13 +22,14 @@ void forEachRunOfBytes(const DataNode& list, ConstBytes block, Act act) {
   }
 }
 
-/// Calls `act` with each counted list or table of a block of which all bytes in use are the same.
+/// Calls `act` with each counted list or table of a block of which all bytes in use have this value.
 template <class Act>
-void forEachUniformList(const CheckedBlock& block, Act act) {
+void forEachUniformList(const CheckedBlock& block, unsigned char value, Act act) {
   if (block.view.row == nullptr) return;
   const std::span<const FieldInfo> fields = block.view.row->fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (!isCounted(fields[i])) continue;
+    const std::size_t first = fields[i].offset;
+    if (first >= block.view.bytes.size() || block.view.bytes[first] != value || !isCounted(fields[i])) continue;
     const Uniformity uniform = uniformityOf(block.data.root()[i], block.view.bytes);
     if (uniform.bytes != 0) act(fields[i], uniform);
   }
@@ -38,8 +39,8 @@ void forEachUniformList(const CheckedBlock& block, Act act) {
 constexpr std::size_t fewestErased = 4;
 
 void findErasedValues(const CheckedBlock& block, const Report& report) {
-  forEachUniformList(block, [&](const FieldInfo& field, const Uniformity& uniform) {
-    if (uniform.value == erasedByte && uniform.bytes >= fewestErased)
+  forEachUniformList(block, erasedByte, [&](const FieldInfo& field, const Uniformity& uniform) {
+    if (uniform.bytes >= fewestErased)
       report("everything in use of " + std::string(field.name) + " is erased (FF)", field.name);
   });
 }
@@ -52,10 +53,9 @@ bool countsEvents(const CatalogueRow& row) {
 
 void findZeroValues(const CheckedBlock& block, const Report& report) {
   if (block.view.row == nullptr || countsEvents(*block.view.row)) return;
-  forEachUniformList(block, [&](const FieldInfo& field, const Uniformity& uniform) {
+  forEachUniformList(block, 0, [&](const FieldInfo& field, const Uniformity& uniform) {
     // A single value may well be 0.
-    if (uniform.value == 0 && uniform.bytes > field.stride)
-      report("everything in use of " + std::string(field.name) + " is 0", field.name);
+    if (uniform.bytes > field.stride) report("everything in use of " + std::string(field.name) + " is 0", field.name);
   });
 }
 
