@@ -1,17 +1,32 @@
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "Inputs.h"
+#include "Verdict.h"
 
 namespace VelkTool {
 
-/// Appends the line of a report about a block, including the line break.
-using LineOf = void (*)(std::string& text, const Velk::BlockView& block);
+/// The lines of a report about one image. Unset functions add nothing.
+struct ImageLines {
+  /// Appends the line about a block, including the line break, and returns what it comes to.
+  std::function<Verdict(std::string& text, const Velk::BlockView& block)> ofBlock;
+  /// Called after the line about a block was written.
+  std::function<void(const Velk::BlockView& block)> afterBlock{};
+  /// Called after the last block.
+  std::function<void()> afterImage{};
+};
+
+/// Begins the report about an input; messages go to `session`.
+using BeginImage = std::function<ImageLines(Session& session, const Input& input)>;
+
+/// Which lines of a report are written.
+enum class Amount { All, Unsound, Nothing };
 
 /// Writes one line of text for each block of the inputs, after the heading and, with several files, the file name.
-/// Calls `visit` for each block after its line.
-void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, LineOf lineOf,
-                     const BlockVisitor& visit);
+void writeTextReport(Session& session, const Inputs& inputs, std::string_view heading, const BeginImage& begin,
+                     Amount amount = Amount::All);
 
 }  // namespace VelkTool
