@@ -45,50 +45,67 @@ class Part final : public Session {
   void write(std::string_view text) override {
     constexpr std::size_t worthAsking = 64 * 1024;
     constexpr std::size_t most = 1024 * 1024;
-    constexpr std::size_t perComplaint = 256;
+    constexpr std::size_t perInsertion = 256;
     output_ += text;
-    const std::size_t size = output_.size() + perComplaint * complaints_.size();
+    const std::size_t size = output_.size() + perInsertion * insertions_.size();
     if (size < worthAsking || (size < most && !turns_.isTurnOf(number_))) return;
     turns_.await(number_);
     flushToWhole();
   }
 
+  void writeVerdict(std::string_view text, Verdict verdict) override {
+    if (verdict == Verdict::Sound || !hasColours()) return write(text);
+    insertions_.push_back({output_.size(), {}, std::string(text), verdict});
+    write({});
+  }
+
+  bool hasColours() const override { return whole_.hasColours(); }
+
   void complain(std::string_view file, std::string_view what) override {
-    complaints_.push_back({output_.size(), std::string(file), std::string(what)});
+    insertions_.push_back({output_.size(), std::string(file), std::string(what), std::nullopt});
     write({});
   }
 
   void worsen(Exit exit) override { exit_ = std::max(exit_, exit); }
+  void advance() override { ++advances_; }
 
   std::size_t number() const { return number_; }
 
   /// Writes everything buffered so far. Call it only in its turn.
   void flushToWhole() {
     std::string_view rest = output_;
-    for (const Complaint& complaint : complaints_) {
-      const std::size_t before = complaint.place - (output_.size() - rest.size());
+    for (const Insertion& insertion : insertions_) {
+      const std::size_t before = insertion.place - (output_.size() - rest.size());
       whole_.write(rest.substr(0, before));
-      whole_.complain(complaint.file, complaint.what);
+      if (insertion.verdict) {
+        whole_.writeVerdict(insertion.text, *insertion.verdict);
+      } else {
+        whole_.complain(insertion.file, insertion.text);
+      }
       rest.remove_prefix(before);
     }
     whole_.write(rest);
     whole_.worsen(exit_);
+    for (; advances_ > 0; --advances_) whole_.advance();
     output_.clear();
-    complaints_.clear();
+    insertions_.clear();
   }
 
  private:
-  struct Complaint {
+  /// A complaint, or a text with a verdict, between parts of the output.
+  struct Insertion {
     std::size_t place;  ///< in the output
     std::string file;
-    std::string what;
+    std::string text;
+    std::optional<Verdict> verdict;
   };
 
   Session& whole_;
   Turns& turns_;
   std::size_t number_;
   std::string output_;
-  std::vector<Complaint> complaints_;
+  std::vector<Insertion> insertions_;
+  std::size_t advances_ = 0;
   Exit exit_ = Exit::Good;
 };
 

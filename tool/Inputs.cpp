@@ -78,10 +78,9 @@ CLI::Validator sectorSize() {
   return {rewrite, ""};
 }
 
-std::shared_ptr<Inputs> addFiles(CLI::App& command, int count) {
+std::shared_ptr<Inputs> addFiles(CLI::App& command, int count, const std::string& what) {
   auto inputs = std::make_shared<Inputs>();
-  const char* const description =
-      count == 1 ? "A memory image; - is standard input" : "Memory images; - is standard input";
+  const std::string description = what + "; - is standard input";
   CLI::Option* const files = command.add_option("FILE", inputs->files, description)
                                  ->required()
                                  ->check(CLI::Validator(takeStandardInputOnce(), ""));
@@ -93,8 +92,10 @@ std::shared_ptr<Inputs> addFiles(CLI::App& command, int count) {
   return inputs;
 }
 
-std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
-  auto inputs = addFiles(command, count);
+const char* whatFor(int count) { return count == 1 ? "A memory image" : "Memory images"; }
+
+std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count, const std::string& what) {
+  auto inputs = addFiles(command, count, what);
   command.add_option("--offset", inputs->offset, "Offset of the first block in the image; 64 and 0x40 are the same")
       ->transform(plainNumber())
       ->type_name("N");
@@ -108,7 +109,24 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count) {
   return inputs;
 }
 
+std::shared_ptr<Inputs> makeFolderInputs(CLI::App& command) {
+  auto inputs = makeInputs(command, 0, "Memory images, or folders whose files, also those in folders below, are read");
+  command
+      .add_option("--glob", inputs->globs,
+                  "Read only the files of folders whose names match, such as '*.bin'; may be repeated")
+      ->type_name("PATTERN")
+      ->take_all()
+      ->allow_extra_args(false);
+  command.add_flag_callback(
+      "--no-progress", [inputs] { inputs->showsProgress = false; },
+      "Do not count the files on a terminal during long runs");
+  return inputs;
+}
+
 Input readInput(const Inputs& inputs, const std::string& name) try {
+  if (const auto folder = inputs.unreadable.find(name); folder != inputs.unreadable.end()) {
+    return {name, {.error = folder->second}, Velk::MemoryImage(QByteArray())};
+  }
   Velk::ImageFile file = Velk::readImageFile(name, inputs.container);
   Velk::MemoryImage image(file.bytes, inputs.offset, inputs.sectorSize);
   std::uint64_t hidden = 0;
@@ -132,12 +150,16 @@ void unlessOutOfMemory(Session& session, const std::string& name, Act act) try {
 
 }  // namespace
 
-std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) { return makeInputs(command, count); }
+std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) {
+  return makeInputs(command, count, whatFor(count));
+}
 
-std::shared_ptr<const Inputs> addPlainInput(CLI::App& command) { return addFiles(command, 1); }
+std::shared_ptr<const Inputs> addPlainInput(CLI::App& command) { return addFiles(command, 1, whatFor(1)); }
+
+std::shared_ptr<const Inputs> addFolderInputs(CLI::App& command) { return makeFolderInputs(command); }
 
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
-  const auto inputs = makeInputs(command, 0);
+  const auto inputs = makeFolderInputs(command);
   command.add_flag("--redact", inputs->redacted,
                    "Redact data that identifies the module and its users, as velk redact does");
   return inputs;
@@ -145,6 +167,7 @@ std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
 
 Input openInput(Session& session, const Inputs& inputs, const std::string& name) {
   Input input = readInput(inputs, name);
+  session.advance();
   if (!input.file.error.empty()) {
     session.complain(name, input.file.error);
     session.worsen(Exit::NoAccess);
@@ -180,7 +203,11 @@ void forEachInputInTurn(Session& session, const Inputs& inputs,
                         const std::function<void(Session& part, const Input& input)>& act) {
   inTurn(session, inputs.files.size(), [&](Session& part, std::size_t number) {
     const std::string& name = inputs.files[number];
-    unlessOutOfMemory(part, name, [&] { act(part, openInput(part, inputs, name)); });
+    unlessOutOfMemory(part, name, [&] {
+      Input input = openInput(part, inputs, name);
+      input.number = number;
+      act(part, input);
+    });
   });
 }
 

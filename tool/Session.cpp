@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
@@ -36,12 +37,34 @@ void appendEscaped(std::string& to, std::string_view text, std::string_view kept
   }
 }
 
+/// Returns whether the user's environment lets programs use colours on a terminal.
+bool allowsColours() {
+  const char* const refusal = std::getenv("NO_COLOR");
+  const char* const terminal = std::getenv("TERM");
+  const bool refuses = refusal != nullptr && *refusal != '\0';
+  return !refuses && terminal != nullptr && std::string_view(terminal) != "dumb";
+}
+
+constexpr std::string_view colourOf(Verdict verdict) {
+  return verdict == Verdict::Sound ? "" : verdict == Verdict::Warnings ? "\x1B[33m" : "\x1B[31m";
+}
+
 }  // namespace
 
-WholeSession::WholeSession() : terminal_(isatty(STDOUT_FILENO) != 0) {}
+WholeSession::WholeSession() : terminal_(isatty(STDOUT_FILENO) != 0), colours_(terminal_ && allowsColours()) {}
+
+void WholeSession::writeVerdict(std::string_view text, Verdict verdict) {
+  const std::string_view colour = colours_ ? colourOf(verdict) : "";
+  if (colour.empty()) return write(text);
+  const bool endsLine = text.ends_with('\n');
+  if (endsLine) text.remove_suffix(1);
+  pending_ += colour;
+  write(text);
+  pending_.append("\x1B[0m").append(endsLine ? "\n" : "");
+}
 
 void WholeSession::write(std::string_view text) {
-  if (terminal_) {
+  if (terminal_ || colours_) {
     appendEscaped(pending_, text, "\n");
   } else if (text.size() >= pieceSize) {
     putPending();
@@ -54,6 +77,7 @@ void WholeSession::write(std::string_view text) {
 
 bool WholeSession::flush() {
   putPending();
+  progress_.erase();
   // Some file systems report a full disk only on close.
   if (std::exchange(hasWritten_, false) && !outputLost_ && !Velk::Descriptor::duplicate(STDOUT_FILENO).close())
     loseOutput(errno);
@@ -68,17 +92,20 @@ void WholeSession::putPending() {
 void WholeSession::put(std::string_view text) {
   if (outputLost_ || text.empty()) return;
   hasWritten_ = true;
+  progress_.erase();
   if (!Velk::Descriptor::writeTo(STDOUT_FILENO, text)) loseOutput(errno);
 }
 
 void WholeSession::loseOutput(int reason) {
   outputLost_ = true;
+  progress_.erase();
   worsen(Exit::NoAccess);
   std::fprintf(stderr, "velk: standard output: %s\n", std::strerror(reason));
 }
 
 void WholeSession::complain(std::string_view file, std::string_view what) {
   putPending();
+  progress_.erase();
   std::string line = "velk: ";
   appendEscaped(line, file, {});
   if (!file.empty()) line += ": ";

@@ -142,8 +142,9 @@ UsageError usageError(const CLI::App& app, const CLI::ParseError& error) {
   const std::string text = error.what();
   for (const CLI::Option* const option : optionsOf(command)) {
     const bool isFlag = option->get_items_expected_max() == 0;
-    const std::string start = isFlag ? option->get_name().substr(2) + ' ' : option->get_name() + ": ";
-    if (text.starts_with(start)) return {option->get_name(), wrongValue(*option, error)};
+    const bool isNamed =
+        text.starts_with(option->get_name() + ": ") || (isFlag && text.starts_with(option->get_name().substr(2) + ' '));
+    if (isNamed) return {option->get_name(), wrongValue(*option, error)};
   }
   const std::string missing = missingOf(command);
   return {nameOf(command), (missing.empty() ? "invalid command line" : missing) + "; " + helpOn(nameOf(command)) +

@@ -10,8 +10,8 @@
 namespace VelkTool {
 namespace {
 
-using Velk::ComparedBlocks;
 using Velk::BlockView;
+using Velk::ComparedBlocks;
 using Velk::Difference;
 using Velk::FieldElement;
 using Velk::ValueForm;

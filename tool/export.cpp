@@ -6,6 +6,7 @@
 #include "Csv.h"
 #include "DataJson.h"
 #include "Files.h"
+#include "Folders.h"
 #include "Images.h"
 #include "JsonReport.h"
 #include "Plural.h"
@@ -125,7 +126,7 @@ class CsvExporter {
 
 void addExport(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("export", "Export the fields and tables of blocks as JSON or CSV");
-  const auto inputs = addRedactableInputs(*command);
+  const auto given = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto options = std::make_shared<Export>();
   addChoice<Format>(
@@ -141,18 +142,19 @@ void addExport(CLI::App& app, Session& session) {
       "Lists, rows and columns that have a count end with the elements in use; those without one are exported whole.\n"
       "Damaged blocks are exported too, and reported on standard error.\n\n"
       "Examples:\n  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
-      "  velk export --format jsonl fleet/*.bin > fleet.jsonl");
-  command->callback([&session, inputs, selection, options] {
+      "  velk export --format jsonl fleet > fleet.jsonl");
+  command->callback([&session, given, selection, options] {
     if (!options->folder.empty() && options->format != Format::Csv) {
       throw CLI::ValidationError("--output", "applies to CSV only; JSON goes to standard output");
     }
+    const Inputs inputs = withFilesOfFolders(session, *given);
     SearchedBlocks searched(*selection);
     if (options->format != Format::Csv) {
-      writeJson(session, *inputs, searched, *options);
+      writeJson(session, inputs, searched, *options);
     } else {
-      CsvExporter(session, *inputs, searched, *options).exportAll();
+      CsvExporter(session, inputs, searched, *options).exportAll();
     }
-    reportMissing(session, *inputs, searched);
+    reportMissing(session, inputs, searched);
   });
 }
 

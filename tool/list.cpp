@@ -1,7 +1,9 @@
 #include <algorithm>
 
+#include "Colours.h"
 #include "Commands.h"
 #include "FindingReport.h"
+#include "Folders.h"
 #include "Images.h"
 #include "JsonReport.h"
 #include "TextReport.h"
@@ -15,7 +17,7 @@ constexpr std::string_view heading =
 /// Pads a line to a column, by one blank at least: columns never run together.
 void padTo(std::string& line, std::size_t width) { line.resize(std::max(width, line.size() + 1), ' '); }
 
-void appendRow(std::string& line, const Velk::BlockView& block) {
+Verdict appendRow(std::string& line, const Velk::BlockView& block) {
   const bool isStray = block.kind == Velk::BlockKind::Stray;
   line += offsetText(block.offset);
   padTo(line, 12);
@@ -33,23 +35,27 @@ void appendRow(std::string& line, const Velk::BlockView& block) {
     if (remarks[i]) line.append(", ").append(Velk::walkFindingKinds()[i].name);
   }
   line += '\n';
+  return !block.isSound() ? Verdict::Damaged : remarks.any() ? Verdict::Warnings : Verdict::Sound;
 }
 
 }  // namespace
 
 void addList(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("list", "One line for each block of memory images");
-  const auto inputs = addInputs(*command);
+  const auto given = addFolderInputs(*command);
   const auto json = addJson(*command);
-  command->footer("Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex");
-  command->callback([&session, inputs, json] {
+  addColours(*command, session);
+  command->footer(
+      "Examples:\n  velk list module.bin\n  velk list --sector-size 0x10000 --json flash.hex\n  velk list dumps");
+  command->callback([&session, given, json] {
+    const Inputs inputs = withFilesOfFolders(session, *given);
     if (*json) {
-      return writeJsonSummary(session, *inputs, plainChecks(),
+      return writeJsonSummary(session, inputs, plainChecks(),
                               [](Session& part, const Input& input, const Velk::BlockView& block) {
                                 tellFindings(part, input.name, block);
                               });
     }
-    writeTextReport(session, *inputs, heading, [](Session& part, const Input& input) -> ImageLines {
+    writeTextReport(session, inputs, heading, [](Session& part, const Input& input) -> ImageLines {
       return {.ofBlock = appendRow,
               .afterBlock = [&](const Velk::BlockView& block) { complainOf(part, input.name, block); }};
     });

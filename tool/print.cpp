@@ -4,6 +4,7 @@
 
 #include "Choices.h"
 #include "Commands.h"
+#include "Folders.h"
 #include "Images.h"
 #include "Inputs.h"
 #include "LimitedText.h"
@@ -102,7 +103,7 @@ class Printer {
 
 void addPrint(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("print", "The text forms of blocks, in the order of the image");
-  const auto inputs = addRedactableInputs(*command);
+  const auto given = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto page = std::make_shared<Page>(Page::Usual);
   addChoice<Page>(
@@ -118,13 +119,14 @@ void addPrint(CLI::App& app, Session& session) {
       "Damaged blocks are printed too, and reported on standard error. A block of an unknown id is shown as a hex\n"
       "dump. A text whose rows run past what the block holds is cut 100 lines after them.\n\n"
       "Examples:\n  velk print --id 2 module.bin\n  velk print --id 1040 --page detail module.bin");
-  command->callback([&session, inputs, selection, page] {
-    Printer printer(session, *inputs, *page);
+  command->callback([&session, given, selection, page] {
+    const Inputs inputs = withFilesOfFolders(session, *given);
+    Printer printer(session, inputs, *page);
     SearchedBlocks searched(*selection);
-    forEachInput(session, *inputs, [&](const Input& input) {
+    forEachInput(session, inputs, [&](const Input& input) {
       searched.forEach(input.image, [&](const BlockView& block) { printer.print(input.name, block); });
     });
-    reportMissing(session, *inputs, searched);
+    reportMissing(session, inputs, searched);
   });
 }
 

@@ -1,10 +1,9 @@
 #include <unistd.h>
 
-#include "CommandSupport.h"
+#include "ShellSupport.h"
 
 namespace {
 
-using VelkTest::Command;
 using VelkTest::Outcome;
 
 #ifndef __has_feature
@@ -16,15 +15,7 @@ constexpr const char* limitMemory = "export ASAN_OPTIONS=allocator_may_return_nu
 constexpr const char* limitMemory = "ulimit -v 500000";
 #endif
 
-class Files : public Command {
- protected:
-  /// Runs a script of the shell in the test's folder; $velk is the command, $board an image.
-  Outcome shell(const QString& script) {
-    const QString start = "cd '" + directory_.path() +
-                          "' && velk=" VELK_COMMAND " board=" VELK_SOURCE_DIR "/examples/images/rf_board.bin\n";
-    return VelkTest::run({"-c", start + script}, {}, "/bin/bash");
-  }
-};
+class Files : public VelkTest::Shell {};
 
 TEST_F(Files, NamesAreBytes) {
   const Outcome result = shell(R"sh(
