@@ -107,6 +107,12 @@ bool Output::openBackup(Session& session, Destination& destination) const {
   return true;
 }
 
+Output Output::to(const std::string& file) const {
+  Output other = *this;
+  other.file_ = file;
+  return other;
+}
+
 std::optional<Destination> Output::open(Session& session, const std::string& input,
                                         std::span<const std::string> others) const {
   Destination destination(input, inPlace_ ? input : file_);

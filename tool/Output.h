@@ -47,6 +47,11 @@ class Output {
   std::optional<Destination> open(Session& session, const std::string& input,
                                   std::span<const std::string> others = {}) const;
 
+  /// Returns the folder that -o names if the input is a folder; empty if there is none.
+  std::string folder() const { return file_ == "-" ? "" : file_; }
+  /// Returns the same options for another file in place of that of -o.
+  Output to(const std::string& file) const;
+
  private:
   friend std::shared_ptr<const Output> addOutput(CLI::App& command);
   friend std::shared_ptr<const Output> addOutputFile(CLI::App& command);

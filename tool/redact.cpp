@@ -1,5 +1,11 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <set>
+
 #include "Commands.h"
 #include "FindingReport.h"
+#include "Folders.h"
 #include "Images.h"
 #include "Inputs.h"
 #include "Output.h"
@@ -11,8 +17,8 @@ namespace {
 
 class Redactor {
  public:
-  Redactor(Session& session, const Inputs& inputs, bool force)
-      : session_(session), inputs_(inputs), name_(inputs.files.front()), force_(force) {}
+  Redactor(Session& session, const Inputs& inputs, const std::string& name, bool force)
+      : session_(session), inputs_(inputs), name_(name), force_(force) {}
 
   void run(const Output& output) {
     const std::optional<Destination> destination = output.open(session_, name_);
@@ -23,7 +29,7 @@ class Redactor {
     redact(input);
     if (unseen_ && !force_) return refuse("bytes that cannot be interpreted may hold anything");
     if (left_ && taken_.empty() && !force_) return refuse("nothing of what it holds could be redacted");
-    destination->write(session_, input.file, taken_);
+    destination->write(session_, input.file, (inputs_.hasFolders ? name_ + ":\n" : "") + taken_);
   }
 
  private:
@@ -74,6 +80,69 @@ class Redactor {
   std::string taken_;
 };
 
+/// Redacts the files of a folder into another one, each under its own name.
+class FolderRedactor {
+ public:
+  FolderRedactor(Session& session, const Inputs& inputs, bool force)
+      : session_(session), inputs_(inputs), force_(force) {
+    for (const std::string& name : inputs.files) takeIdentity(name);
+  }
+
+  void run(const std::string& top, const Output& output) {
+    if (output.folder().empty()) {
+      session_.complain(top, "is a folder; use -o to name a folder for the redacted files");
+      return session_.worsen(Exit::Usage);
+    }
+    const std::size_t length = top.size() + (top.ends_with('/') ? 0 : 1);
+    for (const std::string& name : inputs_.files) {
+      if (inputs_.unreadable.contains(name)) {
+        openInput(session_, inputs_, name);
+      } else if (const std::string target = output.folder() + '/' + name.substr(length); isFree(name, target)) {
+        Redactor(session_, inputs_, name, force_).run(output.to(target));
+      }
+    }
+  }
+
+ private:
+  using Identity = std::pair<dev_t, ino_t>;
+
+  static std::optional<Identity> identityOf(const std::string& name) {
+    struct stat status {};
+    if (stat(name.c_str(), &status) != 0) return std::nullopt;
+    return Identity(status.st_dev, status.st_ino);
+  }
+
+  void takeIdentity(const std::string& name) {
+    if (const auto identity = identityOf(name)) taken_.insert(*identity);
+  }
+
+  /// Makes the folder of a target and returns whether the target is none of the inputs.
+  bool isFree(const std::string& name, const std::string& target) {
+    const auto identity = identityOf(target);
+    if (identity && taken_.contains(*identity)) return refuse(target, "would be overwritten", Exit::Usage);
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(target).parent_path(), error);
+    return !error || refuse(name, "the folder of " + target + " cannot be made: " + error.message(), Exit::NoAccess);
+  }
+
+  bool refuse(const std::string& name, const std::string& what, Exit exit) {
+    session_.complain(name, what);
+    session_.worsen(exit);
+    return false;
+  }
+
+  Session& session_;
+  const Inputs& inputs_;
+  bool force_;
+  std::set<Identity> taken_;  ///< the inputs
+};
+
+void redactAll(Session& session, const Inputs& given, bool force, const Output& output) {
+  const Inputs inputs = withFilesOfFolders(session, given);
+  if (inputs.hasFolders) return FolderRedactor(session, inputs, force).run(given.files.front(), output);
+  Redactor(session, inputs, inputs.files.front(), force).run(output);
+}
+
 }  // namespace
 
 void addRedact(CLI::App& app, Session& session) {
@@ -92,8 +161,10 @@ void addRedact(CLI::App& app, Session& session) {
       "Blocks whose fields are unknown, such as second-edition blocks, are left unchanged, and so are bytes of other\n"
       "blocks that belong to no field. They are reported on standard error, with exit code 1: inspect them before you\n"
       "pass the image on. An image in which nothing at all could be redacted is written with --force only.\n\n"
-      "Example:\n  velk redact module.bin -o public.bin");
-  command->callback([&session, inputs, force, output] { Redactor(session, *inputs, *force).run(*output); });
+      "FILE may be a folder if OUT is one: each file in it is redacted into OUT under its own name. A file that is\n"
+      "refused does not stop the others.\n\n"
+      "Examples:\n  velk redact module.bin -o public.bin\n  velk redact dumps -o public");
+  command->callback([&session, inputs, force, output] { redactAll(session, *inputs, *force, *output); });
 }
 
 }  // namespace VelkTool

@@ -98,6 +98,19 @@ TEST_F(Folders, LongRunsAreCountedOnATerminalAndTheLineIsErased) {
   EXPECT_TRUE(result.output.starts_with("1 of 3 files  ") && result.output.ends_with("  1\n")) << result.output;
 }
 
+TEST_F(Folders, AreRedactedIntoAnotherFolder) {
+  const Outcome result = shell(R"sh(
+    : >d/b/0; "$velk" redact d -o out/new >report 2>errors; echo "exit $?"; grep -c ':$' report; cat errors | grep 0:
+    (cd out/new && find . -type f | LC_ALL=C sort); "$velk" redact "$board" -o one >/dev/null; cmp one out/new/b/1.bin
+    cp -r d before; "$velk" redact d/ -o d >/dev/null 2>&1; echo "exit $?"; diff -r d before
+    "$velk" redact d --in-place 2>&1; echo "exit $?"; diff -r d before)sh");
+  EXPECT_EQ(result.output,
+            "exit 3\n5\nvelk: d/b/0: is empty\n"
+            "velk: d/b/0: bytes that cannot be interpreted may hold anything; nothing is written without --force\n"
+            "./a.hex\n./b-1.bin\n./b.bin\n./b/1.bin\n./c.bin\nexit 2\n"
+            "velk: d: is a folder; use -o to name a folder for the redacted files\nexit 2\n");
+}
+
 /// The names of files that an overview calls damaged.
 QStringList namedDamaged(const std::string& overview) {
   QStringList names;
