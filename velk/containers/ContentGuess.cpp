@@ -47,9 +47,12 @@ constexpr Signature signatures[] = {
 
 bool looksLikeText(std::string_view contents) {
   const std::string_view start = contents.substr(0, 4096);
-  const auto count = static_cast<std::size_t>(std::ranges::count_if(start, isTextByte));
   // gzip may hold text as it is.
-  return !start.empty() && !start.starts_with("\x1F\x8B"sv) && count * 8 >= start.size() * 7;
+  if (start.empty() || start.starts_with("\x1F\x8B"sv)) return false;
+  // Memories show after a few hundred bytes that they are none.
+  std::size_t others = 0;
+  const auto isOneTooMany = [&](char c) { return !isTextByte(c) && ++others * 8 > start.size(); };
+  return std::ranges::none_of(start, isOneTooMany);
 }
 
 std::string guessContents(std::string_view contents) {
