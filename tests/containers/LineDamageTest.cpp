@@ -130,14 +130,14 @@ struct Figures {
   int reported = 0;  ///< of these
   int others = 0;    ///< lines that are reported and sound
   std::size_t lost = 0;
-  std::size_t told = 0;    ///< lost bytes that are reported as lost, or as missing
+  std::size_t noted = 0;   ///< lost bytes that are reported as lost, or as missing
   std::size_t spared = 0;  ///< bytes reported as lost that are there
   int inventions = 0;
 
   void add(const Figures& more) {
     provable += more.provable, shown += more.shown, unprovable += more.unprovable;
     unprovableShown += more.unprovableShown, wrong += more.wrong, reported += more.reported, others += more.others;
-    lost += more.lost, told += more.told, spared += more.spared, inventions += more.inventions;
+    lost += more.lost, noted += more.noted, spared += more.spared, inventions += more.inventions;
   }
 };
 
@@ -184,19 +184,19 @@ class Subject {
   }
 
   void compareLost(const File& file, const ImageFile& image, Figures& figures) const {
-    std::set<std::size_t> told;
+    std::set<std::size_t> noted;
     for (const auto* const ranges : {&image.lost, &image.gaps}) {
       for (const ImageRange& range : *ranges) {
-        for (std::uint64_t i = 0; i < range.size; ++i) told.insert(image.address - address_ + range.offset + i);
+        for (std::uint64_t i = 0; i < range.size; ++i) noted.insert(image.address - address_ + range.offset + i);
       }
     }
     const std::uint64_t start = image.address - address_;
     const std::uint64_t end = start + static_cast<std::uint64_t>(image.bytes.size());
     figures.lost = file.lost.size();
     for (const std::size_t byte : file.lost) {
-      figures.told += told.erase(byte) != 0 || byte < start || byte >= end ? 1 : 0;
+      figures.noted += noted.erase(byte) != 0 || byte < start || byte >= end ? 1 : 0;
     }
-    figures.spared = told.size();
+    figures.spared = noted.size();
   }
 
   void compareBlocks(const File& file, const ImageFile& image, Figures& figures) const {
@@ -241,7 +241,7 @@ void print(const char* damage, const char* container, const Figures& figures) {
   std::printf("%-18s %-10s %9d %8.2f%% %7d %7d %6d %8.2f%% %7d %8zu %8.2f%% %7zu\n", damage, container,
               figures.provable, percent(figures.shown, figures.provable), figures.unprovable, figures.unprovableShown,
               figures.wrong, percent(figures.reported, figures.wrong), figures.others, figures.lost,
-              percent(static_cast<double>(figures.told), static_cast<double>(figures.lost)), figures.spared);
+              percent(static_cast<double>(figures.noted), static_cast<double>(figures.lost)), figures.spared);
 }
 
 void printHead() {
@@ -265,7 +265,7 @@ TEST(LineDamage, BlocksOfOtherLinesAreShown) {
       print(damage.name, kindOf(container).title, all);
       EXPECT_GE(percent(all.shown, all.provable), 99) << damage.name;
       EXPECT_GE(percent(all.reported, all.wrong), 95) << damage.name << "; the rest are lines cut to a single S";
-      EXPECT_EQ(all.told, all.lost) << damage.name;
+      EXPECT_EQ(all.noted, all.lost) << damage.name;
     }
   }
 }

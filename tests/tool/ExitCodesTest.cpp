@@ -49,7 +49,7 @@ const std::map<std::string, std::vector<const char*>> scripts = {
      {"$velk", "$velk lst", "$velk list", "$velk list --frob in.bin", "$velk print --id x in.bin"}},
     {"--offset is past the end of an image", {"$velk check --offset 0x10000 in.bin"}},
     {"the output would overwrite an input", {"$velk set in.bin --id 2 serialNumber=7 -o ./in.bin"}},
-    {"set: there is no such field, or it cannot have the value; nothing is changed",
+    {"set: the field does not exist, or cannot have the value; nothing is changed",
      {"$velk set in.bin --id 2 frob=1 --in-place", "$velk set in.bin --id 2 serialNumber=x --in-place"}},
     {"export: several tables would go to one CSV output", {"$velk export --format csv in.bin dac.bin"}},
     {"table: blocks of the id have no text form that can be read back", {"$velk table export in.bin --id 2"}},

@@ -60,7 +60,7 @@ struct ContainerText {
   std::size_t records = 0;  ///< number of valid records of any kind
   std::size_t dataEnd = 0;  ///< offset in the text of what follows the last line with data
   std::optional<CountRecord> count{};
-  std::optional<std::uint64_t> upperAddress{0};  ///< upper 16 bits in force at the end of the text, if they are known
+  std::optional<std::uint64_t> upperAddress{0};  ///< upper 16 bits in force after the last line with data, if known
   ContainerDetails details{};
 
   ConstBytes bytesAt(const PlacedBytes& place) const;

@@ -64,7 +64,7 @@ class IntelHexReader : public RecordReader {
         break;
       case SegmentBase:
         window_ = {.start = std::uint64_t{value} << 4U};
-        result_.upperAddress.reset();
+        upper_.reset();
         break;
       case LinearBase:
         takeLinearBase(value);
@@ -92,6 +92,7 @@ class IntelHexReader : public RecordReader {
     }
     lateBase_.reset();
     noteLength(data.size());
+    result_.upperAddress = upper_;
     const std::uint64_t at = window_.base + address;
     const std::size_t inside = std::min<std::uint64_t>(data.size(), window_.size - at);
     place(window_.start + at, data.first(inside), record, beforeData);
@@ -105,7 +106,7 @@ class IntelHexReader : public RecordReader {
     hasBase_ = true;
     placesBeforeBase_ = result_.places.size();
     window_ = {.start = 0, .size = std::uint64_t{1} << 32U, .base = std::uint64_t{upper} << 16U};
-    result_.upperAddress = upper;
+    upper_ = upper;
     if (isFirst && isAtWindowEnd_ && upper > 1 && (isFar || beginsWithWrongLine())) {
       report("base address before this line is missing, taken as " + hexText(window_.base - reach, 8));
       moveToBase(upper - 1);
@@ -127,7 +128,7 @@ class IntelHexReader : public RecordReader {
     window_.start += window_.size == reach ? reach : 0;
     window_.base += window_.size == reach ? 0 : reach;
     report("base address is missing, taken as " + hexText(window_.origin(), 8));
-    if (result_.upperAddress) ++*result_.upperAddress;
+    if (upper_) ++*upper_;
   }
 
   /// Moves the lines before the first base address to one.
@@ -141,6 +142,7 @@ class IntelHexReader : public RecordReader {
   Window window_{};
   bool isAtWindowEnd_ = false;  ///< the last line's bytes end where 16-bit addresses do
   bool hasBase_ = false;
+  std::optional<std::uint64_t> upper_{0};    ///< upper 16 bits of linear addresses, if they are in force
   std::size_t placesBeforeBase_ = 0;         ///< number of placed bytes before the last base address
   std::optional<std::uint32_t> lateBase_{};  ///< the first one, far from the lines before it, until a line follows
 };
