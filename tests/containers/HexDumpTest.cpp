@@ -104,7 +104,7 @@ TEST(HexDump, WrongLines) {
       {"00000000  01 02\n00000002  0z 04\n*\n00000008  05\n00000009\n",
        "0x0000 0102????????????05 (line 2: not hexadecimal)"},
       {"00000000  01 02\n*\n",
-       "0x0000 0102 (has no offset at its end; it may have been cut) (line 2: no offset tells how "
+       "0x0000 0102 (has no offset at its end; it may have been cut) (line 2: no offset says how "
        "often the line before it is repeated)"},
       {"00000002  01 02\n*\n00000001  01\n00000002\n",
        "0x0001 010102 (line 2: the offset after it is lower than the one before it)"},

@@ -120,7 +120,7 @@ class Parser {
     return nullptr;
   }
 
-  /// Whether the second half of a line of 16 bytes begins here, behind two blanks.
+  /// Whether the second half of a line of 16 bytes begins here, after two blanks.
   bool isHalfway(std::size_t at) const {
     return !result_.form.hasColon && result_.form.group == 2 && result_.count == 8 && at == result_.end + 2 &&
            wordAt(at).size() == 2 && isNearlyHex(wordAt(at), 2);
@@ -154,7 +154,7 @@ class Parser {
   std::string_view line_;
   const DumpForm* dump_;
   std::size_t margin_ = 0;   ///< offset of what is neither indentation nor quotation
-  std::size_t bodyEnd_ = 0;  ///< offset behind the last word
+  std::size_t bodyEnd_ = 0;  ///< offset after the last word
   DumpLine result_{};
 };
 

@@ -14,7 +14,7 @@ constexpr bool isShown(unsigned char byte) { return byte >= ' ' && byte < 0x7F; 
 
 /// How the lines of a hex dump print offsets and bytes.
 struct DumpForm {
-  bool hasColon = false;  ///< behind the offset
+  bool hasColon = false;  ///< after the offset
   std::size_t width = 0;  ///< digits of the offset
   std::size_t group = 0;  ///< digits between two blanks
 
@@ -38,7 +38,7 @@ struct DumpLine {
   std::string_view digits{};      ///< those of the bytes, with the blanks between them
   std::size_t end = 0;            ///< of the digits, as an offset in the line
   std::size_t count = 0;          ///< of the bytes; of a wrong line, as many as its digits seem to be
-  bool isDoubtful = false;        ///< words before the offset or right behind the bytes make it look like prose
+  bool isDoubtful = false;        ///< words before the offset or right after the bytes make it look like prose
   const char* problem = nullptr;  ///< why it is wrong
 
   void appendBytes(QByteArray& bytes) const;

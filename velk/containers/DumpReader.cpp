@@ -161,7 +161,7 @@ void DumpReader::takeOffset(const DumpLine& line) {
 }
 
 void DumpReader::finish() {
-  if (asterisk_ != 0) findings_.add(asterisk_, "no offset tells how often the line before it is repeated");
+  if (asterisk_ != 0) findings_.add(asterisk_, "no offset says how often the line before it is repeated");
   findings_.close();
   const auto addFirst = [&](const char* text) { result_.findings.insert(result_.findings.begin(), {0, text}); };
   if (!traits_.form.hasColon && !isEnded_ && result_.records > 0)

@@ -54,7 +54,7 @@ class DumpReader {
   FindingList findings_{result_.findings};
   std::uint32_t line_ = 0;
   std::uint32_t asterisk_ = 0;  ///< line of the one whose end is not known yet; 0: there is none
-  std::uint64_t next_ = 0;      ///< address behind the last line, wrong or not
+  std::uint64_t next_ = 0;      ///< address after the last line, wrong or not
   std::size_t longest_ = 0;     ///< bytes of a line
   std::size_t agreeing_ = 0;    ///< lines with text that shows their bytes
   std::size_t differing_ = 0;   ///< lines with text that does not

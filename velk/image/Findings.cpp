@@ -75,7 +75,7 @@ constexpr FindingKind kinds[] = {
      "The bytes read as tables that fill the block exactly, but their CRC-32 is another one. Example: a cell that "
      "was patched without a new CRC-32. Read the memory again; if the bytes are still the same, compare them with an "
      "older dump by velk diff."},
-    {"too-short", "too short for a block", Severity::Error, "fewer bytes than a block header has stand among blocks",
+    {"too-short", "too short for a block", Severity::Error, "bytes among blocks are fewer than a block header has",
      "A block has at least eight bytes, so these belong to none. Example: a dump that was cut three bytes after its "
      "last block. Read the memory again, completely."},
     {"not-erased", "not erased", Severity::Error, "bytes after the end block are not erased",
@@ -85,7 +85,7 @@ constexpr FindingKind kinds[] = {
     {"no-block", "no block", Severity::Error, "bytes before the first block hold none",
      "The walk starts with bytes that are no block. Example: a dump with a header of the programming device in "
      "front. --offset starts the walk after it."},
-    {"unexpected-size", "unexpected size", Severity::Warning, "a sound block has not the size of its id",
+    {"unexpected-size", "unexpected size", Severity::Warning, "the size of a sound block is not that of its id",
      "The checksum is valid, but blocks of this id have another size, so some fields may be missing or left over. "
      "Example: a list that was written by another version of the firmware. Compare the block with that of another "
      "module."},
