@@ -14,6 +14,7 @@ void addPrint(CLI::App& app, Session& session);
 void addIds(CLI::App& app, Session& session);
 void addTable(CLI::App& app, Session& session);
 void addExport(CLI::App& app, Session& session);
+void addGet(CLI::App& app, Session& session);
 void addDiff(CLI::App& app, Session& session);
 void addSet(CLI::App& app, Session& session);
 void addConvert(CLI::App& app, Session& session);

@@ -1,5 +1,6 @@
 #include "DataJson.h"
 
+#include "velk/data/WrittenForm.h"
 #include "velk/fields/FieldValue.h"
 
 namespace VelkTool {
@@ -116,6 +117,19 @@ class DataWriter {
   ValueForm form_;
 };
 
+void writeTexts(JsonWriter& json, const BlockData& data) {
+  const DataNode root = data.root();
+  bool hasTexts = false;
+  for (std::size_t i = 0; i < root.size(); ++i) {
+    const auto text = Velk::writtenForm(data, root[i]);
+    if (!text) continue;
+    if (!hasTexts) json.key("texts").beginObject();
+    hasTexts = true;
+    json.member(root.nameOf(i), *text);
+  }
+  if (hasTexts) json.endObject();
+}
+
 }  // namespace
 
 void writeData(JsonWriter& json, const BlockData& data, ValueForm form) {
@@ -130,6 +144,7 @@ void writeDataNotes(JsonWriter& json, const BlockData& data, bool stored) {
     for (const auto& [name, unit] : units) json.member(name, unit);
     json.endObject();
   }
+  writeTexts(json, data);
   if (stored && isPresentedOtherwise(data.root())) {
     json.key("stored");
     DataWriter(json, data, ValueForm::Stored).write(data.root(), isPresentedOtherwise);

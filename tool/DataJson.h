@@ -9,8 +9,9 @@ namespace VelkTool {
 /// block as null.
 void writeData(JsonWriter& json, const Velk::BlockData& data, Velk::ValueForm form);
 
-/// Adds the members that describe the data: `units` by field name without indices, and with `stored` the stored values
-/// of all scaled fields. Empty members are omitted.
+/// Adds the members that describe the data: `units` by field name without indices, `texts` of the fields that print
+/// writes in a notation of their own, and with `stored` the stored values of all scaled fields. Empty members are
+/// omitted.
 void writeDataNotes(JsonWriter& json, const Velk::BlockData& data, bool stored);
 
 /// Writes one value.

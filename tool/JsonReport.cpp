@@ -6,6 +6,7 @@
 #include "FindingReport.h"
 #include "Utf8.h"
 #include "velk/checks/FindingTable.h"
+#include "velk/data/ModuleIdentity.h"
 
 namespace VelkTool {
 namespace {
@@ -83,10 +84,14 @@ void writeFile(JsonWriter& json, const Velk::ImageFile& file) {
   writeRanges(json, "lost", file.lost);
 }
 
-/// Begins a line about a file.
-void beginLine(JsonWriter& json, const std::string& name) {
+/// Begins a line about a file of a module.
+void beginLine(JsonWriter& json, const std::string& name, const Velk::ModuleIdentity& module) {
   json.beginObject().member("schema", jsonSchema);
   writeFileName(json, "file", name);
+  json.key("serial");
+  module.serialNumber ? json.value(*module.serialNumber) : json.value(nullptr);
+  json.key("module");
+  module.serialNumber ? json.value(module.name) : json.value(nullptr);
 }
 
 /// Writes a line for a file without blocks, with the members of a line for a block.
@@ -96,7 +101,7 @@ void writeLineWithoutBlock(JsonWriter& json, const Velk::ImageFile& file, const 
   const std::string text = !isRead                  ? file.error
                            : !file.findings.empty() ? file.findings.front().describe()
                                                     : "holds no block";
-  beginLine(json, name);
+  beginLine(json, name, {});
   if (!isRead) json.member("error", file.error);
   json.member("offset", 0).member("size", file.bytes.size()).member("id", nullptr).member("name", nullptr);
   json.member("declaredSize", nullptr).member("kind", "none").member("verdict", kind.name).member("sound", false);
@@ -176,8 +181,9 @@ void writeJsonLines(Session& session, const Inputs& inputs, SearchedBlocks& sear
     JsonWriter json([&](std::string_view text) { part.write(text); }, JsonWriter::Layout::OneLine);
     const bool hasBlocks = input.file.error.empty() && input.image.begin() != input.image.end();
     if (!hasBlocks) return writeLineWithoutBlock(json, input.file, input.name);
+    const Velk::ModuleIdentity module = identityOf(input.image);
     searched.forEach(input.image, [&](const Velk::BlockView& block) {
-      beginLine(json, input.name);
+      beginLine(json, input.name, module);
       if (block.kind == Velk::BlockKind::Stray) {
         json.member("id", nullptr).member("name", nullptr).member("declaredSize", nullptr);
       }

@@ -2,6 +2,7 @@
 
 #include "JsonWriter.h"
 #include "velk/bytes/HexText.h"
+#include "velk/fields/Quantity.h"
 
 namespace VelkTool {
 namespace {
@@ -16,20 +17,12 @@ std::string bytesText(const Velk::BlockView& block, const std::optional<Velk::Fi
   return ' ' + text + ')';
 }
 
-/// Formats a unit as " dB"; one that begins with a number, such as 1/10000, goes in parentheses.
-std::string unitText(std::string_view unit) {
-  if (unit.empty()) return {};
-  const bool isStep = unit.front() >= '0' && unit.front() <= '9';
-  return isStep ? " (" + std::string(unit) + ')' : ' ' + std::string(unit);
-}
-
 }  // namespace
 
 std::string valueText(Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form) {
-  std::string text = fieldText(block, element, form);
-  if (element.field->kind == Velk::FieldKind::Text) return jsonText(text);
-  if (form == Velk::ValueForm::Presented) text += unitText(element.field->unit);
-  return text;
+  const bool isPresented = form == Velk::ValueForm::Presented;
+  std::string text = isPresented ? quantityText(block, element) : fieldText(block, element, form);
+  return element.field->kind == Velk::FieldKind::Text ? jsonText(text) : text;
 }
 
 std::string sidesText(const Velk::BlockView& first, const Velk::BlockView& second, const Velk::Difference& difference) {

@@ -8,7 +8,7 @@
 
 namespace VelkTool {
 
-/// Formats one value of a block for display: texts quoted and escaped, presented numbers with their unit.
+/// Formats one value of a block for display: texts quoted and escaped, presented ones as people write them.
 std::string valueText(Velk::ConstBytes block, const Velk::FieldElement& element, Velk::ValueForm form);
 
 /// Formats the two sides of a difference as "1 -> 2"; adds their bytes if both values look the same.

@@ -64,7 +64,7 @@ class CsvExporter {
  private:
   /// Skips the end block unless its id is requested.
   bool isWanted(const BlockView& block) const {
-    return block.kind != Velk::BlockKind::End || !searched_.selection().ids.empty();
+    return block.kind != Velk::BlockKind::End || !searched_.selection().patterns.empty();
   }
 
   bool hasOneTable(const Input& input) {

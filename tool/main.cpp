@@ -77,6 +77,7 @@ int main(int argc, char** argv) {
   addPrint(app, session);
   addIds(app, session);
   addExport(app, session);
+  addGet(app, session);
   addDiff(app, session);
   addSet(app, session);
   addRedact(app, session);

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Commands.h"
 #include "Files.h"
 #include "Images.h"
@@ -8,6 +10,9 @@
 #include "velk/data/BlockSeal.h"
 #include "velk/data/DataLookup.h"
 #include "velk/data/ValueEdit.h"
+#include "velk/data/WrittenForm.h"
+#include "velk/fields/Notation.h"
+#include "velk/fields/Quantity.h"
 
 namespace VelkTool {
 namespace {
@@ -49,12 +54,9 @@ class Editor {
   std::optional<BlockView> choose(const Input& input) {
     std::vector<BlockView> blocks;
     forEachBlock(input.image, selection_, [&](const BlockView& block) { blocks.push_back(block); });
-    const int id = selection_.ids.front();
-    if (blocks.empty()) return refuse(input.name, noSuchBlock(id, selection_.occurrence));
-    if (blocks.size() > 1) {
-      return refuse(input.name, "has " + std::to_string(blocks.size()) + " blocks of id " + std::to_string(id) +
-                                    "; use --nth to choose one");
-    }
+    const Velk::BlockPattern& wanted = selection_.patterns.front();
+    if (blocks.empty()) return refuse(input.name, noSuchBlock(wanted, selection_.occurrence));
+    if (blocks.size() > 1) return refuse(input.name, ambiguous(wanted, blocks));
     const BlockView& block = blocks.front();
     if (block.has(Velk::Finding::UnbelievableSize)) {
       return refuse(input.name, placeText(block) + ": " + Velk::describe(block, Velk::Finding::UnbelievableSize));
@@ -64,6 +66,13 @@ class Editor {
                                     ", use --force to change it and correct its checks");
     }
     return block;
+  }
+
+  static std::string ambiguous(const Velk::BlockPattern& wanted, const std::vector<BlockView>& blocks) {
+    const bool isOneId = std::ranges::all_of(blocks, [&](const BlockView& block) { return block.id == blocks[0].id; });
+    return "has " + std::to_string(blocks.size()) + " blocks " +
+           (wanted.id() ? "of id " + std::to_string(*wanted.id()) : wanted.text()) +
+           (isOneId ? "; use --nth to choose one" : "; use --id with one of their names");
   }
 
   /// Sets the values. Returns a line for each change, or nothing if one of them cannot be set.
@@ -77,7 +86,7 @@ class Editor {
     for (const std::string& assignment : edit_.assignments) {
       const std::size_t equals = assignment.find('=');
       const std::string path = assignment.substr(0, equals);
-      const std::string before = textOf(block, path, form);
+      const Shown before = show(block, path, form);
       const std::string refusal =
           equals == assignment.npos
               ? "\"" + assignment + "\" is not of the form name=value"
@@ -85,18 +94,39 @@ class Editor {
       if (!refusal.empty()) {
         return refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
       }
-      changes.append(Velk::blockName(block)).append(" ").append(path).append(": ").append(before).append(" -> ");
-      changes.append(textOf(block, path, form)).append("\n");
+      changes += Velk::blockName(block) + ' ' + changeText(before, show(block, path, form)) + '\n';
     }
     Velk::sealBlock(bytes, block.kind);
     input.file.bytes = std::move(changed);
     return changes;
   }
 
-  static std::string textOf(const BlockView& block, std::string_view path, ValueForm form) {
+  /// A value as people write it, and as export shows it if that differs.
+  struct Shown {
+    std::string path{};
+    std::string text{};
+    std::string exported{};
+  };
+
+  static Shown show(const BlockView& block, std::string_view path, ValueForm form) {
     const Velk::BlockData data(block, Velk::Extent::Capacity);
-    const Velk::DataLookup lookup = Velk::findValue(data.root(), path);
-    return lookup.value ? valueText(block.bytes, lookup.value->element(), form) : std::string();
+    const Velk::DataLookup place = Velk::findPlace(data.root(), path);
+    if (!place.value) return {};
+    if (place.value->kind() != Velk::DataNode::Kind::Value) {
+      const Velk::BlockData inUse(block);
+      const auto address = Velk::writtenForm(inUse, *Velk::findPlace(inUse.root(), path).value);
+      return {place.path, address.value_or("")};
+    }
+    const Velk::FieldElement& element = place.value->element();
+    const bool isBoth = form == ValueForm::Presented && (element.field->notation != Velk::Notation::Plain ||
+                                                         Velk::quantityOf(*element.field).isDivided());
+    return {place.path, valueText(block.bytes, element, form), isBoth ? fieldText(block.bytes, element, form) : ""};
+  }
+
+  static std::string changeText(const Shown& before, const Shown& after) {
+    std::string text = after.path + ": " + before.text + " -> " + after.text;
+    if (!after.exported.empty()) text += " (" + before.exported + " -> " + after.exported + ')';
+    return text;
   }
 
   Session& session_;
@@ -119,8 +149,11 @@ void addSet(CLI::App& app, Session& session) {
   command->add_flag("--force", edit->force, "Change the block even if it is not sound");
   const auto output = addOutput(*command);
   command->footer(
-      "Names are those that export shows; indices count from 0. Either all values are set or none.\n\n"
-      "Examples:\n  velk set module.bin --id 2 serialNumber=123456 productDate=2017-03-15 -o changed.bin\n"
+      "Names are those that export or print shows; indices count from 0. A value is written as export shows it, as "
+      "print\n"
+      "shows it (1141.1000.02, 13.00), or in its unit (0.26dB); a change shows both. Either all values are set or "
+      "none.\n\n"
+      "Examples:\n  velk set module.bin --id IDENT_2 SN=123456 productDate=2017-03-15 -o changed.bin\n"
       "  velk set module.bin --id 2 name=\"RF board\" --in-place --backup");
   command->callback(
       [&session, inputs, selection, edit, output] { Editor(session, *inputs, *selection, *edit, *output).run(); });

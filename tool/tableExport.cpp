@@ -60,20 +60,21 @@ void exportTable(Session& session, const Inputs& inputs, const Selection& select
     session.complain(name, what);
     session.worsen(Exit::Usage);
   };
-  const int id = selection.ids.front();
-  if (makeExchangeTable(id) == nullptr) {
-    return refuse(file, "blocks of id " + std::to_string(id) + " have no text form that can be read back");
+  const Velk::BlockPattern& wanted = selection.patterns.front();
+  if (wanted.id() && makeExchangeTable(*wanted.id()) == nullptr) {
+    return refuse(file, "blocks of id " + std::to_string(*wanted.id()) + " have no text form that can be read back");
   }
   if (isSameFile(file, out)) return refuse(out, "would overwrite its input");
   forEachInput(session, inputs, [&](const Input& input) {
     bool isWritten = false;
     forEachBlock(input.image, selection, [&](const Velk::BlockView& block) {
-      if (isWritten || block.row == nullptr) return;
+      if (isWritten || block.row == nullptr || makeExchangeTable(block.id) == nullptr) return;
       writeTable(session, input.name, block, out);
       isWritten = true;
     });
     if (isWritten) return;
-    session.complain(input.name, noSuchBlock(id, selection.occurrence));
+    session.complain(input.name, noSuchBlock(wanted, selection.occurrence) +
+                                     (wanted.id() ? "" : " with a text form that can be read back"));
     session.worsen(Exit::Findings);
   });
 }

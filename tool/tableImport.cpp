@@ -28,7 +28,7 @@ class ImageWithTables {
     const Velk::MemoryImage walked(image_, inputs_.offset, inputs_.sectorSize);
     const std::optional<BlockView> former = firstBlockOf(walked, id);
     if (former) return replace(walked, *former, replacementOf(*former, table));
-    if (!append) return noSuchBlock(id) + "; --append would add it";
+    if (!append) return noSuchBlock(Velk::BlockPattern(id)) + "; --append would add it";
     return add(walked, table);
   }
 

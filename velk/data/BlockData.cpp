@@ -134,12 +134,22 @@ const FieldInfo* DataNode::field() const {
   return elements == nullptr ? nullptr : elements->field;
 }
 
-std::optional<DataNode> DataNode::find(std::string_view name) const {
+std::optional<std::size_t> DataNode::indexOf(std::string_view name) const {
   if (kind() != Kind::Record) return std::nullopt;
   for (std::size_t i = 0; i < size(); ++i) {
-    if (name == nameOf(i)) return (*this)[i];
+    if (name == nameOf(i)) return i;
   }
-  return std::nullopt;
+  const auto* const record = std::get_if<Record>(&place_);
+  if (record == nullptr || name.empty()) return std::nullopt;
+  const auto field =
+      std::ranges::find(record->fields, name, [](const FieldInfo& one) { return std::string_view(one.key); });
+  if (field == record->fields.end()) return std::nullopt;
+  return static_cast<std::size_t>(field - record->fields.begin());
+}
+
+std::optional<DataNode> DataNode::find(std::string_view name) const {
+  const auto index = indexOf(name);
+  return index ? std::optional((*this)[*index]) : std::nullopt;
 }
 
 DataNode DataNode::Record::list(const BlockData& data, const FieldInfo& field) const {

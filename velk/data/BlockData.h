@@ -49,7 +49,10 @@ class VELK_EXPORT DataNode {
   std::optional<FieldElement> valueAt(std::size_t index) const;
   /// Returns the name of a member; `index` must be below size() of a record.
   const char* nameOf(std::size_t index) const;
-  /// Returns the member of a record with this name, or nothing.
+  /// Returns the index of the member of a record with this name, or with this key in the text of the block, such as SN;
+  /// nothing if there is none.
+  std::optional<std::size_t> indexOf(std::string_view name) const;
+  /// Returns that member, or nothing.
   std::optional<DataNode> find(std::string_view name) const;
   /// Returns the field of a value, list or table if its record declares one; else null.
   const FieldInfo* field() const;

@@ -36,6 +36,15 @@ enum class FieldKind : unsigned char {
   Name,  ///< a number that stands for one of several names
 };
 
+/// How people write a field whose digits alone are hard to read. See Notation.h.
+enum class Notation : unsigned char {
+  Plain,
+  PartNumber,  ///< 1141.1000.02: a number of eight digits, and the byte after it, the variant
+  DigitPairs,  ///< 13.00
+  Hours,       ///< 00000/012345: millions, and the rest
+  Address,     ///< 00:90:B8:12:34:56, of a list of bytes
+};
+
 /// presented = stored * factor + bias
 struct Scaling {
   double factor = 1;
@@ -68,6 +77,8 @@ struct FieldInfo {
   const char* usedRows = "";                      ///< the field of the same record that counts the elements in use
   const char* usedCols = "";                      ///< the same for the columns of a table
   const char* (*nameOf)(std::int64_t) = nullptr;  ///< of a Name
+  const char* key = "";                           ///< what the text of the block calls it, such as "SN"
+  Notation notation = Notation::Plain;
 
   constexpr Scaling scaling() const { return {scale, bias, divisor}; }
 
@@ -127,6 +138,14 @@ struct FieldInfo {
     field.nameOf = namer;
     return field;
   }
+  /// Sets what the text of the block calls the field, and how it writes the field.
+  constexpr FieldInfo keyed(const char* textKey, Notation textNotation = Notation::Plain) const {
+    FieldInfo field = *this;
+    field.key = textKey;
+    field.notation = textNotation;
+    return field;
+  }
+  constexpr FieldInfo written(Notation textNotation) const { return keyed(key, textNotation); }
   constexpr FieldInfo openList() const {
     FieldInfo field = *this;
     field.rank = 1;

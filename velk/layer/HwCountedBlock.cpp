@@ -22,7 +22,7 @@ std::ostream& printList(std::ostream& os, ConstBytes block, const ListTraits& tr
   const std::int64_t count = integerValue(block, {&traits.count(), traits.count().offset});
   TextWriter text(os);
   printHeading(text, block, traits);
-  if (form.countWidth != 0) text.key(form.countKey, form.countWidth).number(count).endLine();
+  if (form.countWidth != 0) printKey(text, traits.count(), form.countWidth).number(count).endLine();
   withScalarType(values.type, [&]<class T>(T) {
     for (std::int64_t i = 0; i < count && text.ok(); ++i) {
       text.text(form.rowKey).number(i + 1).text(form.separator);

@@ -16,16 +16,15 @@ struct VELK_RECORD CountedRecord {
   bool operator==(const CountedRecord&) const = default;
 };
 
-template <class Record, int scale, UnitName unit>
+template <class Record, int scale, Literal unit, Literal countKey>
 inline constexpr FieldInfo countedFields[] = {
-    VELK_FIELD(Record, count),
-    VELK_FIELD(Record, values).in(unit.name, scale).counted("count"),
+    VELK_FIELD(Record, count).keyed(countKey.text),
+    VELK_FIELD(Record, values).in(unit.text, scale).counted("count"),
 };
 
 /// How the lines of a list are written.
 struct ListForm {
-  const char* countKey = "COUNT:";
-  unsigned char countWidth = 17;  ///< columns of the key; 0: no such line
+  unsigned char countWidth = 17;  ///< columns of the count's key; 0: no such line
   const char* rowKey = "";        ///< before the number of a value
   const char* separator = detail::rowSeparator;
   signed char decimals = -1;  ///< of a value; -1: integers in decimal, others in general notation
@@ -65,13 +64,13 @@ class VELK_EXPORT HwCountedBlock : public HwTypedRecordBlock<Record, ListTraits>
 
   using HwTypedRecordBlock<Record, ListTraits>::HwTypedRecordBlock;
 
-  /// Completes the traits of a class by its record, and by the unit of its values times `scale`, which is how its text
-  /// presents them.
-  template <UnitName unit = "", int scale = 1>
+  /// Completes the traits of a class by its record, by the unit of its values times `scale`, which is how its text
+  /// presents them, and by what its text calls the count.
+  template <Literal unit = "", int scale = 1, Literal countKey = "COUNT">
   static constexpr ListTraits listTraits(const RecordTraits& traits, const ListForm& form = {}) {
     static_assert(scale == 1 || std::is_same_v<Value, unsigned int>);
     ListTraits list{HwCountedBlock::recordTraits(traits), form};
-    list.fields = countedFields<Record, scale, unit>;
+    list.fields = countedFields<Record, scale, unit, countKey>;
     return list;
   }
 

@@ -16,9 +16,9 @@ struct VELK_RECORD GridRecord {
   bool operator==(const GridRecord&) const = default;
 };
 
-template <class Record, UnitName unit>
+template <class Record, Literal unit>
 inline constexpr FieldInfo gridFields[] = {VELK_FIELD(Record, count),
-                                           VELK_FIELD(Record, cells).in(unit.name).counted("count")};
+                                           VELK_FIELD(Record, cells).in(unit.text).counted("count")};
 
 /// How the lines of a table are written. Its COUNT line has the number of steps and the name of the companion list of
 /// frequencies: the block's own name with another word in it.
@@ -65,7 +65,7 @@ class VELK_EXPORT HwGridBlock : public HwTypedRecordBlock<Record, GridTraits> {
   using HwTypedRecordBlock<Record, GridTraits>::HwTypedRecordBlock;
 
   /// Completes the traits of a class by its record, and by the unit of its cells.
-  template <UnitName unit = "">
+  template <Literal unit = "">
   static constexpr GridTraits gridTraits(const RecordTraits& traits, const GridForm& form) {
     GridTraits grid{HwGridBlock::recordTraits(traits), form};
     grid.fields = gridFields<Record, unit>;

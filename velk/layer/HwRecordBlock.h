@@ -32,14 +32,14 @@ struct RecordName {
   unsigned short length = 0;
 };
 
-/// The name of a unit, as a template argument: the values of lists and tables with the same record may have other ones.
-struct UnitName {
-  char name[12]{};
+/// A short text as a template argument: lists and tables with the same record may have other units, for example.
+struct Literal {
+  char text[12]{};
 
   template <std::size_t N>
-  constexpr UnitName(const char (&text)[N]) {
-    static_assert(N <= sizeof name);
-    std::copy_n(text, N, name);
+  constexpr Literal(const char (&characters)[N]) {
+    static_assert(N <= sizeof text);
+    std::copy_n(characters, N, text);
   }
 };
 

@@ -19,7 +19,7 @@ std::ostream& HwSingleValueBlock::printToStream(std::ostream& os) {
   constexpr std::size_t valueWidth = 12;
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), ownTraits());
-  text.key("COUNT:", valueWidth).number(getCount()).endLine();
+  detail::printKeyed(text, bytes(), ownTraits().fields[0], valueWidth).endLine();
   const FieldInfo& value = ownTraits().fields[1];
   text.key("1:", valueWidth).text(fieldText(bytes(), {&value, value.offset})).endLine();
   text.endLine();

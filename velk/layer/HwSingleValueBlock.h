@@ -15,7 +15,7 @@ struct VELK_RECORD SingleValueRecord {
 static_assert(sizeof(SingleValueRecord) == 16);
 
 inline constexpr FieldInfo singleValueFields[] = {
-    VELK_FIELD(SingleValueRecord, count),
+    VELK_FIELD(SingleValueRecord, count).keyed("COUNT"),
     VELK_FIELD(SingleValueRecord, value).counted("count"),
 };
 

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 
+#include "velk/fields/Notation.h"
 #include "velk/fields/ScalarDispatch.h"
 
 namespace Velk::detail {
@@ -52,6 +53,27 @@ void printComments(TextWriter& text, std::span<const char* const> comments) {
   for (const char* const comment : comments) {
     if (comment != nullptr) text.line(comment);
   }
+}
+
+TextWriter& printKey(TextWriter& text, const FieldInfo& field, std::size_t width) {
+  return text.text(field.key).text(":").padTo(width);
+}
+
+TextWriter& printKeyed(TextWriter& text, ConstBytes block, const FieldInfo& field, std::size_t width) {
+  return printKey(text, field, width).text(writtenText(block, {&field, field.offset}));
+}
+
+std::ostream& printKeyedFields(std::ostream& os, ConstBytes block, const RecordTraits& traits, std::size_t width) {
+  TextWriter text(os);
+  printHeading(text, block, traits);
+  for (const FieldInfo& field : traits.fields) {
+    for (std::size_t i = 0; *field.key != '\0' && i < field.rows; ++i) {
+      const std::size_t offset = field.offset + i * field.stride;
+      printKey(text, field, width).text(writtenText(block, {&field, offset})).endLine();
+    }
+  }
+  text.endLine();
+  return os;
 }
 
 std::ostream& printFields(std::ostream& os, ConstBytes block, const RecordTraits& traits) {

@@ -13,6 +13,17 @@ void printComments(TextWriter& text, std::span<const char* const> comments);
 /// Writes the comment lines and the ID line of a record.
 void printHeading(TextWriter& text, ConstBytes block, const RecordTraits& traits);
 
+/// Writes the key of a field as "SN:", with the blanks after it.
+TextWriter& printKey(TextWriter& text, const FieldInfo& field, std::size_t width = TextWriter::keyWidth);
+
+/// Writes the key of a field and its value, but does not end the line.
+TextWriter& printKeyed(TextWriter& text, ConstBytes block, const FieldInfo& field,
+                       std::size_t width = TextWriter::keyWidth);
+
+/// Writes the whole text of a record of which each line is a field with a key; each element of a list has its line.
+std::ostream& printKeyedFields(std::ostream& os, ConstBytes block, const RecordTraits& traits,
+                               std::size_t width = TextWriter::keyWidth);
+
 /// Writes the whole text of a record of any fields: a line for each value in use, with its name, value and unit.
 std::ostream& printFields(std::ostream& os, ConstBytes block, const RecordTraits& traits);
 

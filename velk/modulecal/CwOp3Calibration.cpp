@@ -20,20 +20,7 @@ std::ostream& HwDatablockCwOp3AmGainData::printToStream(std::ostream& os) {
 
 std::ostream& HwDatablockCwop6VcoIdent::printToStream(std::ostream& os) {
   constexpr std::size_t labelWidth = 18;
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  const auto line = [&](const char* label, unsigned value) { text.key(label, labelWidth).number(value).endLine(); };
-  line("JOBNR:", getJobNumber());
-  line("SERNR:", getSerialNumber());
-  line("LOTNR:", getLotNumber());
-  line("TAZ:", getTaz());
-  line("OSC3SUB_H:", getOsc3Subh());
-  line("OSC3SUB_L:", getOsc3Subl());
-  line("OSC2SUB_H:", getOsc2Subh());
-  line("OSC2SUB_L:", getOsc2Subl());
-  line("OSC1SUB_H:", getOsc1Subh());
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits, labelWidth);
 }
 
 std::ostream& HwDatablockCwopDetLinCorrData::printToStream(std::ostream& os) {

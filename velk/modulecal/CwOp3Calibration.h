@@ -99,15 +99,15 @@ struct VELK_RECORD HwSDatablockCwop6VcoIdent {
 static_assert(sizeof(HwSDatablockCwop6VcoIdent) == 28);
 
 inline constexpr FieldInfo vcoIdentFields[] = {
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber).personal(),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber).personal(),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, lotNumber).personal(),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, taz),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subh),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subl),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subh),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subl),
-    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc1Subh),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, jobNumber).keyed("JOBNR").personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, serialNumber).keyed("SERNR").personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, lotNumber).keyed("LOTNR").personal(),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, taz).keyed("TAZ"),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subh).keyed("OSC3SUB_H"),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc3Subl).keyed("OSC3SUB_L"),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subh).keyed("OSC2SUB_H"),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc2Subl).keyed("OSC2SUB_L"),
+    VELK_FIELD(HwSDatablockCwop6VcoIdent, osc1Subh).keyed("OSC1SUB_H"),
 };
 
 class VELK_EXPORT HwDatablockCwop6VcoIdent : public HwTypedRecordBlock<HwSDatablockCwop6VcoIdent> {

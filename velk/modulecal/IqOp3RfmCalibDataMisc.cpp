@@ -15,37 +15,6 @@ constexpr const FieldInfo& pmaxBz = fieldNamed(iqOp3MiscFields, "pmaxBz");
 constexpr const FieldInfo& toleranceLevAtt_15 = fieldNamed(iqOp3MiscFields, "toleranceLevAtt_15");
 constexpr const FieldInfo& toleranceLevAtt_30_45 = fieldNamed(iqOp3MiscFields, "toleranceLevAtt_30_45");
 
-constexpr const char* v20Labels[] = {"LMAX_LOW:",
-                                     "LMAX_MED:",
-                                     "LMAX_HIGH:",
-                                     "LMAX_OVR:",
-                                     "LCAL_SENS_LOW:",
-                                     "LCAL_SENS_MED:",
-                                     "LCAL_SENS_HIGH:",
-                                     "LCAL_SENS_OVR:",
-                                     "VCAL_SENS_LOW:",
-                                     "VCAL_SENS_MED:",
-                                     "VCAL_SENS_HIGH:",
-                                     "VCAL_SENS_OVR:",
-                                     "LRANGE_CW_NORM:",
-                                     "LRANGE_CW_OVR:",
-                                     "LRANGE_IQ_NORM:",
-                                     "LRANGE_IQ_OVR:",
-                                     "UIQ:",
-                                     "LCON_RESERVE_CW_NORM:",
-                                     "LCON_RESERVE_CW_OVR:",
-                                     "LCON_RESERVE_IQ_NORM:",
-                                     "LCON_RESERVE_IQ_OVR:",
-                                     "LPRE_CAL_LEV_CW_NORM:",
-                                     "LPRE_CAL_LEV_CW_OVR:",
-                                     "LPRE_CAL_LEV_IQ_NORM:",
-                                     "LPRE_CAL_LEV_IQ_OVR:",
-                                     "DETATT_LOW:",
-                                     "DETATT_MED:",
-                                     "DETATT_HIGH:",
-                                     "DETATT_OVR:"};
-static_assert(std::size(v20Labels) == std::size(iqOp3MiscV20Fields));
-
 /// Writes an empty line and the comment that explains the lines after it.
 void printSection(TextWriter& text, const char* comment) {
   text.endLine();
@@ -77,7 +46,7 @@ std::ostream& HwDatablockIqOp3RfmCalibDataMisc::printToStream(std::ostream& os) 
   const std::uint64_t states = getNumberOfOperatingStates();
   TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  text.key("COUNT_BZ:").number(states).endLine();
+  detail::printKeyed(text, bytes(), fieldNamed(iqOp3MiscFields, "numberOfOperatingStates")).endLine();
   text.line("# Basisbandspannung (V) des Betriebszustandes x, gemessen an den Eing�ngen I und Q des Moduls");
   text.endLine();
   printStates(text, "UIQ_BZ", "\t V", states, [&](std::int64_t i) { text.general(get(&Record::uiqBz, i)); });
@@ -143,9 +112,8 @@ std::ostream& HwDatablockIqOp3RfmCalibDataMiscV20::printToStream(std::ostream& o
   constexpr std::size_t labelWidth = 23;
   TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  for (std::size_t i = 0; i < std::size(v20Labels); ++i) {
-    const FieldInfo& field = iqOp3MiscV20Fields[i];
-    text.key(v20Labels[i], labelWidth);
+  for (const FieldInfo& field : iqOp3MiscV20Fields) {
+    detail::printKey(text, field, labelWidth);
     if (field.type == ScalarType::F32) {
       text.general(loadPadded<float>(field.offset));
     } else {

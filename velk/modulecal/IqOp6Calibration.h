@@ -10,9 +10,9 @@ static_assert(sizeof(HwSDatablockIqOp6PmaxBz) == 44);
 /// Maximum power of the I/Q output stage for each operating state.
 class VELK_EXPORT HwDatablockIqOp6PmaxBz : public HwCountedBlock<HwSDatablockIqOp6PmaxBz> {
  public:
-  static constexpr ListTraits traits =
-      listTraits({.id = 10900, .refusal = "HwSDatablockIqOp6PmaxBz", .keys = {"IQOP6_PMAX_BZ"}, .idWidth = 20},
-                 {.countKey = "COUNT_BZ:", .countWidth = 20});
+  static constexpr ListTraits traits = listTraits<"", 1, "COUNT_BZ">(
+      {.id = 10900, .refusal = "HwSDatablockIqOp6PmaxBz", .keys = {"IQOP6_PMAX_BZ"}, .idWidth = 20},
+      {.countWidth = 20});
 
   HwDatablockIqOp6PmaxBz() : HwCountedBlock(traits, true) {}
 

@@ -31,7 +31,7 @@ std::ostream& HwTemperatureGradientBlock::printToStream(std::ostream& os) {
   constexpr std::size_t temperatureWidth = 16;
   TextWriter text(os);
   detail::printHeading(text, bytes(), ownTraits());
-  text.key("VTemp:", temperatureWidth).number(getCalibTemp()).endLine();
+  detail::printKeyed(text, bytes(), fieldNamed(temperatureGradientFields, "calibTemp"), temperatureWidth).endLine();
   printTable(text, bytes(), fieldNamed(temperatureGradientFields, "tempGradient"), count_, gradientColumns);
   return os;
 }

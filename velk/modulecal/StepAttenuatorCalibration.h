@@ -126,7 +126,7 @@ static_assert(sizeof(HwSDatablockSAtt3CalibDataTemp) == 4060);
 using HwSDatablockSAtt6CalibDataTemp = HwSDatablockSAtt3CalibDataTemp;
 
 inline constexpr FieldInfo temperatureGradientFields[] = {
-    VELK_FIELD(HwSDatablockSAtt3CalibDataTemp, calibTemp),
+    VELK_FIELD(HwSDatablockSAtt3CalibDataTemp, calibTemp).keyed("VTemp"),
     VELK_FIELD(HwSDatablockSAtt3CalibDataTemp, tempGradient),
 };
 

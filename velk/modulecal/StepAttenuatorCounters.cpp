@@ -19,7 +19,7 @@ std::ostream& HwOverloadCounterBlock::printToStream(std::ostream& os) {
   TextWriter text(os);
   text.line((*comments_)[which]);
   text.key("ID:").text(ownTraits().keys[which]).endLine();
-  text.key("COUNT_VALUE:").number(getCounterValue()).endLine();
+  detail::printKeyed(text, bytes(), overloadCounterFields[0]).endLine();
   text.endLine();
   return os;
 }
@@ -40,7 +40,8 @@ std::ostream& HwDatablockSAttCCounter::printToStream(std::ostream& os) {
   const int which = getId() - traits.id;
   if (which >= 0 && which < static_cast<int>(std::size(comments))) text.line(comments[which]);
   detail::printHeading(text, bytes(), traits);
-  text.key("COUNT_VALUE:", valueWidth).number(getCounterValue(0)).text(" ").number(getCounterValue(1)).endLine();
+  detail::printKey(text, satCounterFields[0], valueWidth);
+  text.number(getCounterValue(0)).text(" ").number(getCounterValue(1)).endLine();
   text.endLine();
   return os;
 }

@@ -16,7 +16,8 @@ struct VELK_RECORD HwSDatablockSAtt3OWLDCounter {
 static_assert(sizeof(HwSDatablockSAtt3OWLDCounter) == 12);
 using HwSDatablockSAtt6OWLDCounter = HwSDatablockSAtt3OWLDCounter;
 
-inline constexpr FieldInfo overloadCounterFields[] = {VELK_FIELD(HwSDatablockSAtt3OWLDCounter, counterValue)};
+inline constexpr FieldInfo overloadCounterFields[] = {
+    VELK_FIELD(HwSDatablockSAtt3OWLDCounter, counterValue).keyed("COUNT_VALUE")};
 
 /// Two counters under two ids; the second id's text serves every other id as well.
 class VELK_EXPORT HwOverloadCounterBlock : public HwTypedRecordBlock<HwSDatablockSAtt3OWLDCounter> {
@@ -77,7 +78,8 @@ struct VELK_RECORD HwSDatablockSAttCCounter {
 };
 static_assert(sizeof(HwSDatablockSAttCCounter) == 16);
 
-inline constexpr FieldInfo satCounterFields[] = {VELK_FIELD(HwSDatablockSAttCCounter, counterValue)};
+inline constexpr FieldInfo satCounterFields[] = {
+    VELK_FIELD(HwSDatablockSAttCCounter, counterValue).keyed("COUNT_VALUE")};
 
 /// Overload and high-power counters of a step attenuator and their backups, under four ids.
 class VELK_EXPORT HwDatablockSAttCCounter : public HwTypedRecordBlock<HwSDatablockSAttCCounter> {

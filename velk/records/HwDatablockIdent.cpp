@@ -8,33 +8,23 @@
 namespace Velk {
 namespace {
 
-/// Writes two groups of two digits with a point between them.
-void printPair(detail::TextWriter& text, const char* key, unsigned value) {
-  text.key(key).padded(value / 100, 2).text(".").padded(value % 100, 2).endLine();
-}
+constexpr const FieldInfo& eepromSize = fieldNamed(identFields, "eepromSize");
+constexpr const FieldInfo& nameField = fieldNamed(identFields, "name");
 
 }  // namespace
 
 QString HwIdentRecordBlock::getName() const {
-  const std::string_view name = nameBytes();
+  const std::string_view name = getText(&HwSDatablockIdent::name);
   return QString::fromLocal8Bit(name.data(), static_cast<qsizetype>(name.size()));
 }
 
 void HwIdentRecordBlock::setName(const QString& name) { setText(&HwSDatablockIdent::name, name.toLocal8Bit()); }
 
-void HwIdentRecordBlock::printPartNumber(detail::TextWriter& text) const {
-  const unsigned number = getPartNumber();
-  text.key("PARTNUMBER:").number(number / 10000).text(".").padded(number % 10000, 4);
-  text.text(".").padded(getVariant(), 2).endLine();
-}
-
 void HwIdentRecordBlock::printProduct(detail::TextWriter& text) const {
-  text.key("HWCODE:").number(getHardwareCode()).endLine();
-  printPair(text, "PRODUCTINDEX:", getProductIndex());
-  text.key("SN:").number(getSerialNumber()).endLine();
-  text.key("PRODUCTDATE:").date(PackedDate::of(getProductDate())).endLine();
-  text.key("READCODE:").number(getReadCode()).endLine();
-  printPair(text, "TESTINSTRUCTION:", getTestInstruction());
+  for (const FieldInfo& field : identFields) {
+    const bool isProduct = *field.key != '\0' && &field != &eepromSize && &field != &nameField;
+    if (isProduct) detail::printKeyed(text, bytes(), field).endLine();
+  }
 }
 
 std::ostream& HwDatablockIdent::printToStream(std::ostream& os) {
@@ -43,10 +33,9 @@ std::ostream& HwDatablockIdent::printToStream(std::ostream& os) {
   text.line("# Das sind die Kopfdaten");
   text.key("ID:").text("IDENT_").number(getId()).endLine();
   text.key("ALIGNMENT:").number(getAlignment()).endLine();
-  text.key("EEPROMSIZE:").number(getEepromSize()).endLine();
-  printPartNumber(text);
+  detail::printKeyed(text, bytes(), eepromSize).endLine();
   printProduct(text);
-  text.key("NAME:").text(nameBytes()).text(getId() == idWithLongName ? "  " : "").endLine();
+  detail::printKeyed(text, bytes(), nameField).text(getId() == idWithLongName ? "  " : "").endLine();
   text.endLine();
   return os << std::setfill('0') << std::right;
 }
@@ -54,9 +43,8 @@ std::ostream& HwDatablockIdent::printToStream(std::ostream& os) {
 std::ostream& HwDatablockMiscIdent::printToStream(std::ostream& os) {
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  printPartNumber(text);
   printProduct(text);
-  text.key("NAME:").text(nameBytes()).endLine();
+  detail::printKeyed(text, bytes(), nameField).endLine();
   text.endLine();
   return os << std::setfill('0') << std::right;
 }

@@ -30,16 +30,16 @@ struct VELK_RECORD HwSDatablockIdent {
 static_assert(sizeof(HwSDatablockIdent) == 44);
 
 inline constexpr FieldInfo identFields[] = {
-    VELK_FIELD(HwSDatablockIdent, eepromSize),
-    VELK_FIELD(HwSDatablockIdent, partNumber),
+    VELK_FIELD(HwSDatablockIdent, eepromSize).keyed("EEPROMSIZE"),
+    VELK_FIELD(HwSDatablockIdent, partNumber).keyed("PARTNUMBER", Notation::PartNumber),
     VELK_FIELD(HwSDatablockIdent, variant),
-    VELK_FIELD(HwSDatablockIdent, hardwareCode),
-    VELK_FIELD(HwSDatablockIdent, productIndex),
-    VELK_FIELD(HwSDatablockIdent, serialNumber).personal(),
-    VELK_FIELD(HwSDatablockIdent, productDate).asDate(),
-    VELK_FIELD(HwSDatablockIdent, readCode),
-    VELK_FIELD(HwSDatablockIdent, testInstruction),
-    VELK_FIELD(HwSDatablockIdent, name).asText().personal(),
+    VELK_FIELD(HwSDatablockIdent, hardwareCode).keyed("HWCODE"),
+    VELK_FIELD(HwSDatablockIdent, productIndex).keyed("PRODUCTINDEX", Notation::DigitPairs),
+    VELK_FIELD(HwSDatablockIdent, serialNumber).keyed("SN").personal(),
+    VELK_FIELD(HwSDatablockIdent, productDate).asDate().keyed("PRODUCTDATE"),
+    VELK_FIELD(HwSDatablockIdent, readCode).keyed("READCODE"),
+    VELK_FIELD(HwSDatablockIdent, testInstruction).keyed("TESTINSTRUCTION", Notation::DigitPairs),
+    VELK_FIELD(HwSDatablockIdent, name).asText().keyed("NAME").personal(),
 };
 
 /// The ident record as a block: its fields and the lines that they print.
@@ -71,10 +71,8 @@ class VELK_EXPORT HwIdentRecordBlock : public HwTypedRecordBlock<HwSDatablockIde
  protected:
   using HwTypedRecordBlock::HwTypedRecordBlock;
 
-  void printPartNumber(detail::TextWriter& text) const;
-  /// Writes the lines from HWCODE on, without EEPROM size and name.
+  /// Writes the lines from the part number on, but not that of the name.
   void printProduct(detail::TextWriter& text) const;
-  std::string_view nameBytes() const { return getText(&HwSDatablockIdent::name); }
 };
 
 /// The identification block at the start of every module memory.

@@ -8,11 +8,7 @@
 namespace Velk {
 
 std::ostream& HwDatablockMbrdSerialNumber::printToStream(std::ostream& os) {
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  text.key("SN:").number(getSerialNumber()).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits);
 }
 
 QString HwDatablockMbrdModel::getModel() const {
@@ -38,11 +34,7 @@ void HwDatablockMbrdModel::swapBlock(const HwSDatablockMbrdModel* record) {
 }
 
 std::ostream& HwDatablockMbrdModel::printToStream(std::ostream& os) {
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  text.key("MODEL:").text(getText(&HwSDatablockMbrdModel::model)).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits);
 }
 
 HwDatablockMbrdMac::HwDatablockMbrdMac() : HwTypedRecordBlock(traits, true) {

@@ -16,7 +16,7 @@ struct VELK_RECORD HwSDatablockMbrdSerialNumber {
 static_assert(sizeof(HwSDatablockMbrdSerialNumber) == 12);
 
 inline constexpr FieldInfo mbrdSerialNumberFields[] = {
-    VELK_FIELD(HwSDatablockMbrdSerialNumber, serialNumber).personal()};
+    VELK_FIELD(HwSDatablockMbrdSerialNumber, serialNumber).keyed("SN").personal()};
 
 class VELK_EXPORT HwDatablockMbrdSerialNumber : public HwTypedRecordBlock<HwSDatablockMbrdSerialNumber> {
  public:
@@ -45,7 +45,7 @@ struct VELK_RECORD HwSDatablockMbrdModel {
 };
 static_assert(sizeof(HwSDatablockMbrdModel) == 40);
 
-inline constexpr FieldInfo mbrdModelFields[] = {VELK_FIELD(HwSDatablockMbrdModel, model).asText()};
+inline constexpr FieldInfo mbrdModelFields[] = {VELK_FIELD(HwSDatablockMbrdModel, model).asText().keyed("MODEL")};
 
 class VELK_EXPORT HwDatablockMbrdModel : public HwTypedRecordBlock<HwSDatablockMbrdModel> {
   /// Setting a name leaves the last byte unchanged.
@@ -87,7 +87,7 @@ static_assert(sizeof(HwSDatablockMbrdMac) == 256);
 
 inline constexpr FieldInfo mbrdMacFields[] = {
     VELK_FIELD(HwSDatablockMbrdMac, macLength),
-    VELK_FIELD(HwSDatablockMbrdMac, mac).counted("macLength").personal(),
+    VELK_FIELD(HwSDatablockMbrdMac, mac).counted("macLength").written(Notation::Address).personal(),
 };
 
 /// The network address of the mainboard, whose text is the block's bytes.

@@ -41,26 +41,11 @@ void HwDatablockServiceData::setServiceDateYear(unsigned short year) {
 }
 
 std::ostream& HwDatablockServiceData::printToStream(std::ostream& os) {
-  constexpr unsigned hoursPerGroup = 1000000;
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  text.key("DEPARTMENT:").text(getText(&HwSDatablockServiceData::department)).endLine();
-  text.key("SERVICEDATE:").date(date()).endLine();
-  text.key("OPHOURS:").padded(getOpTimeHours() / hoursPerGroup, 5).text("/");
-  text.padded(getOpTimeHours() % hoursPerGroup, 6).endLine();
-  text.key("REPAIRNUMBER:").number(getRepairNumber()).endLine();
-  text.key("SERVICECODE:").number(getServiceCode()).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits);
 }
 
 std::ostream& HwModificationBlock::printToStream(std::ostream& os) {
-  constexpr unsigned char entries = std::extent_v<decltype(HwSDatablockModification::serviceCode)>;
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), ownTraits());
-  for (unsigned char i = 0; i < entries; ++i) text.key("SERVICECODE:").number(getServiceCode(i)).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), ownTraits());
 }
 
 HwDatablockModification120::HwDatablockModification120() : HwDatablock(true) {
@@ -101,18 +86,14 @@ std::ostream& HwDatablockModification120::printToStream(std::ostream& os) {
   text.line(traits.comments[0]);
   text.key("ID:").text(traits.keys[0]).endLine();
   for (std::size_t i = 0; i < serviceCodes_.size() && text.ok(); ++i) {
-    text.key("SERVICECODE:").number(serviceCodes_[i]).endLine();
+    detail::printKey(text, modification120Fields[0]).number(serviceCodes_[i]).endLine();
   }
   text.endLine();
   return os;
 }
 
 std::ostream& HwDatablockStatistic::printToStream(std::ostream& os) {
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  text.key("OPHOURS:").number(getOpHours()).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits);
 }
 
 }  // namespace Velk

@@ -22,12 +22,15 @@ struct VELK_RECORD HwSDatablockServiceData {
 static_assert(sizeof(HwSDatablockServiceData) == 24);
 
 inline constexpr FieldInfo serviceFields[] = {
-    VELK_FIELD(HwSDatablockServiceData, department).asText().personal(),
-    VELK_FIELD(HwSDatablockServiceData, serviceDate).asDate(),
-    VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeHours", {.shift = 0, .width = 18}).in("h"),
+    VELK_FIELD(HwSDatablockServiceData, department).asText().keyed("DEPARTMENT").personal(),
+    VELK_FIELD(HwSDatablockServiceData, serviceDate).asDate().keyed("SERVICEDATE"),
+    VELK_FIELD(HwSDatablockServiceData, opTime)
+        .part("opTimeHours", {.shift = 0, .width = 18})
+        .in("h")
+        .keyed("OPHOURS", Notation::Hours),
     VELK_FIELD(HwSDatablockServiceData, opTime).part("opTimeTurnOn", {.shift = 18, .width = 14}),
-    VELK_FIELD(HwSDatablockServiceData, repairNumber).personal(),
-    VELK_FIELD(HwSDatablockServiceData, serviceCode),
+    VELK_FIELD(HwSDatablockServiceData, repairNumber).keyed("REPAIRNUMBER").personal(),
+    VELK_FIELD(HwSDatablockServiceData, serviceCode).keyed("SERVICECODE"),
 };
 
 /// Who serviced the module, when, after how many operating hours and why; a block for each service.
@@ -94,11 +97,12 @@ struct VELK_RECORD HwSDatablockModification {
 static_assert(sizeof(HwSDatablockModification) == 28);
 using HwSDatablockModification110 = HwSDatablockModification;
 
-inline constexpr FieldInfo modification110Fields[] = {VELK_FIELD(HwSDatablockModification, serviceCode)};
+inline constexpr FieldInfo modification110Fields[] = {
+    VELK_FIELD(HwSDatablockModification, serviceCode).keyed("SERVICECODE")};
 inline constexpr FieldInfo modificationFields[] = {
     modification110Fields[0],
-    modification110Fields[0].part("circularNr", {.shift = 0, .width = 14}),
-    modification110Fields[0].part("action", {.shift = 14, .width = 2}),
+    VELK_FIELD(HwSDatablockModification, serviceCode).part("circularNr", {.shift = 0, .width = 14}),
+    VELK_FIELD(HwSDatablockModification, serviceCode).part("action", {.shift = 14, .width = 2}),
 };
 
 /// The common base of the two modification blocks of ten entries. An index above 9 reads as 0 and is not written.
@@ -163,7 +167,7 @@ class VELK_EXPORT HwDatablockModification110 : public HwModificationBlock {
 };
 
 inline constexpr FieldInfo modification120Fields[] = {
-    detail::describeField<unsigned int>("serviceCode", sizeof(HwSDatablockHeader)).openList(),
+    detail::describeField<unsigned int>("serviceCode", sizeof(HwSDatablockHeader)).openList().keyed("SERVICECODE"),
 };
 
 /// Modifications as a list of 32-bit service codes that fills the block. Header and codes are also kept outside the
@@ -205,7 +209,7 @@ struct VELK_RECORD HwSDatablockStatistic {
 };
 static_assert(sizeof(HwSDatablockStatistic) == 12);
 
-inline constexpr FieldInfo statisticFields[] = {VELK_FIELD(HwSDatablockStatistic, opHours).in("h")};
+inline constexpr FieldInfo statisticFields[] = {VELK_FIELD(HwSDatablockStatistic, opHours).in("h").keyed("OPHOURS")};
 
 class VELK_EXPORT HwDatablockStatistic : public HwTypedRecordBlock<HwSDatablockStatistic> {
  public:

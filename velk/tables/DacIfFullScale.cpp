@@ -6,11 +6,7 @@ namespace Velk {
 
 std::ostream& HwDatablockDacIfFullScale::printToStream(std::ostream& os) {
   constexpr std::size_t labelWidth = 29;
-  detail::TextWriter text(os);
-  detail::printHeading(text, bytes(), traits);
-  text.key("FullscaleValue:", labelWidth).number(getFullScaleValue()).endLine();
-  text.endLine();
-  return os;
+  return detail::printKeyedFields(os, bytes(), traits, labelWidth);
 }
 
 }  // namespace Velk

@@ -13,7 +13,8 @@ struct VELK_RECORD HwSDatablockDacIfFullScale {
 };
 static_assert(sizeof(HwSDatablockDacIfFullScale) == 12);
 
-inline constexpr FieldInfo dacIfFullScaleFields[] = {VELK_FIELD(HwSDatablockDacIfFullScale, fullScaleValue)};
+inline constexpr FieldInfo dacIfFullScaleFields[] = {
+    VELK_FIELD(HwSDatablockDacIfFullScale, fullScaleValue).keyed("FullscaleValue")};
 
 class VELK_EXPORT HwDatablockDacIfFullScale : public HwTypedRecordBlock<HwSDatablockDacIfFullScale> {
  public:

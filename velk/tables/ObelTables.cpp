@@ -16,8 +16,9 @@ std::ostream& HwDatablockOBELDelay::printToStream(std::ostream& os) {
   constexpr std::size_t labelWidth = 13;
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  text.key("DELAY_I:", labelWidth).general(getDelay(false)).endLine();
-  text.key("DELAY_Q:", labelWidth).general(getDelay(true)).endLine();
+  for (const bool q : {false, true}) {
+    detail::printKey(text, obelDelayFields[q ? 1 : 0], labelWidth).general(getDelay(q)).endLine();
+  }
   text.endLine();
   return os;
 }
@@ -66,7 +67,7 @@ std::ostream& HwDatablockObelWiqSensorData::printToStream(std::ostream& os) {
   const std::uint64_t count = get(&HwSDatablockObelWiqSensorData::count);
   detail::TextWriter text(os);
   detail::printHeading(text, bytes(), traits);
-  text.key("COUNT:").number(count).endLine();
+  detail::printKey(text, obelWiqSensorFields[0]).number(count).endLine();
   for (std::uint64_t i = 0; i < count && text.ok(); ++i) {
     const auto index = static_cast<std::int64_t>(i);
     text.number(i + 1).text(detail::rowSeparator).general(get(&HwSDatablockObelWiqSensorData::a, index));

@@ -124,8 +124,8 @@ struct VELK_RECORD HwSDatablockOBELDelay {
 static_assert(sizeof(HwSDatablockOBELDelay) == 16);
 
 inline constexpr FieldInfo obelDelayFields[] = {
-    VELK_FIELD(HwSDatablockOBELDelay, delayI),
-    VELK_FIELD(HwSDatablockOBELDelay, delayQ),
+    VELK_FIELD(HwSDatablockOBELDelay, delayI).keyed("DELAY_I"),
+    VELK_FIELD(HwSDatablockOBELDelay, delayQ).keyed("DELAY_Q"),
 };
 
 class VELK_EXPORT HwDatablockOBELDelay : public HwTypedRecordBlock<HwSDatablockOBELDelay> {
@@ -204,7 +204,7 @@ struct VELK_RECORD HwSDatablockObelWiqSensorData {
 static_assert(sizeof(HwSDatablockObelWiqSensorData) == 460);
 
 inline constexpr FieldInfo obelWiqSensorFields[] = {
-    VELK_FIELD(HwSDatablockObelWiqSensorData, count),
+    VELK_FIELD(HwSDatablockObelWiqSensorData, count).keyed("COUNT"),
     VELK_FIELD(HwSDatablockObelWiqSensorData, a).counted("count"),
     VELK_FIELD(HwSDatablockObelWiqSensorData, b).counted("count"),
 };
