@@ -2,6 +2,9 @@
 #include "velk/data/BlockSeal.h"
 #include "velk/data/DataLookup.h"
 #include "velk/data/ValueEdit.h"
+#include "velk/data/WrittenForm.h"
+#include "velk/fields/Notation.h"
+#include "velk/fields/Quantity.h"
 
 #include "DataSupport.h"
 #include "velk/data/BlockDiff.h"
@@ -218,6 +221,53 @@ TEST(Redaction, TakesWhatIsLeftOfAFieldThatIsCutOff) {
   view.bytes = block.bytes;
   EXPECT_EQ(redactBlock(block.bytes, view), (std::vector<std::string>{"serialNumber", "name"}));
   EXPECT_EQ(std::ranges::count(std::span(block.bytes).subspan(30), 'X'), 0);
+}
+
+// In every kind of block: what people read of a value, set again, changes no byte.
+TEST(BlockEdit, TakesEachValueAsItIsShown) {
+  std::mt19937 random(5);
+  for (OwnedBlock& block : VelkTest::everyKindOfBlock()) {
+    fill(block, random);
+    const BlockView view = block.view();
+    const BlockData data(view, Extent::Capacity);
+    OwnedBlock edited = block;
+    const auto setAgain = [&](const DataPath& path, const FieldElement& element) {
+      if (element.field->isFixed) return;
+      for (const std::string& text : {writtenText(block.bytes, element), quantityText(block.bytes, element),
+                                      fieldText(block.bytes, element, ValueForm::Presented)}) {
+        ASSERT_EQ(setValue(edited.bytes, view, path.text(), text, ValueForm::Presented), "") << block.name;
+        ASSERT_EQ(edited.bytes, block.bytes) << block.name << ' ' << path.text() << ' ' << text;
+      }
+    };
+    forEachValue(data.root(), {}, setAgain);
+  }
+}
+
+TEST(BlockEdit, TakesAnAddressAsAWhole) {
+  OwnedBlock block;
+  for (OwnedBlock& each : VelkTest::everyKindOfBlock()) {
+    if (each.name == "HwDatablockMbrdMac") block = each;
+  }
+  const auto set = [&](const char* text) {
+    return setValue(block.bytes, block.view(), "mac", text, ValueForm::Presented);
+  };
+  const auto shown = [&] {
+    const BlockView view = block.view();
+    const BlockData data(view);
+    return *writtenForm(data, *data.root().find("mac"));
+  };
+  EXPECT_EQ(set("00:90:B8:12:34:56"), "");
+  EXPECT_EQ(shown(), "00:90:B8:12:34:56");
+  EXPECT_EQ(set("02-00"), "");
+  EXPECT_EQ(shown(), "02:00");
+  EXPECT_EQ(block.bytes[sizeof(HwSDatablockHeader) + 4 + 5], 0xFF) << "no longer in use";
+  EXPECT_EQ(set("02:00:5E"), "");
+  EXPECT_EQ(set("2:0"), "mac: \"2:0\" is no address such as 00:90:B8:12:34:56");
+  EXPECT_EQ(set("0:1:2:3:4:5:6:7:8:9:0:1:2:3:4:5:6"),
+            "mac: \"0:1:2:3:4:5:6:7:8:9:0:1:2:3:4:5:6\" is no address such as 00:90:B8:12:34:56");
+  EXPECT_EQ(set("00:01:02:03:04:05:06:07:08:09:10:11:12:13:14:15:16"),
+            "mac: \"00:01:02:03:04:05:06:07:08:09:10:11:12:13:14:15:16\" has 17 bytes, there is room for 16");
+  EXPECT_EQ(shown(), "02:00:5E");
 }
 
 }  // namespace

@@ -38,6 +38,33 @@ TEST_F(EditCommand, SetsFieldsAndDiffTellsThem) {
   EXPECT_EQ(same.output, "");
 }
 
+TEST_F(EditCommand, TakesWhatPrintShowsAndEchoesBothForms) {
+  struct Case {
+    QStringList arguments;
+    const char* output;
+  };
+  const Case cases[] = {
+      {{"rf_board.bin", "--id", "IDENT_2", "SN=123456", "PARTNUMBER=1141.2000.03", "PRODUCTINDEX=13.00"},
+       "IDENT_2 serialNumber: 100234 -> 123456\n"
+       "IDENT_2 partNumber: 1141.1000.02 -> 1141.2000.03 (11411000 -> 11412000)\n"
+       "IDENT_2 productIndex: 12.34 -> 13.00 (1234 -> 1300)\n"},
+      {{"rf_board.bin", "--id", "2", "partNumber=11412000"},
+       "IDENT_2 partNumber: 1141.1000.02 -> 1141.2000.02 (11411000 -> 11412000)\n"},
+      {{"mainboard.bin", "--id", "MBRD_MAC", "mac=00:90:b8:12:34:56"},
+       "MBRD_MAC mac: 02:00:5E:10:20:30 -> 00:90:B8:12:34:56\n"},
+  };
+  for (const Case& each : cases) {
+    const Outcome set = run(QStringList{"set"} + each.arguments + QStringList{"-o", out()});
+    EXPECT_EQ(set.exitCode, 0) << set.errors;
+    EXPECT_EQ(set.output, each.output);
+    EXPECT_EQ(run({"check", out()}).exitCode, 0);
+  }
+  const Outcome twice = run({"set", "rf_board.bin", "--id", "HwDatablockIdent", "SN=1", "-o", out("no")});
+  EXPECT_EQ(
+      twice.errors,
+      "velk: rf_board.bin: has 2 blocks HwDatablockIdent; use --id with one of their names; nothing is changed\n");
+}
+
 TEST_F(EditCommand, StandardOutputTakesTheImageAndNothingElse) {
   run({"set", "rf_board.bin", "--id", "2", "name=a\"b\nc", "serialNumber=1", "-o", out()});
   const Outcome piped = run({"set", "rf_board.bin", "--id", "2", "name=a\"b\nc", "serialNumber=1", "-o", "-"});

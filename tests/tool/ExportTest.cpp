@@ -1,3 +1,5 @@
+#include <set>
+
 #include <nlohmann/json.hpp>
 
 #include "../../tool/UnusedNames.h"
@@ -42,7 +44,18 @@ TEST_F(Export, JsonLinesSayWhatTheDocumentSays) {
   EXPECT_EQ(lines.exitCode, 3);
   std::istringstream stream(lines.output);
   std::vector<json> blocks;
-  for (std::string line; std::getline(stream, line);) blocks.push_back(json::parse(line));
+  std::set<json> modules;
+  for (std::string line; std::getline(stream, line);) {
+    blocks.push_back(json::parse(line));
+    modules.insert(json::array({blocks.back()["file"], blocks.back()["serial"], blocks.back()["module"]}));
+    for (const char* const ofModule : {"serial", "module"}) blocks.back().erase(ofModule);
+  }
+  const std::set<json> expectedModules{{"detector.bin", 100871, "DETECTOR"},
+                                       {"missing.bin", nullptr, nullptr},
+                                       {"rf_board.bin", 100234, "RF-BOARD"},
+                                       {file("empty.bin", {}).toStdString(), nullptr, nullptr},
+                                       {damaged.toStdString(), 100234, "RF-BOARD"}};
+  EXPECT_EQ(modules, expectedModules);
   const json document = json::parse(run(QStringList{"export"} + files).output);
   std::vector<json> expected;
   for (const json& file : document["files"]) {
