@@ -26,7 +26,7 @@ void addNames(CLI::App& command, const char* option, const std::function<void(st
   command.add_option_function<std::vector<std::string>>(option, takeAll, description)
       ->check(checkName())
       ->allow_extra_args(false)
-      ->type_name("NAME");
+      ->type_name("CHECK");
 }
 
 /// Returns the date of a text such as 2026-11-25; nothing if it is none.

@@ -19,6 +19,8 @@ OptionRow rowOf(const CLI::Option& option) {
   return row;
 }
 
+bool isHidden(const CLI::App& command) { return !command.get_name().empty() && command.get_group().empty(); }
+
 /// Splits the footer of a help text into notes and examples.
 void takeFooter(const std::string& footer, CommandRow& row) {
   std::istringstream lines(footer);
@@ -45,7 +47,7 @@ void addRows(const CLI::App& app, const std::string& name, std::vector<CommandRo
     }
   };
   takeOptions(app);
-  for (const CLI::App* const part : app.get_subcommands([](const CLI::App*) { return true; })) {
+  for (const CLI::App* const part : app.get_subcommands([](const CLI::App* part) { return !isHidden(*part); })) {
     // A subcommand without a name is a group of options.
     part->get_name().empty() ? takeOptions(*part) : below.push_back(part);
   }
@@ -66,6 +68,12 @@ std::vector<std::string> OptionRow::choices() const {
     if (part != "N") choices.push_back(part);
   }
   return choices;
+}
+
+std::string OptionRow::found() const {
+  const std::string& kind = isArgument ? names.front() : value;
+  const bool isFound = kind == "CHECK" || kind == "BLOCK" || kind == "NAME=VALUE" || kind == "PATH";
+  return isFound ? kind : "";
 }
 
 std::vector<CommandRow> commandTable(const CLI::App& app) {

@@ -18,6 +18,8 @@ struct OptionRow {
 
   /// Returns the accepted values; empty if the option takes any.
   std::vector<std::string> choices() const;
+  /// Returns the kind of values that `velk complete` finds; empty if the option takes others.
+  std::string found() const;
 };
 
 /// One subcommand.

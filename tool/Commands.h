@@ -21,6 +21,8 @@ void addConvert(CLI::App& app, Session& session);
 void addRecover(CLI::App& app, Session& session);
 void addRedact(CLI::App& app, Session& session);
 void addCompletion(CLI::App& app, Session& session);
+/// Adds the hidden command that the completion scripts call.
+void addComplete(CLI::App& app, Session& session);
 void addManual(CLI::App& app, Session& session);
 /// Adds `help`. Call it last: it offers the commands that were added before it.
 void addHelp(CLI::App& app, Session& session);

@@ -51,11 +51,12 @@ std::string functionName(const CommandRow& command) {
   return name;
 }
 
-/// Returns how zsh completes a value: by its choices, not at all for numbers and assignments, else by files.
+/// Returns how zsh completes a value: by its choices, by what `velk complete` finds, not at all for numbers, else by
+/// files.
 std::string zshAction(const OptionRow& option) {
   if (const std::vector<std::string> choices = option.choices(); !choices.empty()) return "(" + joined(choices) + ")";
-  const bool isNumber = option.value == "N" || option.value == "K";
-  return isNumber || option.names.front() == "NAME=VALUE" ? " " : "_files";
+  if (const std::string found = option.found(); !found.empty()) return " _velk_found " + found;
+  return option.value == "N" || option.value == "K" ? " " : "_files";
 }
 
 std::string zshOption(const OptionRow& option, const std::string& name) {
@@ -91,8 +92,13 @@ std::string fishCondition(const std::vector<CommandRow>& commands, const Command
 /// Returns the part after the condition for one option; empty for arguments that are files.
 std::string fishOption(const OptionRow& option) {
   const std::string choices = joined(option.choices());
-  const std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
-  if (option.isArgument) return choices.empty() ? "" : values + '\n';
+  const std::string found = option.found();
+  std::string values = choices.empty() ? "" : " -f -a " + singleQuoted(choices);
+  if (!found.empty()) {
+    values = " -a " + singleQuoted("(velk complete " + found + " -- (commandline -opc) (commandline -ct) 2>/dev/null)");
+    if (!option.isArgument) values.insert(0, " -f");
+  }
+  if (option.isArgument) return values.empty() ? "" : values + '\n';
   std::string line;
   for (const std::string& name : option.names) {
     const bool isLong = name.starts_with("--");
@@ -101,9 +107,16 @@ std::string fishOption(const OptionRow& option) {
   return line + (option.value.empty() ? "" : " -r") + values + " -d " + singleQuoted(option.description) + '\n';
 }
 
+/// Returns what assigns the values of an option or argument to `words` in bash; empty if they are not known.
+std::string bashWords(const OptionRow& option) {
+  if (const std::string choices = joined(option.choices()); !choices.empty()) return "words=" + singleQuoted(choices);
+  const std::string found = option.found();
+  return found.empty() ? "" : "words=$(_velk_found '" + found + "')";
+}
+
 /// Returns the case of the bash script that lists an option's values.
-std::string bashValues(const std::string& command, const std::string& option, const std::string& choices) {
-  return "    \"" + command + ' ' + option + "\") words=" + singleQuoted(choices) + " ;;\n";
+std::string bashValues(const std::string& command, const std::string& option, const std::string& words) {
+  return "    \"" + command + ' ' + option + "\") " + words + " ;;\n";
 }
 
 /// The parts of the bash script that depend on the commands: patterns and cases.
@@ -119,18 +132,18 @@ BashCases bashCases(const std::vector<CommandRow>& commands) {
     std::string& known = cases.known;
     if (!command.name.empty()) known += (known.empty() ? "\"" : " | \"") + std::string(" ") + command.name + '"';
     const std::string key = command.name.empty() ? "" : " " + command.name;
-    std::string arguments;
+    const std::string below = joined(namesBelow(commands, command.name));
+    std::string arguments = below.empty() ? "" : "words=" + singleQuoted(below);
     for (const OptionRow& option : command.options) {
-      const std::string choices = joined(option.choices());
-      if (choices.empty()) continue;
-      if (option.isArgument) arguments = choices;
+      const std::string words = bashWords(option);
+      if (words.empty()) continue;
+      if (option.isArgument) arguments = words;
       for (const std::string& name : option.names) {
-        if (!option.isArgument) cases.values += bashValues(key, name, choices);
+        if (!option.isArgument) cases.values += bashValues(key, name, words);
       }
     }
-    const std::string below = joined(namesBelow(commands, command.name));
-    cases.words += "      \"" + key + "\") options=" + singleQuoted(joined(optionNames(command))) +
-                   " words=" + singleQuoted(below.empty() ? arguments : below) + " ;;\n";
+    cases.words +=
+        "      \"" + key + "\") options=" + singleQuoted(joined(optionNames(command))) + ' ' + arguments + " ;;\n";
   }
   return cases;
 }
@@ -140,6 +153,7 @@ BashCases bashCases(const std::vector<CommandRow>& commands) {
 std::string bashCompletion(const std::vector<CommandRow>& commands) {
   const BashCases cases = bashCases(commands);
   return "# bash completion for velk, made by: velk completion bash\n"
+         "_velk_found() { velk complete \"$1\" -- \"${COMP_WORDS[@]:1:COMP_CWORD}\" 2>/dev/null; }\n"
          "_velk() {\n"
          "  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command= options= words= "
          "word\n"
@@ -158,6 +172,7 @@ std::string bashCompletion(const std::vector<CommandRow>& commands) {
          "  esac\n"
          "  if [[ $words ]]; then\n"
          "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$current\")\n"
+         "    if [[ ${COMPREPLY[0]} == *[=.] ]]; then compopt -o nospace 2>/dev/null; fi\n"
          "  else\n"
          "    mapfile -t COMPREPLY < <(compgen -f -- \"$current\")\n"
          "    compopt -o filenames 2>/dev/null\n"
@@ -166,7 +181,12 @@ std::string bashCompletion(const std::vector<CommandRow>& commands) {
 }
 
 std::string zshCompletion(const std::vector<CommandRow>& commands) {
-  std::string text = "#compdef velk\n# zsh completion for velk, made by: velk completion zsh\n";
+  std::string text =
+      "#compdef velk\n# zsh completion for velk, made by: velk completion zsh\n\n"
+      "_velk_found() {\n"
+      "  local -a found=(${(f)\"$(velk complete $1 -- $words[1,CURRENT] 2>/dev/null)\"})\n"
+      "  if (( $#found )); then compadd -S '' -a found; else _files; fi\n"
+      "}\n";
   for (const CommandRow& command : commands) {
     text += "\n" + functionName(command) + "() {\n";
     if (!command.hasSubcommands) {

@@ -70,7 +70,7 @@ void addExplain(CLI::App& app, Session& session) {
   CLI::App* const command = app.add_subcommand("explain", "Explain a check of velk check, or list all of them");
   const auto name = std::make_shared<std::string>();
   const auto markdown = std::make_shared<bool>(false);
-  command->add_option("NAME", *name, "The check; all are listed if omitted");
+  command->add_option("CHECK", *name, "The check; all are listed if omitted");
   command->add_flag("--markdown", *markdown, "Explain all checks, as Markdown");
   command->footer("Examples:\n  velk explain\n  velk explain unordered-points");
   command->callback([&session, name, markdown] {

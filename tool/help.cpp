@@ -9,7 +9,8 @@ namespace {
 std::vector<std::string> namesBelow(const CLI::App& command) {
   std::vector<std::string> names;
   for (const CLI::App* const below : command.get_subcommands([](const CLI::App*) { return true; })) {
-    if (!below->get_name().empty()) names.push_back(below->get_name());
+    const bool isHidden = below->get_group().empty();
+    if (!below->get_name().empty() && !isHidden) names.push_back(below->get_name());
   }
   return names;
 }

@@ -85,6 +85,7 @@ int main(int argc, char** argv) {
   addConvert(app, session);
   addTable(app, session);
   addCompletion(app, session);
+  addComplete(app, session);
   addManual(app, session);
   addHelp(app, session);
   try {

@@ -23,6 +23,13 @@ OFFERS = [
     ("velk table import --fo", "--force"),
     ("velk list rf", "rf_board.bin rf_board_tables.bin"),
     ("velk export --format json rf_board_", "rf_board_tables.bin"),
+    ("velk explain unord", "unordered-points"),
+    ("velk check --only zero", "zero-values"),
+    ("velk print --id DACB_FREQUENCY_COMP_D", "DACB_FREQUENCY_COMP_DT DACB_FREQUENCY_COMP_DT_REAR"),
+    ("velk print rf_board.bin --id IDENT_", "IDENT_10 IDENT_2"),
+    ("velk set rf_board.bin --id 2 serial", "serialNumber="),
+    ("velk get rf_board.bin IDENT_1", "IDENT_10."),
+    ("velk get rf_board.bin IDENT_2.PA", "IDENT_2.PARTNUMBER"),
 ]
 
 BASH = """
@@ -76,7 +83,7 @@ def offered(program, arguments, script, files, folder):
     """The sets of words that a shell offers, one for each command line."""
     paths = [script] + [os.path.join(os.path.dirname(script), name) for name in files]
     command = [program, *arguments, *paths, *(line for line, _ in OFFERS)]
-    environment = {"HOME": os.path.dirname(script), "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8"}
+    environment = {"HOME": os.path.dirname(script), "PATH": os.path.dirname(os.path.abspath(sys.argv[1])) + ":" + os.environ["PATH"], "LC_ALL": "C.UTF-8"}
     result = subprocess.run(command, cwd=folder, env=environment, capture_output=True, text=True, timeout=120)
     sets = [set()]
     for line in result.stdout.splitlines():
