@@ -7,13 +7,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "velk/files/Descriptor.h"
 
 namespace Velk {
 namespace {
 
-constexpr qsizetype enoughForMost = 32 * 1024;
 constexpr qsizetype most = 1024 * 1024 * 1024;
 
 /// Returns the size of a file, or 0 if only reading can find out.
@@ -22,29 +22,34 @@ qsizetype knownSize(int file) {
   return fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
 }
 
-/// Makes room after `count` bytes that fill the buffer.
-bool grow(int file, QByteArray& contents, qsizetype count) {
-  // Asks for the size only if that saves growing step by step; one byte more finds the end.
-  const qsizetype size = knownSize(file);
-  if (std::max(size, count) < most) {
-    contents.resize(std::max(size + 1, 2 * count));
-    return true;
+/// Makes room for `size` bytes and keeps those that are there.
+bool makeRoom(QByteArray& contents, qsizetype size) {
+  if (size > most) {
+    errno = EFBIG;
+    return false;
   }
-  errno = EFBIG;
-  return false;
+  // Not by resize(), which also allocates for further growth: memory that the system gives anew for each file.
+  QByteArray larger(size, Qt::Uninitialized);
+  std::ranges::copy(std::as_const(contents), larger.begin());
+  contents = std::move(larger);
+  return true;
 }
 
 /// Reads up to the end of the file; returns false, with the reason in errno, if that fails.
 bool readTo(QByteArray& contents, int file) {
-  contents.resize(enoughForMost);
+  constexpr qsizetype enoughForMost = 32 * 1024;
+  const qsizetype size = knownSize(file);
+  // One byte more than the size: a read that leaves it free saw the end of the file.
+  if (!makeRoom(contents, size > 0 ? size + 1 : enoughForMost)) return false;
   for (qsizetype count = 0;;) {
     const ssize_t got = read(file, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
     if (got < 0 && errno != EINTR) return false;
     count += std::max<ssize_t>(got, 0);
-    if (count == contents.size() && !grow(file, contents, count)) return false;
-    if (got != 0) continue;
+    if (count == contents.size() && !makeRoom(contents, std::max(count + 1, std::min(2 * count, most)))) return false;
+    const bool isWhole = got == 0 || (size > 0 && count == size);
+    if (!isWhole) continue;
     contents.truncate(count);
-    contents.squeeze();
+    if (count < size || size == 0) contents.squeeze();
     return true;
   }
 }
