@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <utility>
 
 #include "velk/files/Descriptor.h"
 
@@ -22,17 +21,10 @@ qsizetype knownSize(int file) {
   return fstat(file, &status) == 0 && S_ISREG(status.st_mode) ? static_cast<qsizetype>(status.st_size) : 0;
 }
 
-/// Makes room for `size` bytes and keeps those that are there.
-bool makeRoom(QByteArray& contents, qsizetype size) {
-  if (size > most) {
-    errno = EFBIG;
-    return false;
-  }
-  // Not by resize(), which also allocates for further growth: memory that the system gives anew for each file.
-  QByteArray larger(size, Qt::Uninitialized);
-  std::ranges::copy(std::as_const(contents), larger.begin());
-  contents = std::move(larger);
-  return true;
+bool isAllowed(qsizetype size) {
+  if (size <= most) return true;
+  errno = EFBIG;
+  return false;
 }
 
 /// Reads up to the end of the file; returns false, with the reason in errno, if that fails.
@@ -40,17 +32,24 @@ bool readTo(QByteArray& contents, int file) {
   constexpr qsizetype enoughForMost = 32 * 1024;
   const qsizetype size = knownSize(file);
   // One byte more than the size: a read that leaves it free saw the end of the file.
-  if (!makeRoom(contents, size > 0 ? size + 1 : enoughForMost)) return false;
+  const qsizetype room = size > 0 ? size + 1 : enoughForMost;
+  if (!isAllowed(room)) return false;
+  // Not by resize(), which allocates for further growth too: memory that the system would give anew for each file.
+  contents = QByteArray(room, Qt::Uninitialized);
   for (qsizetype count = 0;;) {
     const ssize_t got = read(file, contents.data() + count, static_cast<std::size_t>(contents.size() - count));
     if (got < 0 && errno != EINTR) return false;
     count += std::max<ssize_t>(got, 0);
-    if (count == contents.size() && !makeRoom(contents, std::max(count + 1, std::min(2 * count, most)))) return false;
-    const bool isWhole = got == 0 || (size > 0 && count == size);
-    if (!isWhole) continue;
-    contents.truncate(count);
-    if (count < size || size == 0) contents.squeeze();
-    return true;
+    const bool isAsLong = size > 0 && count == size;
+    if (got == 0 || isAsLong) {
+      contents.truncate(count);
+      if (!isAsLong) contents.squeeze();
+      return true;
+    }
+    if (count < contents.size()) continue;
+    const qsizetype larger = std::max(count + 1, std::min(2 * count, most));
+    if (!isAllowed(larger)) return false;
+    contents.resize(larger);
   }
 }
 
