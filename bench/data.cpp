@@ -2,59 +2,17 @@
 #include <benchmark/benchmark.h>
 
 #include <charconv>
-#include <filesystem>
-#include <fstream>
-#include <numeric>
-#include <random>
 
 #include "../tool/DataJson.h"
-#include "RunProgram.h"
+#include "CalibratedImage.h"
+#include "TemporaryFolder.h"
 #include "velk/fields/FieldValue.h"
 #include "velk/velk.h"
 
 namespace {
 
 using namespace Velk;
-
-/// Sets the counts of all lists of a record to their capacity.
-void fillCounts(MutableBytes block, std::span<const FieldInfo> fields) {
-  for (const FieldInfo& list : fields) {
-    for (const auto& [counter, capacity] : {std::pair(list.usedRows, list.rows), std::pair(list.usedCols, list.cols)}) {
-      const auto field = std::ranges::find(fields, std::string_view(counter), &FieldInfo::name);
-      if (field != fields.end()) setFieldText(block, {&*field, field->offset}, std::to_string(capacity));
-    }
-  }
-}
-
-/// Returns sound blocks of random classes of the dictionary, one after another, up to `size` bytes. Their values look
-/// like calibration data.
-QByteArray calibratedImage(qsizetype size) {
-  std::mt19937 random(20261125);
-  QByteArray image;
-  while (true) {
-    const CatalogueRow& row = dictionaryRows()[random() % dictionaryRows().size()];
-    if (row.firstId == erasedBlockId || row.size < 12 || row.size > 30'000) continue;
-    const std::unique_ptr<HwDatablock> block = row.make(row.firstId);
-    QByteArray bytes = block->getByteArrayData();
-    if (image.size() + bytes.size() > size) {
-      if (image.size() > size - 1000) break;
-      continue;
-    }
-    const MutableBytes view(reinterpret_cast<unsigned char*>(bytes.data()), std::size_t(bytes.size()));
-    const BlockData data(view, row.fields, Extent::Capacity);
-    const auto fill = [&](const DataPath&, const FieldElement& element) {
-      const double thousandths = isFloating(element.field->type) ? 1000 : 1;
-      char text[32];
-      const char* const end = std::to_chars(text, text + 32, static_cast<double>(random() % 30'000) / thousandths).ptr;
-      setFieldText(view, element, {text, static_cast<std::size_t>(end - text)});
-    };
-    forEachValue(data.root(), {}, fill);
-    fillCounts(view, row.fields);
-    sealBlock(view, BlockKind::OldStyle);
-    image += bytes;
-  }
-  return image;
-}
+using namespace VelkBench;
 
 /// A table of 20 rows and 1500 columns of numbers, and its export.
 struct LargeTable {
@@ -105,26 +63,8 @@ void tableAsDigits(benchmark::State& state) {
   }
 }
 
-/// Files that are removed at the end of the run.
-class Folder {
- public:
-  Folder() { std::filesystem::create_directories(path_); }
-  Folder(const Folder&) = delete;
-  Folder& operator=(const Folder&) = delete;
-  ~Folder() { std::filesystem::remove_all(path_); }
-
-  std::string write(const std::string& name, const QByteArray& bytes) const {
-    std::ofstream(path_ / name, std::ios::binary).write(bytes.constData(), bytes.size());
-    return path_ / name;
-  }
-
- private:
-  std::filesystem::path path_ =
-      std::filesystem::temp_directory_path() / ("velk_bench_data_" + std::to_string(getpid()));
-};
-
-const Folder& folder() {
-  static const Folder files;
+const TemporaryFolder& folder() {
+  static const TemporaryFolder files("data");
   return files;
 }
 
@@ -180,74 +120,9 @@ void imagesChecked(benchmark::State& state) {
   }
 }
 
-constexpr int fleetSize = 1000;
-
-const QByteArray& fleetImage() {
-  static const QByteArray image = calibratedImage(64 * 1024);
-  return image;
-}
-
-void fleetExported(benchmark::State& state) {
-  static const std::vector<std::string> names = [] {
-    std::vector<std::string> all;
-    for (int i = 0; i < fleetSize; ++i) all.push_back(folder().write(std::to_string(i) + ".bin", fleetImage()));
-    return all;
-  }();
-  std::vector<std::string> words = {VELK_COMMAND, "export", "--format", "jsonl"};
-  words.insert(words.end(), names.begin(), names.end());
-  for (auto _ : state) {
-    if (VelkBench::runProgram(words) != 0) state.SkipWithError("velk export failed");
-  }
-}
-
-/// The numbers in the export of an image, in their own types.
-struct Numbers {
-  std::vector<std::int64_t> integers;
-  std::vector<float> floats;
-  std::vector<double> doubles;
-};
-
-Numbers numbersOf(const QByteArray& bytes) {
-  Numbers numbers;
-  const MemoryImage image(bytes);
-  for (const BlockView& block : image) {
-    const BlockData data(block);
-    const auto take = [&]<class T>(T value) {
-      if constexpr (std::is_integral_v<T>) numbers.integers.push_back(static_cast<std::int64_t>(value));
-      if constexpr (std::is_same_v<T, float>) numbers.floats.push_back(value);
-      if constexpr (std::is_same_v<T, double>) numbers.doubles.push_back(value);
-    };
-    const auto visit = [&](const DataPath&, const FieldElement& element) {
-      detail::withValue(block.bytes, element, ValueForm::Presented, take);
-    };
-    forEachValue(data.root(), {}, visit);
-  }
-  return numbers;
-}
-
-void fleetAsDigits(benchmark::State& state) {
-  const Numbers numbers = numbersOf(fleetImage());
-  char digits[32];
-  std::size_t size = 0;
-  const auto write = [&](const auto& values) {
-    for (const auto value : values)
-      size += static_cast<std::size_t>(std::to_chars(digits, digits + 32, value).ptr - digits);
-  };
-  for (auto _ : state) {
-    for (int i = 0; i < fleetSize; ++i) {
-      write(numbers.integers);
-      write(numbers.floats);
-      write(numbers.doubles);
-    }
-    benchmark::DoNotOptimize(size);
-  }
-}
-
 BENCHMARK(tableAsJson);
 BENCHMARK(tableAsDigits);
 BENCHMARK(imagesCompared);
 BENCHMARK(imagesChecked);
-BENCHMARK(fleetExported)->UseRealTime();
-BENCHMARK(fleetAsDigits)->UseRealTime();
 
 }  // namespace

@@ -1,13 +1,11 @@
-// Whole images: the walk compared with reading the bytes once, the command on many files compared with reading them.
+// Whole images: the walk compared with reading the bytes once, the command on hostile ones with clean ones.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
 #include <libdeflate.h>
 #include <unistd.h>
 
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -76,61 +74,6 @@ void imageRead(benchmark::State& state) {
       sum += word;
     }
     benchmark::DoNotOptimize(sum);
-  }
-}
-
-/// Ten thousand images of 8 KiB in files that are removed at the end of the run.
-class ManyFiles {
- public:
-  ManyFiles() {
-    std::filesystem::create_directories(directory_);
-    const QByteArray image = blocks(8 * 1024);
-    for (int i = 0; i < 10'000; ++i) {
-      names_.push_back(directory_ / (std::to_string(i) + ".bin"));
-      std::ofstream(names_.back(), std::ios::binary).write(image.constData(), image.size());
-    }
-  }
-  ManyFiles(const ManyFiles&) = delete;
-  ManyFiles& operator=(const ManyFiles&) = delete;
-  ~ManyFiles() { std::filesystem::remove_all(directory_); }
-
-  const std::vector<std::string>& names() const { return names_; }
-
- private:
-  std::filesystem::path directory_ =
-      std::filesystem::temp_directory_path() / ("velk_bench_" + std::to_string(getpid()));
-  std::vector<std::string> names_;
-};
-
-const std::vector<std::string>& manyFiles() {
-  static const ManyFiles files;
-  return files.names();
-}
-
-int runList(const std::vector<std::string>& names) {
-  std::vector<std::string> words = {VELK_COMMAND, "list"};
-  words.insert(words.end(), names.begin(), names.end());
-  return VelkBench::runProgram(std::move(words));
-}
-
-void filesListed(benchmark::State& state) {
-  const auto& names = manyFiles();
-  for (auto _ : state) {
-    if (runList(names) != 0) state.SkipWithError("velk list failed");
-  }
-}
-
-void filesRead(benchmark::State& state) {
-  std::vector<char> buffer(64 * 1024);
-  for (auto _ : state) {
-    ssize_t total = 0;
-    for (const std::string& name : manyFiles()) {
-      const int file = open(name.c_str(), O_RDONLY);
-      ssize_t count = 0;
-      while ((count = read(file, buffer.data(), buffer.size())) > 0) total += count;
-      close(file);
-    }
-    if (total != 10'000 * 8192) state.SkipWithError("files cannot be read");
   }
 }
 
@@ -212,7 +155,5 @@ BENCHMARK(slowTablesChecked)->UseRealTime();
 BENCHMARK(imageWalked)->UseRealTime();
 BENCHMARK(imageChecked)->UseRealTime();
 BENCHMARK(imageRead)->UseRealTime();
-BENCHMARK(filesListed)->UseRealTime();
-BENCHMARK(filesRead)->UseRealTime();
 
 }  // namespace

@@ -18,16 +18,17 @@ class Part;
 /// Tracks whose turn it is to write, and keeps the finished parts that wait for theirs.
 class Turns {
  public:
-  Turns(std::size_t count, std::size_t ahead) : count_(count), ahead_(ahead) {}
+  Turns(Session& whole, std::size_t count, std::size_t ahead) : whole_(whole), count_(count), ahead_(ahead) {}
 
-  /// Returns the next part to run once it is not too far ahead; nothing when all are taken.
-  std::optional<std::size_t> take();
+  /// Returns the next part to run once it is not too far ahead; null when all are taken.
+  std::unique_ptr<Part> take();
   bool isTurnOf(std::size_t part);
   void await(std::size_t part);
   /// Flushes a finished part, or keeps it for the part before it to flush.
   void finish(std::unique_ptr<Part> part);
 
  private:
+  Session& whole_;
   std::size_t count_;
   std::size_t ahead_;
   std::mutex mutex_;
@@ -35,16 +36,22 @@ class Turns {
   std::size_t taken_ = 0;
   std::size_t turn_ = 0;
   std::map<std::size_t, std::unique_ptr<Part>> finished_;
+  std::vector<std::unique_ptr<Part>> idle_;  ///< flushed, for parts to come: their memory is not allocated again
 };
 
 /// Buffers output and complaints until its turn comes.
 class Part final : public Session {
  public:
-  Part(Session& whole, Turns& turns, std::size_t number) : whole_(whole), turns_(turns), number_(number) {}
+  Part(Session& whole, Turns& turns) : whole_(whole), turns_(turns) {}
+
+  /// Begins with nothing written.
+  void begin(std::size_t number) {
+    number_ = number;
+    exit_ = Exit::Good;
+  }
 
   void write(std::string_view text) override {
     constexpr std::size_t worthAsking = 64 * 1024;
-    constexpr std::size_t most = 1024 * 1024;
     constexpr std::size_t perInsertion = 256;
     output_ += text;
     const std::size_t size = output_.size() + perInsertion * insertions_.size();
@@ -87,11 +94,14 @@ class Part final : public Session {
     whole_.write(rest);
     whole_.worsen(exit_);
     for (; advances_ > 0; --advances_) whole_.advance();
+    if (output_.capacity() > 2 * most) output_ = {};  // of one long text, as few parts have
     output_.clear();
     insertions_.clear();
   }
 
  private:
+  static constexpr std::size_t most = 1024 * 1024;
+
   /// A complaint, or a text with a verdict, between parts of the output.
   struct Insertion {
     std::size_t place;  ///< in the output
@@ -102,18 +112,22 @@ class Part final : public Session {
 
   Session& whole_;
   Turns& turns_;
-  std::size_t number_;
+  std::size_t number_ = 0;
   std::string output_;
   std::vector<Insertion> insertions_;
   std::size_t advances_ = 0;
   Exit exit_ = Exit::Good;
 };
 
-std::optional<std::size_t> Turns::take() {
+std::unique_ptr<Part> Turns::take() {
   std::unique_lock lock(mutex_);
-  if (taken_ == count_) return std::nullopt;
-  const std::size_t part = taken_++;
-  moved_.wait(lock, [&] { return part - turn_ < ahead_; });
+  if (taken_ == count_) return nullptr;
+  const std::size_t number = taken_++;
+  moved_.wait(lock, [&] { return number - turn_ < ahead_; });
+  if (idle_.empty()) idle_.push_back(std::make_unique<Part>(whole_, *this));
+  std::unique_ptr<Part> part = std::move(idle_.back());
+  idle_.pop_back();
+  part->begin(number);
   return part;
 }
 
@@ -136,6 +150,7 @@ void Turns::finish(std::unique_ptr<Part> part) {
     lock.unlock();
     next.mapped()->flushToWhole();
     lock.lock();
+    idle_.push_back(std::move(next.mapped()));
     ++turn_;
     moved_.notify_all();
   }
@@ -150,11 +165,10 @@ void inTurn(Session& whole, std::size_t count, const std::function<void(Session&
     for (std::size_t i = 0; i < count; ++i) act(whole, i);
     return;
   }
-  Turns turns(count, threads * partsAhead);
+  Turns turns(whole, count, threads * partsAhead);
   const auto work = [&]() noexcept {
-    while (const auto number = turns.take()) {
-      auto part = std::make_unique<Part>(whole, turns, *number);
-      act(*part, *number);
+    while (auto part = turns.take()) {
+      act(*part, part->number());
       turns.finish(std::move(part));
     }
   };

@@ -24,11 +24,13 @@ Verdict verdictOf(Velk::Severity severity) {
 void appendText(std::string& line, const Velk::CheckFinding& finding) {
   static const Velk::CheckSet plain = plainChecks().enabled;
   line += finding.text;
-  if (!plain[*Velk::findKind(finding.kind->code)]) line.append(" [").append(finding.kind->code).append("]");
+  const auto index = static_cast<std::size_t>(finding.kind - Velk::findingKinds().data());
+  if (!plain[index]) line.append(" [").append(finding.kind->code).append("]");
 }
 
 void appendVerdict(std::string& line, const Velk::BlockView& block, std::span<const Velk::CheckFinding> findings) {
-  line += offsetText(block.offset) + "  " + Velk::blockName(block) + ": " + Velk::verdictName(block);
+  line.append(offsetText(block.offset)).append("  ").append(Velk::blockName(block));
+  line.append(": ").append(Velk::verdictName(block));
   for (const Velk::CheckFinding& finding : findings) appendText(line += "; ", finding);
   line += '\n';
 }

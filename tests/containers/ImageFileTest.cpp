@@ -48,6 +48,17 @@ TEST(ImageFile, IsWhatItsContentsSay) {
   }
 }
 
+TEST(ImageFile, ATextMayHaveOneOtherByteInEight) {
+  for (const qsizetype length : {63, 700, 3500}) {
+    for (const bool isOneTooMany : {false, true}) {
+      const qsizetype others = length / 7 + (isOneTooMany ? 1 : 0);
+      const QByteArray text = QByteArray(others, '\xB5') + '\n' + hexWithGaps;
+      const ImageFile image = decodeImage(text.leftJustified(length + others, ' '));
+      EXPECT_EQ(image.container, isOneTooMany ? Container::Raw : Container::IntelHex) << others << " of " << length;
+    }
+  }
+}
+
 TEST(ImageFile, IsReadWholeWhateverItsSizeAndWhereverItComesFrom) {
   QTemporaryDir directory;
   const std::string path = directory.filePath("image.bin").toStdString();
@@ -68,6 +79,7 @@ TEST(ImageFile, IsReadWholeWhateverItsSizeAndWhereverItComesFrom) {
     EXPECT_EQ(readImageFile("/dev/fd/" + std::to_string(ends[0])).bytes, contents) << size << " through a pipe";
     close(ends[0]);
   }
+  EXPECT_FALSE(readImageFile("/proc/self/cmdline").bytes.isEmpty()) << "a file that claims to be empty";
   EXPECT_EQ(readImageFile(path + ".missing").error, "No such file or directory");
   EXPECT_EQ(readImageFile(directory.path().toStdString()).error, "Is a directory");
 }

@@ -30,6 +30,13 @@ TEST_F(Folders, FilesAreSortedByTheirBytesInPlaceOfTheirFolder) {
   EXPECT_EQ(result.output, "18\n9\n7\n1\n") << "two blocks of each file have a serial number; " << result.errors;
 }
 
+TEST_F(Folders, AFolderKeepsItsPlaceAmongManyFiles) {
+  const Outcome result = shell(R"sh(
+    mkdir n; for i in $(seq 1000 1300); do cp "$board" n/$i.bin; done
+    "$velk" list n/1[012]??.bin d/b n/1300.bin | grep ':$' >listed; sed -n '1p;300p;301p;302p' listed; wc -l <listed)sh");
+  EXPECT_EQ(result.output, "n/1000.bin:\nn/1299.bin:\nd/b/1.bin:\nn/1300.bin:\n302\n") << result.errors;
+}
+
 TEST_F(Folders, LinksAreFollowedButNotInCircles) {
   const Outcome result = shell(R"sh(
     mkdir other; mv d/b.bin other/; ln -s .. d/b/up; ln -s ../other d/a; ln -s ../other d/z; ln -s b d/0

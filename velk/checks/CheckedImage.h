@@ -22,7 +22,9 @@ struct KnownBlock {
 class CheckedImage {
  public:
   CheckedImage(std::uint64_t size, std::uint64_t start, std::uint64_t sectorSize, bool isWhole)
-      : size_(size), start_(start), sectorSize_(sectorSize), isWhole_(isWhole) {}
+      : size_(size), start_(start), sectorSize_(sectorSize), isWhole_(isWhole) {
+    blocks_.reserve(enoughForMost);
+  }
 
   void add(const BlockView& block);
 
@@ -45,6 +47,8 @@ class CheckedImage {
   bool isWhole() const { return isWhole_; }
 
  private:
+  static constexpr std::size_t enoughForMost = 32;  ///< ids in a memory
+
   void beginSequence(const BlockView& block);
   void keep(const BlockView& block);
 

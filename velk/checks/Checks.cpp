@@ -43,6 +43,7 @@ CheckSet dataChecks() { return checksFrom(findingCount, detail::dataChecks().siz
 
 std::vector<CheckFinding> checkBlock(const BlockView& block, const CheckOptions& options) {
   std::vector<CheckFinding> findings;
+  if (!block.isSound()) findings.reserve(4);  // rarely more: very many blocks may be damaged
   addWalkFindings(block, options, findings);
   if (block.kind == BlockKind::Stray || block.kind == BlockKind::End) return findings;
   const BlockData data(block);

@@ -13,7 +13,7 @@ namespace Velk {
 
 /// One thing that was found in an image.
 struct CheckFinding {
-  const FindingKind* kind = nullptr;
+  const FindingKind* kind = nullptr;    ///< one of findingKinds()
   Severity severity = Severity::Error;  ///< that of the kind, or Error if the options raise it
   std::string text{};                   ///< a sentence with its numbers
   std::string path{};                   ///< of the field that it is about, such as "values[3]"; empty for a whole block

@@ -10,8 +10,8 @@ namespace {
 class FiniteCheck {
  public:
   /// Takes a number; `path` is called for the first that is not finite.
-  template <class Path>
-  void take(long double number, Path path) {
+  template <class Number, class Path>
+  void take(Number number, Path path) {
     if (std::isfinite(number) || found_++ != 0) return;
     path_ = path();
     text_ = path_ + (std::isnan(number) ? " is not a number" : " is infinite");
@@ -28,24 +28,37 @@ class FiniteCheck {
   std::string path_;
 };
 
-long double numberAt(ConstBytes bytes, ScalarType type, std::size_t offset) {
-  if (type == ScalarType::F32) return load<float>(bytes, offset);
-  if (type == ScalarType::F64) return load<double>(bytes, offset);
-  return loadExtended(bytes, offset);
+/// Calls `act` with a number of a floating-point type. The narrow ones are not widened: most values are of these, and
+/// what decides about a long double takes several times as long.
+template <class Act>
+void withFloatingType(ScalarType type, Act act) {
+  if (type == ScalarType::F32) return act(0.0F);
+  if (type == ScalarType::F64) return act(0.0);
+  if (type == ScalarType::F80) return act(0.0L);
+}
+
+template <class Number>
+Number numberAt(ConstBytes bytes, std::size_t offset) {
+  if constexpr (std::is_same_v<Number, long double>) return loadExtended(bytes, offset);
+  if constexpr (!std::is_same_v<Number, long double>) return load<Number>(bytes, offset);
 }
 
 /// Takes all floating-point numbers at and below a node.
 void takeAll(const DataNode& node, const DataPath& path, ConstBytes bytes, FiniteCheck& check) {
   if (const auto run = node.run()) {
     const FieldInfo& field = *run->first.field;
-    for (std::size_t i = 0; isFloating(field.type) && i < run->count; ++i) {
-      check.take(numberAt(bytes, field.type, run->first.offset + i * field.stride),
-                 [&] { return DataPath(path, i).text(); });
-    }
+    withFloatingType(field.type, [&]<class Number>(Number) {
+      for (std::size_t i = 0; i < run->count; ++i) {
+        check.take(numberAt<Number>(bytes, run->first.offset + i * field.stride),
+                   [&] { return DataPath(path, i).text(); });
+      }
+    });
   } else if (node.kind() == DataNode::Kind::Value) {
     const FieldElement& element = node.element();
-    if (isFloating(element.field->type) && element.isInside(bytes.size()))
-      check.take(numberAt(bytes, element.field->type, element.offset), [&] { return path.text(); });
+    if (!element.isInside(bytes.size())) return;
+    withFloatingType(element.field->type, [&]<class Number>(Number) {
+      check.take(numberAt<Number>(bytes, element.offset), [&] { return path.text(); });
+    });
   } else {
     forEachPart(node, path, [&](const DataPath& part, const DataNode& below) { takeAll(below, part, bytes, check); });
   }
@@ -82,20 +95,24 @@ ScalarType floatOf(unsigned type) {
   }
 }
 
+std::string cellPath(std::size_t table, std::size_t row, std::size_t column) {
+  const auto index = [](std::size_t number) { return '[' + std::to_string(number) + ']'; };
+  return "tables" + index(table) + ".cells" + index(row) + index(column);
+}
+
 void examineTable(const DataTable& table, std::size_t number, const Report& report) {
   const ConstBytes types = table.stored.columnTypes();
   for (std::size_t column = 0; column < types.size(); ++column) {
     const ScalarType type = floatOf(types[column]);
     if (!isFloating(type)) continue;
     FiniteCheck check;
-    for (std::size_t row = 0; row < table.rows; ++row) {
-      const ConstBytes cell = table.stored.cell(column, row);
-      if (cell.empty()) break;
-      check.take(numberAt(cell, type, 0), [&] {
-        return "tables[" + std::to_string(number) + "].cells[" + std::to_string(row) + "][" + std::to_string(column) +
-               ']';
-      });
-    }
+    withFloatingType(type, [&]<class Number>(Number) {
+      for (std::size_t row = 0; row < table.rows; ++row) {
+        const ConstBytes cell = table.stored.cell(column, row);
+        if (cell.empty()) break;
+        check.take(numberAt<Number>(cell, 0), [&] { return cellPath(number, row, column); });
+      }
+    });
     check.finish(report);
   }
 }

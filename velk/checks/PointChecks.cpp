@@ -48,11 +48,13 @@ void examineRun(ConstBytes bytes, const PointRun& run, PointOrder order, const R
   const std::size_t i = firstUnordered(bytes, run, order);
   if (i >= run.count) return;
   const auto shown = [&](std::size_t index) { return fieldText(bytes, run.at(index), ValueForm::Presented); };
-  const bool isEqual = shown(i) == shown(i - 1);
-  const std::string path = run.path(run, i);
-  report(path + " is " + shown(i) + (isEqual ? ", the same as " : ", below ") + run.path(run, i - 1) +
-             (isEqual ? "" : ", " + shown(i - 1)),
-         path);
+  const std::string here = shown(i);
+  const std::string last = shown(i - 1);
+  std::string path = run.path(run, i);
+  std::string text = path + " is " + here;
+  text.append(here == last ? ", the same as " : ", below ").append(run.path(run, i - 1));
+  if (here != last) text.append(", ").append(last);
+  report(std::move(text), std::move(path));
 }
 
 /// Calls `act` with the runs of points of a list or table.

@@ -1,3 +1,4 @@
+// This file is built at -O3, where the loop over the bytes of every file vectorises.
 #include "velk/containers/ContentGuess.h"
 
 #include <algorithm>
@@ -7,7 +8,21 @@ namespace {
 
 using namespace std::string_view_literals;
 
-bool isTextByte(char c) { return (c >= ' ' && c < '\x7F') || (c >= '\t' && c <= '\r'); }
+/// Without branches: the bytes of a memory cannot be predicted. In bytes, for vector code.
+bool isTextByte(char c) {
+  const auto fromBlank = static_cast<unsigned char>(c - ' ');
+  const auto fromTab = static_cast<unsigned char>(c - '\t');
+  return (unsigned{fromBlank < '\x7F' - ' '} | unsigned{fromTab <= '\r' - '\t'}) != 0;
+}
+
+constexpr std::size_t countedAtOnce = 128;
+
+/// Returns how many of at most 255 bytes are no text, in a loop that compilers make vector code of.
+unsigned char countOthers(std::string_view bytes) {
+  unsigned char count = 0;
+  for (const char c : bytes) count = static_cast<unsigned char>(count + (isTextByte(c) ? 0 : 1));
+  return count;
+}
 
 bool isAllText(std::string_view contents) {
   return !contents.empty() && std::ranges::all_of(contents.substr(0, 4096), isTextByte);
@@ -51,8 +66,10 @@ bool looksLikeText(std::string_view contents) {
   if (start.empty() || start.starts_with("\x1F\x8B"sv)) return false;
   // Memories show after a few hundred bytes that they are none.
   std::size_t others = 0;
-  const auto isOneTooMany = [&](char c) { return !isTextByte(c) && ++others * 8 > start.size(); };
-  return std::ranges::none_of(start, isOneTooMany);
+  for (std::size_t at = 0; at < start.size() && others * 8 <= start.size(); at += countedAtOnce) {
+    others += countOthers(start.substr(at, countedAtOnce));
+  }
+  return others * 8 <= start.size();
 }
 
 std::string guessContents(std::string_view contents) {

@@ -9,8 +9,14 @@ namespace {
 std::string excess(std::int64_t count, unsigned capacity, const FieldInfo& counted) {
   if (count < 0) return std::to_string(count) + " is no count";
   if (count <= capacity) return {};
-  return std::to_string(count) + " is more than the " + std::to_string(capacity) + " that " + counted.name +
-         " has room for";
+  std::string reason;
+  reason.reserve(96);  // mostly enough; a damaged memory gives very many reasons
+  return reason.append(std::to_string(count))
+      .append(" is more than the ")
+      .append(std::to_string(capacity))
+      .append(" that ")
+      .append(counted.name)
+      .append(" has room for");
 }
 
 /// Calls `act` with the name of each member that counts others, what it counts, and how many of them fit.
@@ -55,8 +61,9 @@ std::vector<ImpossibleCount> impossibleCounts(const BlockView& block) {
   if (block.row == nullptr) return counts;  // only the fields of catalogued classes count others
   const std::span<const FieldInfo> fields = block.row->fields;
   const auto examine = [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {
+    if (counter.empty()) return;
     const auto member = std::ranges::find_if(fields, [&](const FieldInfo& field) { return counter == field.name; });
-    if (counter.empty() || member == fields.end()) return;
+    if (member == fields.end()) return;
     std::string reason = excess(integerValue(block.bytes, {&*member, member->offset}), capacity, counted);
     // A member may count several lists.
     const bool isSaid =

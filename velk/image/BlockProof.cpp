@@ -41,7 +41,7 @@ class FirstTable {
 
 }  // namespace
 
-KnownBlocks::KnownBlocks() : sizes_(0x10000, none) {
+KnownBlocks::KnownBlocks() {
   for (const auto rows : {dictionaryRows(), otherRows()}) {
     for (const CatalogueRow& row : rows) {
       for (unsigned id = row.firstId; id <= row.lastId && id != erasedBlockId; ++id) {

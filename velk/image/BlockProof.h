@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <vector>
 
 #include "velk/edition2/StoredTable.h"
 #include "velk/image/BlockHeader.h"
@@ -41,7 +40,7 @@ class KnownBlocks {
 
   void addMark(unsigned id, unsigned size);
 
-  std::vector<unsigned short> sizes_;  ///< by id
+  std::array<unsigned short, 0x10000> sizes_{};  ///< by id
   std::array<unsigned char, marksKept> marks_{};
 };
 

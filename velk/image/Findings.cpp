@@ -17,10 +17,16 @@ std::string describeSize(const BlockView& block) {
          " bytes taken up to the next block";
 }
 
+/// Allocates once: hostile memories have a wrong checksum every few bytes.
 std::string describeChecksum(const BlockView& block) {
+  constexpr std::size_t longest = 64;
   const auto stored = detail::load<unsigned short>(block.bytes, offsetof(HwSDatablockHeader, checksum));
-  return "checksum is " + detail::hexText(stored, 4) + ", the bytes give " +
-         detail::hexText(detail::checksumOf(block.bytes), 4);
+  std::string text;
+  text.reserve(longest);
+  return text.append("checksum is ")
+      .append(detail::hexText(stored, 4))
+      .append(", the bytes give ")
+      .append(detail::hexText(detail::checksumOf(block.bytes), 4));
 }
 
 std::string describeCrc(const BlockView& block) {

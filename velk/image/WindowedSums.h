@@ -21,17 +21,22 @@ class WindowedSums {
   /// Returns the sum of `size` bytes of the memory from an offset on, which must not be far above the lowest one
   /// requested before; an odd last byte is ignored.
   unsigned short sum(std::size_t offset, std::size_t size) {
-    if (offset < reached_) {
-      if (spend(offset, size)) return sumOfWords(memory_.subspan(offset, size));
-      reach(offset);
-    }
-    return static_cast<unsigned short>(toEnd(offset) - toEnd(offset + size / 2 * 2));
+    return offset >= reached_ ? keptSum(offset, size) : sumFurtherAhead(offset, size);
   }
 
  private:
   static constexpr std::size_t longest = 0x10000;
   static constexpr std::size_t atOnce = 0x1000;
 
+  unsigned short keptSum(std::size_t offset, std::size_t size) {
+    return static_cast<unsigned short>(toEnd(offset) - toEnd(offset + size / 2 * 2));
+  }
+  /// Not inlined: it is rare where sums are requested at every few bytes.
+  [[gnu::noinline]] unsigned short sumFurtherAhead(std::size_t offset, std::size_t size) {
+    if (spend(offset, size)) return sumOfWords(memory_.subspan(offset, size));
+    reach(offset);
+    return keptSum(offset, size);
+  }
   /// Whether so little was summed by itself that these bytes may be as well.
   bool spend(std::size_t offset, std::size_t size) {
     constexpr std::size_t perByte = 2;
@@ -63,16 +68,18 @@ class WindowedSums {
   /// Starts anew: sums this far ahead are not requested again.
   void begin(std::size_t end) {
     toEnd_.resize(std::bit_ceil(std::min(memory_.size() + 2, 2 * longest)));
+    lastKept_ = toEnd_.size() - 1;
     reached_ = end;
     toEnd(end) = 0;
     toEnd(end + 1) = 0;
   }
-  unsigned short& toEnd(std::size_t offset) { return toEnd_[offset & (toEnd_.size() - 1)]; }
+  unsigned short& toEnd(std::size_t offset) { return toEnd_[offset & lastKept_]; }
 
   ConstBytes memory_;
   std::size_t summed_ = 0;
   std::size_t reached_;  ///< the least offset whose sum is kept
   std::vector<unsigned short> toEnd_;
+  std::size_t lastKept_ = 0;  ///< the last index of these, one less than a power of two
 };
 
 }  // namespace Velk::detail
