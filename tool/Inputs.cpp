@@ -109,8 +109,10 @@ std::shared_ptr<Inputs> makeInputs(CLI::App& command, int count, const std::stri
   return inputs;
 }
 
-std::shared_ptr<Inputs> makeFolderInputs(CLI::App& command) {
-  auto inputs = makeInputs(command, 0, "Memory images, or folders whose files, also those in folders below, are read");
+std::shared_ptr<Inputs> makeFolderInputs(CLI::App& command, int count) {
+  const char* const what =
+      count == 1 ? "A memory image, or a folder whose files" : "Memory images, or folders whose files";
+  auto inputs = makeInputs(command, count, std::string(what) + ", also those in folders below, are read");
   command
       .add_option("--glob", inputs->globs,
                   "Read only the files of folders whose names match, such as '*.bin'; may be repeated")
@@ -139,15 +141,6 @@ Input readInput(const Inputs& inputs, const std::string& name) try {
   return {name, {.error = std::strerror(ENOMEM)}, Velk::MemoryImage(QByteArray())};
 }
 
-/// Calls `act`; if memory runs out, reports it for this file and lets the run continue.
-template <class Act>
-void unlessOutOfMemory(Session& session, const std::string& name, Act act) try {
-  act();
-} catch (const std::bad_alloc&) {
-  session.complain(name, std::strerror(ENOMEM));
-  session.worsen(Exit::NoAccess);
-}
-
 }  // namespace
 
 std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) {
@@ -156,10 +149,10 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count) {
 
 std::shared_ptr<const Inputs> addPlainInput(CLI::App& command) { return addFiles(command, 1, whatFor(1)); }
 
-std::shared_ptr<const Inputs> addFolderInputs(CLI::App& command) { return makeFolderInputs(command); }
+std::shared_ptr<const Inputs> addFolderInputs(CLI::App& command, int count) { return makeFolderInputs(command, count); }
 
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command) {
-  const auto inputs = makeFolderInputs(command);
+  const auto inputs = makeFolderInputs(command, 0);
   command.add_flag("--redact", inputs->redacted,
                    "Redact data that identifies the module and its users, as velk redact does");
   return inputs;
@@ -188,6 +181,13 @@ void reportBlock(Session& session, const Inputs& inputs, const std::string& file
   tellFindings(session, file, block, Velk::dataChecks());
   complainOf(session, file, block);
   if (inputs.redacted) reportLeft(session, file, block);
+}
+
+void unlessOutOfMemory(Session& session, const std::string& name, const std::function<void()>& act) try {
+  act();
+} catch (const std::bad_alloc&) {
+  session.complain(name, std::strerror(ENOMEM));
+  session.worsen(Exit::NoAccess);
 }
 
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act) {

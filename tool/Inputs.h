@@ -37,9 +37,8 @@ std::shared_ptr<const Inputs> addInputs(CLI::App& command, int count = 0);
 /// Adds one FILE argument and --input to a subcommand that does not look for blocks.
 std::shared_ptr<const Inputs> addPlainInput(CLI::App& command);
 
-/// Adds the same as addInputs for any number of files, and the options for folders, which withFilesOfFolders replaces
-/// by their files.
-std::shared_ptr<const Inputs> addFolderInputs(CLI::App& command);
+/// Adds the same as addInputs, and the options for folders, which withFilesOfFolders replaces by their files.
+std::shared_ptr<const Inputs> addFolderInputs(CLI::App& command, int count = 0);
 
 /// Adds the same as addFolderInputs and --redact.
 std::shared_ptr<const Inputs> addRedactableInputs(CLI::App& command);
@@ -63,6 +62,9 @@ Input openInput(Session& session, const Inputs& inputs, const std::string& name)
 /// Reports on a block that is shown, on standard error: its findings, which count if it is not sound, doubts about its
 /// data, and after redaction the bytes that were left, which count.
 void reportBlock(Session& session, const Inputs& inputs, const std::string& file, const Velk::BlockView& block);
+
+/// Calls `act`; if memory runs out, reports it for this file and lets the run continue.
+void unlessOutOfMemory(Session& session, const std::string& name, const std::function<void()>& act);
 
 /// Calls `act` with every readable input, in order.
 void forEachInput(Session& session, const Inputs& inputs, const std::function<void(const Input& input)>& act);

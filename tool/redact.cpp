@@ -98,7 +98,7 @@ class FolderRedactor {
       if (inputs_.unreadable.contains(name)) {
         openInput(session_, inputs_, name);
       } else if (const std::string target = output.folder() + '/' + name.substr(length); isFree(name, target)) {
-        Redactor(session_, inputs_, name, force_).run(output.to(target));
+        unlessOutOfMemory(session_, name, [&] { Redactor(session_, inputs_, name, force_).run(output.to(target)); });
       }
     }
   }
@@ -148,7 +148,7 @@ void redactAll(Session& session, const Inputs& given, bool force, const Output& 
 void addRedact(CLI::App& app, Session& session) {
   CLI::App* const command =
       app.add_subcommand("redact", "Remove data that identifies a module and its users from an image");
-  const auto inputs = addInputs(*command, 1);
+  const auto inputs = addFolderInputs(*command, 1);
   const auto force = std::make_shared<bool>(false);
   command->add_flag("--force", *force, "Write the image even if some bytes cannot be interpreted");
   const auto output = addOutput(*command);

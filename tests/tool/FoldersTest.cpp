@@ -110,12 +110,14 @@ TEST_F(Folders, AreRedactedIntoAnotherFolder) {
     : >d/b/0; "$velk" redact d -o out/new >report 2>errors; echo "exit $?"; grep -c ':$' report; cat errors | grep 0:
     (cd out/new && find . -type f | LC_ALL=C sort); "$velk" redact "$board" -o one >/dev/null; cmp one out/new/b/1.bin
     cp -r d before; "$velk" redact d/ -o d >/dev/null 2>&1; echo "exit $?"; diff -r d before
-    "$velk" redact d --in-place 2>&1; echo "exit $?"; diff -r d before)sh");
+    "$velk" redact d --in-place 2>&1; echo "exit $?"; diff -r d before
+    "$velk" redact --glob '?.bin' d -o some >/dev/null; (cd some && find . -type f | LC_ALL=C sort))sh");
   EXPECT_EQ(result.output,
             "exit 3\n5\nvelk: d/b/0: is empty\n"
             "velk: d/b/0: bytes that cannot be interpreted may hold anything; nothing is written without --force\n"
             "./a.hex\n./b-1.bin\n./b.bin\n./b/1.bin\n./c.bin\nexit 2\n"
-            "velk: d: is a folder; use -o to name a folder for the redacted files\nexit 2\n");
+            "velk: d: is a folder; use -o to name a folder for the redacted files\nexit 2\n"
+            "./b.bin\n./b/1.bin\n./c.bin\n");
 }
 
 /// The names of files that an overview calls damaged.
