@@ -80,6 +80,9 @@ int main(int argc, char** argv) {
   addGet(app, session);
   addDiff(app, session);
   addSet(app, session);
+  addAdd(app, session);
+  addCopy(app, session);
+  addRemove(app, session);
   addRedact(app, session);
   addRecover(app, session);
   addConvert(app, session);

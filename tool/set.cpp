@@ -1,10 +1,7 @@
-#include <algorithm>
-
+#include "ChosenBlock.h"
 #include "Commands.h"
-#include "Files.h"
 #include "Images.h"
 #include "Output.h"
-#include "Selection.h"
 #include "ValueText.h"
 #include "velk/bytes/ByteArray.h"
 #include "velk/data/BlockSeal.h"
@@ -37,44 +34,14 @@ class Editor {
     if (!destination) return;
     Input input = openInput(session_, inputs_, name);
     if (!input.file.error.empty()) return;
-    const std::optional<BlockView> block = choose(input);
+    const std::optional<BlockView> block =
+        chooseBlock(session_, input, selection_, edit_.force ? Unsound::Taken : Unsound::NeedsForce);
     if (!block) return;
     const std::optional<std::string> changes = edit(input, *block);
     if (changes) destination->write(session_, input.file, *changes);
   }
 
  private:
-  std::nullopt_t refuse(const std::string& file, const std::string& what, Exit exit = Exit::Findings) {
-    session_.complain(file, what + "; nothing is changed");
-    session_.worsen(exit);
-    return std::nullopt;
-  }
-
-  /// Returns the block to edit, or reports why there is none.
-  std::optional<BlockView> choose(const Input& input) {
-    std::vector<BlockView> blocks;
-    forEachBlock(input.image, selection_, [&](const BlockView& block) { blocks.push_back(block); });
-    const Velk::BlockPattern& wanted = selection_.patterns.front();
-    if (blocks.empty()) return refuse(input.name, noSuchBlock(wanted, selection_.occurrence));
-    if (blocks.size() > 1) return refuse(input.name, ambiguous(wanted, blocks));
-    const BlockView& block = blocks.front();
-    if (block.has(Velk::Finding::UnbelievableSize)) {
-      return refuse(input.name, placeText(block) + ": " + Velk::describe(block, Velk::Finding::UnbelievableSize));
-    }
-    if (!block.isSound() && !edit_.force) {
-      return refuse(input.name, placeText(block) + ": " + Velk::verdictName(block) +
-                                    ", use --force to change it and correct its checks");
-    }
-    return block;
-  }
-
-  static std::string ambiguous(const Velk::BlockPattern& wanted, const std::vector<BlockView>& blocks) {
-    const bool isOneId = std::ranges::all_of(blocks, [&](const BlockView& block) { return block.id == blocks[0].id; });
-    return "has " + std::to_string(blocks.size()) + " blocks " +
-           (wanted.id() ? "of id " + std::to_string(*wanted.id()) : wanted.text()) +
-           (isOneId ? "; use --nth to choose one" : "; use --id with one of their names");
-  }
-
   /// Sets the values. Returns a line for each change, or nothing if one of them cannot be set.
   std::optional<std::string> edit(Input& input, const BlockView& found) {
     QByteArray changed = input.file.bytes;  // the file keeps its bytes until all values are set
@@ -92,7 +59,7 @@ class Editor {
               ? "\"" + assignment + "\" is not of the form name=value"
               : Velk::setValue(bytes, block, path, std::string_view(assignment).substr(equals + 1), form);
       if (!refusal.empty()) {
-        return refuse(input.name, placeText(block) + ": " + refusal, Exit::Usage);
+        return refuseChange(session_, input.name, placeText(block) + ": " + refusal, Exit::Usage);
       }
       changes += Velk::blockName(block) + ' ' + changeText(before, show(block, path, form)) + '\n';
     }
