@@ -1,5 +1,7 @@
 #include "DataJson.h"
 
+#include <algorithm>
+
 #include "velk/data/WrittenForm.h"
 #include "velk/fields/FieldValue.h"
 
@@ -50,6 +52,16 @@ JsonWriter::Layout elementLayout(const DataNode& element) {
   return JsonWriter::Layout::OneLine;
 }
 
+/// Returns whether the elements of a list are records that consist of single values.
+bool isListOfFlatRecords(const DataNode& list) {
+  const Velk::FieldInfo* const field = list.field();
+  const bool isOfRecords = field != nullptr && field->type == Velk::ScalarType::Record && list.spacing().has_value() &&
+                           list.sample().kind() == DataNode::Kind::Record;
+  return isOfRecords && std::ranges::all_of(field->members, [](const Velk::FieldInfo& member) {
+           return member.rank == 0 && member.type != Velk::ScalarType::Record;
+         });
+}
+
 /// Accepts every member.
 struct Everything {
   bool operator()(const DataNode& /*member*/) const { return true; }
@@ -95,6 +107,11 @@ class DataWriter {
   void writeList(const DataNode& list, Accepts accepts) {
     if (const auto run = list.run()) return writeRun(*run);
     json_.beginArray(isListOfValues(list) ? JsonWriter::Layout::OneLine : JsonWriter::Layout::Indented);
+    if (std::is_same_v<Accepts, Everything> && isListOfFlatRecords(list)) {
+      writeRecords(list);
+      json_.endArray();
+      return;
+    }
     const JsonWriter::Layout layout = elementLayout(list.sample());
     for (std::size_t i = 0; i < list.size(); ++i) {
       if (const auto row = list.runAt(i)) {
@@ -106,6 +123,33 @@ class DataWriter {
     json_.endArray();
   }
 
+  /// Writes records of single values one after another, of which there may be very many.
+  void writeRecords(const DataNode& list) {
+    const std::span<const Velk::FieldInfo> members = list.field()->members;
+    const DataNode::Spacing spacing = *list.spacing();
+    makePrefixes(members);
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      const std::size_t offset = spacing.offset + i * spacing.distance;
+      json_.record([&](JsonWriter::Row& row) {
+        for (std::size_t member = 0; member < members.size(); ++member) {
+          row.prefix(prefixes_[member]);
+          const Velk::FieldElement element{&members[member], offset + members[member].offset};
+          Velk::detail::withValue(data_.bytes(), element, form_, [&](auto value) { row.value(value); });
+        }
+      });
+    }
+  }
+
+  /// Keeps what stands before each member's value; the rows of a table have the same members.
+  void makePrefixes(std::span<const Velk::FieldInfo> members) {
+    if (members.data() == prefixedMembers_) return;
+    prefixedMembers_ = members.data();
+    prefixes_.clear();
+    for (const Velk::FieldInfo& member : members) {
+      prefixes_.push_back((prefixes_.empty() ? "\"" : ", \"") + std::string(member.name) + "\": ");
+    }
+  }
+
   void writeRun(const DataNode::Run& run) {
     json_.row([&](JsonWriter::Row& row) {
       Velk::detail::withValues(data_.bytes(), run.first, run.count, form_, [&](auto value) { row.value(value); });
@@ -115,6 +159,8 @@ class DataWriter {
   JsonWriter& json_;
   const BlockData& data_;
   ValueForm form_;
+  const Velk::FieldInfo* prefixedMembers_ = nullptr;
+  std::vector<std::string> prefixes_;
 };
 
 void writeTexts(JsonWriter& json, const BlockData& data) {

@@ -56,10 +56,19 @@ class JsonWriter {
   JsonWriter& value(std::nullptr_t) { return null(); }
   JsonWriter& null() { return raw("null"); }
 
-  /// Writes the elements of an array on one line. Works on its own copy of the writer's position, which makes long rows
-  /// of numbers fast.
+  /// Writes the elements of an array or the members of an object on one line. Works on its own copy of the writer's
+  /// position, which makes long rows of numbers fast.
   class Row {
    public:
+    /// Writes what stands before the next value, as it is: the separator and the key of a member.
+    void prefix(std::string_view text) {
+      if (static_cast<std::size_t>(end_ - at_) < text.size()) {
+        handBack();
+        at_ = json_.room(text.size());
+      }
+      at_ = std::ranges::copy(text, at_).out;
+      needsComma_ = false;
+    }
     template <class T>
     void value(T element) {
       if constexpr (std::is_arithmetic_v<T>) {
@@ -107,6 +116,16 @@ class JsonWriter {
     fill(row);
     row.handBack();
     return endArray();
+  }
+
+  /// Writes an object on one line; calls `fill` with its Row, which takes a prefix before each value.
+  template <class Fill>
+  JsonWriter& record(Fill fill) {
+    beginObject(Layout::OneLine);
+    Row row(*this);
+    fill(row);
+    row.handBack();
+    return endObject();
   }
 
   template <class T>

@@ -5,8 +5,9 @@ namespace Velk::detail {
 namespace {
 
 void findImpossibleCounts(const CheckedBlock& block, const Report& report) {
-  for (const ImpossibleCount& count : impossibleCounts(block.view)) {
-    report(std::string(count.counter) + ": " + count.reason, std::string(count.counter));
+  for (ImpossibleCount& count : impossibleCounts(block.view)) {
+    std::string text = std::move(count.reason);
+    report(std::move(text.insert(0, ": ").insert(0, count.counter)), std::string(count.counter));
   }
 }
 
