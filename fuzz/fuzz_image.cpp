@@ -1,6 +1,7 @@
 // Reads any bytes as a memory image: the walk covers every byte, describes every block, checks it and prints it.
 #include <algorithm>
 
+#include "AnnotationSupport.h"
 #include "FuzzSupport.h"
 #include "ProofSupport.h"
 #include "velk/bytes/ByteArray.h"
@@ -86,7 +87,9 @@ void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize
     check(image, views.size());
     for (const BlockView& block : views) {
       look(block);
-      if (printing && search == Search::Everywhere) print(block);
+      if (!printing || search != Search::Everywhere) continue;
+      print(block);
+      FUZZ_EXPECT(VelkTest::faultOfAnnotation(block).empty());
     }
   }
   MemoryImage(bytes, start).suggestedSectorSize();
