@@ -105,6 +105,26 @@ TEST_F(Command, DumpReportsATableThatIsCutOffAtItsFirstValue) {
   EXPECT_EQ(faultOfBytes(result.output, block), "");
 }
 
+TEST_F(Command, DumpKeepsToTheWidthOfATerminal) {
+  const QString script = R"(
+import fcntl, os, pty, struct, sys, termios
+child, terminal = pty.fork()
+if child == 0:
+    fcntl.ioctl(1, termios.TIOCSWINSZ, struct.pack("HHHH", 24, 60, 0, 0))
+    os.execv(sys.argv[1], [sys.argv[1], "dump", "--color", "never", "--id", "IDENT_2", "rf_board.bin"])
+try:
+    while output := os.read(terminal, 4096):
+        os.write(1, output.replace(b"\r\n", b"\n"))
+except OSError:  # the terminal is closed
+    pass
+)";
+  const Outcome result = run({"-c", script, VELK_COMMAND}, {}, VELK_PYTHON);
+  std::istringstream lines(result.output);
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 60U) << line;
+  EXPECT_NE(result.output.find("  1141.1000.02\n"), std::string::npos) << result.output;
+  EXPECT_EQ(faultOfBytes(result.output, exampleImage("rf_board.bin").left(44)), "");
+}
+
 TEST_F(Command, DumpHasWhatConcernsSeveralBlocksAtOneOfThem) {
   // The ident blocks of both modules, and none.
   const QByteArray two = exampleImage("rf_board.bin").left(44) + exampleImage("dac_board.bin").left(44);
