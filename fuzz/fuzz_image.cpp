@@ -1,6 +1,7 @@
 // Reads any bytes as a memory image: the walk covers every byte, describes every block, checks it and prints it.
 #include <algorithm>
 
+#include "AnnotationSupport.h"
 #include "FuzzSupport.h"
 #include "ProofSupport.h"
 #include "velk/bytes/ByteArray.h"
@@ -24,6 +25,12 @@ void look(const BlockView& block) {
 void print(const BlockView& block) {
   VelkFuzz::LimitedStream stream;
   printBlock(stream, block);
+}
+
+/// Checks that every byte of a block is annotated once. Blocks of all kinds can be small, and long ones take long.
+void annotate(const BlockView& block) {
+  constexpr std::size_t longestAnnotated = 0x200;
+  if (block.bytes.size() <= longestAnnotated) FUZZ_EXPECT(VelkTest::faultOfAnnotation(block).empty());
 }
 
 /// Checks that every block found out of sequence is verified by itself, or has a valid checksum and is followed
@@ -86,7 +93,9 @@ void walk(const QByteArray& bytes, std::uint64_t start, std::uint64_t sectorSize
     check(image, views.size());
     for (const BlockView& block : views) {
       look(block);
-      if (printing && search == Search::Everywhere) print(block);
+      if (!printing || search != Search::Everywhere) continue;
+      print(block);
+      annotate(block);
     }
   }
   MemoryImage(bytes, start).suggestedSectorSize();

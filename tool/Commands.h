@@ -11,6 +11,7 @@ void addList(CLI::App& app, Session& session);
 void addCheck(CLI::App& app, Session& session);
 void addExplain(CLI::App& app, Session& session);
 void addPrint(CLI::App& app, Session& session);
+void addDump(CLI::App& app, Session& session);
 void addIds(CLI::App& app, Session& session);
 void addTable(CLI::App& app, Session& session);
 void addExport(CLI::App& app, Session& session);

@@ -15,10 +15,6 @@
 namespace VelkTool {
 namespace {
 
-Verdict verdictOf(Velk::Severity severity) {
-  return severity == Velk::Severity::Error ? Verdict::Damaged : Verdict::Warnings;
-}
-
 /// Appends what was found. What the bytes of one block tell is plain; the sense of its values is a matter of
 /// opinion, so the check that has it is named.
 void appendText(std::string& line, const Velk::CheckFinding& finding) {

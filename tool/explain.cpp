@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "CheckOptions.h"
+#include "Columns.h"
 #include "Commands.h"
 #include "Session.h"
 #include "velk/checks/FindingTable.h"
@@ -9,21 +10,6 @@ namespace VelkTool {
 namespace {
 
 constexpr std::size_t lineWidth = 100;
-
-/// Returns a paragraph broken into lines.
-std::string wrapped(std::string_view text) {
-  std::string lines;
-  std::size_t column = 0;
-  while (!text.empty()) {
-    const std::string_view word = text.substr(0, text.find(' '));
-    text.remove_prefix(std::min(text.size(), word.size() + 1));
-    const bool breaks = column != 0 && column + 1 + word.size() > lineWidth;
-    if (column != 0) lines += breaks ? '\n' : ' ';
-    lines += word;
-    column = breaks ? word.size() : column + (column != 0 ? 1 : 0) + word.size();
-  }
-  return lines + '\n';
-}
 
 std::string tableText() {
   std::size_t width = 0;
@@ -42,7 +28,7 @@ std::string tableText() {
 
 std::string paragraphText(const Velk::FindingKind& kind) {
   return std::string(kind.code) + ", " + severityName(kind.severity) + ": " + kind.summary + "\n\n" +
-         wrapped(kind.explanation);
+         wrapped(kind.explanation, lineWidth);
 }
 
 std::string markdownText() {
@@ -52,7 +38,7 @@ std::string markdownText() {
             kind.summary + " |\n";
   }
   for (const Velk::FindingKind& kind : Velk::findingKinds()) {
-    text += std::string("\n## ") + kind.code + "\n\n" + wrapped(kind.explanation);
+    text += std::string("\n## ") + kind.code + "\n\n" + wrapped(kind.explanation, lineWidth);
   }
   return text;
 }

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "Colours.h"
+#include "Columns.h"
 #include "Commands.h"
 #include "FindingReport.h"
 #include "Folders.h"
@@ -13,9 +12,6 @@ namespace {
 
 constexpr std::string_view heading =
     "offset      id     name                                 size   kind            verdict\n";
-
-/// Pads a line to a column, by one blank at least: columns never run together.
-void padTo(std::string& line, std::size_t width) { line.resize(std::max(width, line.size() + 1), ' '); }
 
 Verdict appendRow(std::string& line, const Velk::BlockView& block) {
   const bool isStray = block.kind == Velk::BlockKind::Stray;

@@ -75,6 +75,7 @@ int main(int argc, char** argv) {
   addCheck(app, session);
   addExplain(app, session);
   addPrint(app, session);
+  addDump(app, session);
   addIds(app, session);
   addExport(app, session);
   addGet(app, session);

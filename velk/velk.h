@@ -6,6 +6,7 @@
 #include "velk/containers/Container.h"
 #include "velk/containers/ImageFile.h"
 #include "velk/containers/Reshape.h"
+#include "velk/data/AnnotatedBytes.h"
 #include "velk/data/BlockData.h"
 #include "velk/data/BlockDiff.h"
 #include "velk/data/BlockRedaction.h"

@@ -93,8 +93,9 @@ TEST(Usage, ValuesThatCannotMeanAnythingAreRefused) {
 TEST(Usage, HelpTellsWhatTheOptionTells) {
   const std::string page = run({"help"}).output;
   EXPECT_EQ(page, run({"--help"}).output);
-  for (const char* const command : {"list", "check", "explain", "print", "ids", "export", "diff", "set", "redact",
-                                    "table", "table export", "table import", "completion", "manual", "help"}) {
+  for (const char* const command :
+       {"list", "check", "explain", "print", "dump", "ids", "export", "diff", "set", "redact", "table", "table export",
+        "table import", "completion", "manual", "help"}) {
     const QStringList words = QString(command).split(' ');
     const Outcome result = run(QStringList{"help"} + words);
     EXPECT_EQ(result.exitCode, 0);
