@@ -1,9 +1,8 @@
 #include "Csv.h"
 
 #include <algorithm>
-#include <set>
 
-#include "Utf8.h"
+#include "velk/data/ElementCounts.h"
 #include "velk/fields/FieldValue.h"
 
 namespace VelkTool {
@@ -15,41 +14,8 @@ using Velk::DataPath;
 using Velk::FieldElement;
 using Velk::ValueForm;
 
-constexpr char separator = ',';
-
-void appendText(std::string& line, std::string_view text) {
-  std::string converted;
-  text = asUtf8(text, converted);
-  if (text.find_first_of(",\"\r\n") == text.npos) {
-    line += text;
-    return;
-  }
-  line += '"';
-  for (const char c : text) {
-    if (c == '"') line += '"';
-    line += c;
-  }
-  line += '"';
-}
-
-void appendValue(std::string& line, Velk::ConstBytes block, const FieldElement& element, ValueForm form) {
-  Velk::detail::withValue(block, element, form, [&]<class T>(T value) {
-    if constexpr (std::is_arithmetic_v<T>) {
-      char digits[64];
-      line.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
-    } else if constexpr (std::is_same_v<T, std::string_view>) {
-      appendText(line, value);
-    }
-  });
-}
-
-/// Returns the names of the fields that count the elements in use of other fields.
-std::set<std::string_view> counters(const DataNode& record) {
-  std::set<std::string_view> names;
-  for (std::size_t i = 0; i < record.size(); ++i) {
-    if (const Velk::FieldInfo* const field = record[i].field()) names.insert({field->usedRows, field->usedCols});
-  }
-  return names;
+void appendValue(CsvText& line, Velk::ConstBytes block, const FieldElement& element, ValueForm form) {
+  Velk::detail::withValue(block, element, form, [&](auto value) { line.value(value); });
 }
 
 /// Returns the number of columns of an element.
@@ -61,7 +27,8 @@ std::size_t width(const FieldElement& element, bool stored) {
 
 std::size_t CsvTable::count(const BlockData& data) { return data.isSelfDescribing() ? data.tables().size() : 1; }
 
-CsvTable::CsvTable(const BlockData& data, std::size_t index, bool stored) : data_(data), stored_(stored) {
+CsvTable::CsvTable(const BlockData& data, std::size_t index, bool stored, const CsvForm& form)
+    : data_(data), stored_(stored), form_(form) {
   const DataNode root = data.root();
   if (data.isSelfDescribing()) {
     addTable((*root.find("tables"))[index]);
@@ -71,7 +38,7 @@ CsvTable::CsvTable(const BlockData& data, std::size_t index, bool stored) : data
 }
 
 void CsvTable::addRecord(const DataNode& record) {
-  const std::set<std::string_view> counting = counters(record);
+  const std::set<std::string_view> counting = counterNames(record);
   for (std::size_t i = 0; i < record.size(); ++i) {
     if (!counting.contains(record.nameOf(i))) add(record[i], record.nameOf(i));
   }
@@ -104,39 +71,42 @@ void CsvTable::add(const DataNode& node, const char* name, const std::function<s
   columns_.push_back(std::move(columns));
 }
 
-void CsvTable::appendCells(std::string& line, const DataNode& node, std::size_t count) const {
+void CsvTable::appendCells(CsvText& line, const DataNode& node, std::size_t count) const {
   const auto append = [&](const DataPath&, const FieldElement& element) {
     if (width(element, stored_) > count) return;
     count -= width(element, stored_);
-    line += separator;
-    appendValue(line, data_.bytes(), element, ValueForm::Presented);
-    if (width(element, stored_) == 2) appendValue(line += separator, data_.bytes(), element, ValueForm::Stored);
+    appendValue(line.separate(), data_.bytes(), element, ValueForm::Presented);
+    if (width(element, stored_) == 2) appendValue(line.separate(), data_.bytes(), element, ValueForm::Stored);
   };
   forEachValue(node, {}, append);
-  line.append(count, separator);
+  line.separate(count);
 }
 
 void CsvTable::write(const std::function<void(std::string_view text)>& sink) const {
   // Without lists there is no index column; skip the separator before the first value.
   const std::size_t first = hasLists_ ? 0 : 1;
-  std::string line = hasLists_ ? "row" : "";
+  CsvText line(form_);
+  const auto passLine = [&] {
+    sink(std::string_view(line.endLine().str()).substr(first));
+    line.clear();
+  };
+  if (hasLists_) line.value("row");
   for (const Columns& columns : columns_) {
-    for (const std::string& name : columns.names) appendText(line += separator, name);
+    for (const std::string& name : columns.names) line.separate().value(std::string_view(name));
   }
-  sink((line += '\n').substr(first));
+  passLine();
   for (std::size_t row = 0; row < rows_; ++row) {
-    line = hasLists_ ? std::to_string(row) : "";
+    if (hasLists_) line.value(row);
     for (const Columns& columns : columns_) {
       if (!columns.isList) {
         appendCells(line, columns.node, columns.names.size());
       } else if (row < columns.node.size()) {
         appendCells(line, columns.node[row], columns.names.size());
       } else {
-        line.append(columns.names.size(), separator);
+        line.separate(columns.names.size());
       }
     }
-    line += '\n';
-    sink(std::string_view(line).substr(first));
+    passLine();
   }
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "CsvText.h"
 #include "velk/data/BlockData.h"
 
 namespace VelkTool {
@@ -21,7 +22,7 @@ class CsvTable {
 
   /// Takes table `index` of `data`, which must outlive it. With `stored`, each scaled column is followed by a column of
   /// the stored values.
-  CsvTable(const Velk::BlockData& data, std::size_t index, bool stored);
+  CsvTable(const Velk::BlockData& data, std::size_t index, bool stored, const CsvForm& form = {});
 
   /// Passes the text to `sink` in pieces.
   void write(const std::function<void(std::string_view text)>& sink) const;
@@ -41,10 +42,11 @@ class CsvTable {
       const std::function<std::string(const Velk::DataPath& path)>& nameOf = [](const Velk::DataPath& path) {
         return path.text();
       });
-  void appendCells(std::string& line, const Velk::DataNode& node, std::size_t count) const;
+  void appendCells(CsvText& line, const Velk::DataNode& node, std::size_t count) const;
 
   const Velk::BlockData& data_;
   bool stored_;
+  CsvForm form_;
   std::vector<Columns> columns_;
   std::size_t rows_ = 0;
   bool hasLists_ = false;

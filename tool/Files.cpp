@@ -2,6 +2,9 @@
 
 #include <unistd.h>
 
+#include <filesystem>
+#include <system_error>
+
 #include "velk/bytes/ByteArray.h"
 #include "velk/files/ReadFile.h"
 
@@ -66,6 +69,41 @@ bool writeFile(Session& session, const std::string& name, const Velk::FileTarget
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes) {
   const auto target = outputTarget(session, path);
   return target && writeFile(session, path, *target, bytes);
+}
+
+bool makeFolder(Session& session, const std::string& path) {
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  return !error || fail(session, path, "cannot be made: " + error.message());
+}
+
+void GrowingFile::append(std::string_view text) {
+  constexpr std::size_t pieceSize = 64 * 1024;
+  if (hasFailed_) return;
+  pending_ += text;
+  if (pending_.size() >= pieceSize) flush();
+}
+
+bool GrowingFile::open() {
+  if (file_) return true;
+  const auto target = outputTarget(session_, path_);
+  if (!target) return false;
+  file_.emplace(*target);
+  return file_->error().empty() || fail(session_, path_, file_->error());
+}
+
+bool GrowingFile::flush() {
+  if (hasFailed_) return false;
+  const bool isWritten = open() && (file_->append(pending_) || fail(session_, path_, file_->error()));
+  pending_.clear();
+  if (isWritten) return true;
+  file_.reset();  // gives back the room on the disk
+  hasFailed_ = true;
+  return false;
+}
+
+void GrowingFile::commit() {
+  if (flush()) finish(session_, path_, *file_);
 }
 
 }  // namespace VelkTool

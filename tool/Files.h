@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Session.h"
 #include "velk/files/FileReplacement.h"
@@ -29,5 +30,29 @@ bool isSameFile(const std::string& path, const std::string& other);
 bool writeFile(Session& session, const std::string& name, const Velk::FileTarget& target, const QByteArray& bytes,
                std::string_view report = {}, const Velk::FileTarget& model = {});
 bool writeFile(Session& session, const std::string& path, const QByteArray& bytes);
+
+/// Makes a folder, and those above it, unless it is there. Reports and counts a failure.
+bool makeFolder(Session& session, const std::string& path);
+
+/// A file whose contents come in pieces and take its place together, or not at all. Keeps little of them in memory.
+/// Reports and counts a failure once, as soon as it occurs.
+class GrowingFile {
+ public:
+  GrowingFile(Session& session, std::string path) : session_(session), path_(std::move(path)) {}
+
+  void append(std::string_view text);
+  /// Puts the contents in place.
+  void commit();
+
+ private:
+  bool flush();
+  bool open();
+
+  Session& session_;
+  std::string path_;
+  std::string pending_;
+  std::optional<Velk::FileReplacement> file_;
+  bool hasFailed_ = false;
+};
 
 }  // namespace VelkTool

@@ -1,5 +1,6 @@
 #include <filesystem>
 #include <map>
+#include <optional>
 
 #include "Choices.h"
 #include "Commands.h"
@@ -11,6 +12,9 @@
 #include "JsonReport.h"
 #include "Plural.h"
 #include "Selection.h"
+#include "Tidy.h"
+#include "TidyFolder.h"
+#include "TidyText.h"
 #include "UnusedNames.h"
 
 namespace VelkTool {
@@ -18,12 +22,20 @@ namespace {
 
 using Velk::BlockView;
 
-enum class Format { Json, JsonLines, Csv };
+enum class Format { Json, JsonLines, Csv, Tidy, Table };
 
 struct Export {
   Format format = Format::Json;
   bool stored = false;
   std::string folder{};
+  std::optional<char> delimiter{};
+  std::optional<char> decimal{};
+
+  bool isSeparated() const { return format == Format::Csv || format == Format::Tidy; }
+  CsvForm csvForm() const {
+    const bool hasComma = decimal == ',';
+    return {.delimiter = delimiter.value_or(hasComma ? ';' : ','), .decimal = hasComma ? ',' : '.'};
+  }
 };
 
 void writeJson(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options) {
@@ -38,10 +50,10 @@ void writeJson(Session& session, const Inputs& inputs, SearchedBlocks& searched,
   writeJsonReport(session, inputs, searched, plainChecks(), describe);
 }
 
-std::string existingFolder(const std::string& path) {
+std::string possibleFolder(const std::string& path) {
   std::error_code error;
-  return std::filesystem::is_directory(path, error) ? ""
-                                                    : (path.empty() ? "\"\"" : path) + " is not an existing folder";
+  const bool isOther = std::filesystem::exists(path, error) && !std::filesystem::is_directory(path, error);
+  return !path.empty() && !isOther ? "" : (path.empty() ? "\"\"" : path) + " is not a folder";
 }
 
 /// Writes each table to a file of its own, or a single table to standard output.
@@ -85,7 +97,7 @@ class CsvExporter {
     const Velk::BlockData data(block);
     const std::size_t tables = CsvTable::count(data);
     for (std::size_t table = 0; table < tables; ++table) {
-      const CsvTable csv(data, table, options_.stored);
+      const CsvTable csv(data, table, options_.stored, options_.csvForm());
       if (options_.folder.empty()) {
         csv.write([&](std::string_view text) { session_.write(text); });
       } else {
@@ -122,40 +134,121 @@ class CsvExporter {
   UnusedNames names_;  ///< images in different folders may have the same name
 };
 
+void writeTidy(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options) {
+  const TidyTable table(options.csvForm(), axisHeadings(searched.selection()));
+  session.write(table.heading());
+  forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
+    forEachTidyBlock(part, inputs, input, searched, [&](const TidyBlock& block) {
+      table.write(block, [&](std::string_view text) { part.write(text); });
+    });
+  });
+}
+
+void writeTidyFolder(Session& session, const Inputs& inputs, SearchedBlocks& searched, const Export& options) {
+  TidyFolder folder(session, options.folder, options.csvForm());
+  forEachInput(session, inputs, [&](const Input& input) {
+    forEachTidyBlock(session, inputs, input, searched, [&](const TidyBlock& block) { folder.add(block); });
+  });
+  folder.commit();
+}
+
+void writeTables(Session& session, const Inputs& inputs, SearchedBlocks& searched) {
+  const std::size_t width = lineWidth();
+  forEachInputInTurn(session, inputs, [&](Session& part, const Input& input) {
+    forEachTidyBlock(part, inputs, input, searched,
+                     [&](const TidyBlock& block) { part.write(tidyText(block, width)); });
+  });
+}
+
+/// Replaces a delimiter by its name.
+std::string nameDelimiter(std::string& text) {
+  if (text == ",") text = "comma";
+  if (text == ";") text = "semicolon";
+  return {};
+}
+
+void refuseWrongOptions(const Export& options) {
+  using CLI::ValidationError;
+  if (!options.folder.empty() && !options.isSeparated()) {
+    throw ValidationError("--output", "applies to csv and tidy only; other formats go to standard output");
+  }
+  if ((options.delimiter || options.decimal) && !options.isSeparated()) {
+    throw ValidationError(options.delimiter ? "--delimiter" : "--decimal", "applies to csv and tidy only");
+  }
+  if (options.delimiter == ',' && options.decimal == ',') {
+    throw ValidationError(
+        "--delimiter", "a comma cannot be the decimal sign, too; without --delimiter, semicolons separate the values");
+  }
+  if (options.stored && (options.format == Format::Tidy || options.format == Format::Table)) {
+    throw ValidationError("--stored", "applies to json, jsonl and csv only");
+  }
+}
+
+void exportBlocks(Session& session, const Inputs& given, const Selection& selection, const Export& options) {
+  refuseWrongOptions(options);
+  if (!options.folder.empty() && !makeFolder(session, options.folder)) return;
+  const Inputs inputs = withFilesOfFolders(session, given);
+  SearchedBlocks searched(selection);
+  switch (options.format) {
+    case Format::Csv:
+      CsvExporter(session, inputs, searched, options).exportAll();
+      break;
+    case Format::Tidy:
+      options.folder.empty() ? writeTidy(session, inputs, searched, options)
+                             : writeTidyFolder(session, inputs, searched, options);
+      break;
+    case Format::Table:
+      writeTables(session, inputs, searched);
+      break;
+    default:
+      writeJson(session, inputs, searched, options);
+  }
+  reportMissing(session, inputs, searched);
+}
+
 }  // namespace
 
 void addExport(CLI::App& app, Session& session) {
-  CLI::App* const command = app.add_subcommand("export", "Export the fields and tables of blocks as JSON or CSV");
+  CLI::App* const command = app.add_subcommand("export", "Export the fields and tables of blocks as JSON or tables");
   const auto given = addRedactableInputs(*command);
   const auto selection = addSelection(*command);
   const auto options = std::make_shared<Export>();
   addChoice<Format>(
-      *command, "--format", {{"json", Format::Json}, {"jsonl", Format::JsonLines}, {"csv", Format::Csv}},
+      *command, "--format",
+      {{"json", Format::Json},
+       {"jsonl", Format::JsonLines},
+       {"csv", Format::Csv},
+       {"tidy", Format::Tidy},
+       {"table", Format::Table}},
       [options](Format chosen) { options->format = chosen; },
-      "One JSON document (the default), one line of JSON per block, or one CSV table per block");
+      "One JSON document (the default), one line of JSON per block, one CSV table per block, one CSV table with a line "
+      "per value, or tables to read");
   command->add_flag("--stored", options->stored, "Also export the stored numbers of scaled values");
+  addChoice<char>(
+      *command, "--delimiter", {{"comma", ','}, {"semicolon", ';'}, {"tab", '\t'}},
+      [options](char chosen) { options->delimiter = chosen; },
+      "What separates the values of csv and tidy; may also be given as , or ;")
+      ->transform(CLI::Validator(nameDelimiter, ""));
+  addChoice<char>(
+      *command, "--decimal", {{"point", '.'}, {"comma", ','}}, [options](char chosen) { options->decimal = chosen; },
+      "The decimal sign of csv and tidy; with comma, a semicolon separates the values");
   command
-      ->add_option("-o,--output", options->folder, "The folder for CSV files; a single table may go to standard output")
-      ->check(CLI::Validator(existingFolder, ""))
+      ->add_option("-o,--output", options->folder,
+                   "The folder for the files of csv (one per table) or tidy (one per class), made if missing")
+      ->check(CLI::Validator(possibleFolder, ""))
       ->type_name("DIR");
   command->footer(
       "Lists, rows and columns that have a count end with the elements in use; those without one are exported whole.\n"
       "Damaged blocks are exported too, and reported on standard error.\n\n"
-      "Examples:\n  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
+      "tidy writes a line for each value: its module, block, field, row and column, the points that it lies over, "
+      "such\n"
+      "as its frequency, and the value in its unit. The columns depend only on --id. table shows the same values for\n"
+      "reading. Both leave out bytes of unknown meaning.\n\n"
+      "Examples:\n  velk export --format tidy --id '*_COMP_AMP' fleet > corrections.csv\n"
+      "  velk export --format table --id 13600 board.bin\n"
+      "  velk export --format csv --id 15750 board.bin > attenuators.csv\n"
       "  velk export --format jsonl fleet > fleet.jsonl");
-  command->callback([&session, given, selection, options] {
-    if (!options->folder.empty() && options->format != Format::Csv) {
-      throw CLI::ValidationError("--output", "applies to CSV only; JSON goes to standard output");
-    }
-    const Inputs inputs = withFilesOfFolders(session, *given);
-    SearchedBlocks searched(*selection);
-    if (options->format != Format::Csv) {
-      writeJson(session, inputs, searched, *options);
-    } else {
-      CsvExporter(session, inputs, searched, *options).exportAll();
-    }
-    reportMissing(session, inputs, searched);
-  });
+  command->callback([&session, given, selection, options] { exportBlocks(session, *given, *selection, *options); });
 }
 
 }  // namespace VelkTool

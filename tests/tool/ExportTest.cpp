@@ -120,7 +120,9 @@ TEST_F(Export, CsvOfOneTableOrOfAllToFiles) {
   EXPECT_EQ(files.size(), 14);
   EXPECT_TRUE(files.contains("detector.ID_1040.table1.csv") && files.contains("detector.ID_1040.table1~2.csv"));
   EXPECT_EQ(contents("detector.IDENT_2.csv").substr(0, 11), "eepromSize,");
-  EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "-o", "/nowhere"}).exitCode, 2);
+  EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "-o", directory_.filePath("in/a/new")}).exitCode, 0);
+  EXPECT_NE(contents("in/a/new/detector.IDENT_2.csv"), "");
+  EXPECT_EQ(run({"export", "--format", "csv", "detector.bin", "-o", "/dev/null"}).exitCode, 2);
   EXPECT_EQ(run({"export", "detector.bin", "-o", directory_.path()}).exitCode, 2) << "JSON makes no files";
 }
 

@@ -117,19 +117,25 @@ class Recipes : public testing::Test {
     addFile(QString::fromStdString(shown.command.substr(4)), QByteArray::fromStdString(shown.output));
   }
 
-  /// What the data frames of the page come to: the unsound files, serial numbers, and points by file.
-  std::string runNotebook() {
+  /// What a notebook of the page that begins so comes to, as further lines print it.
+  std::string runNotebook(std::string_view start, std::string_view prints) {
     std::string script = "import pandas, sys\n";
     for (const std::string& part : codeOf("docs/data.md")) {
-      if (part.starts_with("blocks = pandas.")) script += part;
+      if (part.starts_with(start)) script += part;
     }
-    script +=
-        "print(sorted(set(blocks[~blocks.sound].file)), list(idents.get('serialNumber', [])), len(points))\n"
-        "print(list(points.index.unique()))\n";
+    script = std::regex_replace(script, std::regex(".*\\.plot\\(\\)\n"), "") + std::string(prints);
     addFile("notebook.py", QByteArray::fromStdString(script));
     const Outcome result = shell(VELK_PYTHON " notebook.py");
     EXPECT_EQ(result.exitCode, 0) << result.errors;
     return result.output;
+  }
+
+  /// The unsound files, serial numbers, and points by file.
+  std::string runNotebook() {
+    return runNotebook(
+        "blocks = pandas.",
+        "print(sorted(set(blocks[~blocks.sound].file)), list(idents.get('serialNumber', [])), len(points))\n"
+        "print(list(points.index.unique()))\n");
   }
 
   QTemporaryDir directory_;
@@ -209,6 +215,16 @@ TEST_F(Recipes, DataFramesTakeAFleetWithTrouble) {
   EXPECT_EQ(runNotebook(), "['a_unreadable.bin', 'b_empty.bin', 'c_damaged.bin']" + sound.substr(2));
   shell("velk export --format jsonl [ab]_*.bin > fleet.jsonl");
   EXPECT_EQ(runNotebook(), "['a_unreadable.bin', 'b_empty.bin'] [] 0\n[]\n") << "nothing but trouble";
+}
+
+TEST_F(Recipes, OneTableOfFortyModulesIsOnePlot) {
+  addFile("dac.image", VelkTest::exampleImage("dac_board.bin"));
+  shell("for i in {1..40}; do velk set dac.image --id 2 serialNumber=$((500000 + i)) -o $i.bin; done");
+  const Outcome result = shell(recipe("docs/data.md", "velk export --format tidy", "corrections.csv").command);
+  EXPECT_EQ(result.exitCode, 0) << result.errors;
+  const char* const prints =
+      "print(curves.shape, curves.columns[0], curves.columns[-1], curves.index[0], curves.loc[-48e6].sum())\n";
+  EXPECT_EQ(runNotebook("points = pandas.", prints), "(26, 40) 500001 500040 -52000000 640\n");
 }
 
 }  // namespace

@@ -78,14 +78,15 @@ TEST(Usage, ValuesThatCannotMeanAnythingAreRefused) {
       {{"get", "a", "IDENT_2.SN", "DACB_FREQ.x"}, "PATH: no block is called \"DACB_FREQ\""},
       {{"print", "a", "--nth", "0"}, "--nth: 0 is out of range: 1 to 65536"},
       {{"table", "import", "a", "b", "--id", "x"}, "--id: x is not a number; 64 and 0x40 are"},
-      {{"export", "a", "--format", "xlsx"}, "--format: xlsx is not one of json, jsonl, csv"},
-      {{"export", "a", "--format", "0"}, "--format: 0 is not one of json, jsonl, csv"},
+      {{"export", "a", "--format", "xlsx"}, "--format: xlsx is not one of json, jsonl, csv, tidy, table"},
+      {{"export", "a", "--format", "0"}, "--format: 0 is not one of json, jsonl, csv, tidy, table"},
       {{"check", "a", "--only", "zero-value"}, "--only: unknown check \"zero-value\"; the nearest is zero-values"},
       {{"check", "a", "--disable", "x"}, "--disable: unknown check \"x\"; \"velk help explain\" lists them"},
       {{"check", "a", "--error", "damaged-line"}, "--error: damaged-line is always reported"},
       {{"check", "a", "--today", "2026-02-29"}, "--today: 2026-02-29 is not a date such as 2026-11-25"},
       {{"completion", "tcsh"}, "SHELL: tcsh is not one of bash, zsh, fish"},
-      {{"export", "a", "--format", "csv", "-o", "/nowhere"}, "--output: /nowhere is not an existing folder"},
+      {{"export", "a", "--format", "csv", "-o", "/dev/null"}, "--output: /dev/null is not a folder"},
+      {{"export", "a", "--format", "tidy", "-o", ""}, "--output: \"\" is not a folder"},
       {{"table", "export", "a", "--id", "2", "-o", ""}, "--output: the file name is empty"},
   });
 }

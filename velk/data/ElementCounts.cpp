@@ -32,6 +32,12 @@ void forEachCounter(const DataNode& record, Act act) {
 
 }  // namespace
 
+std::set<std::string_view> counterNames(const DataNode& record) {
+  std::set<std::string_view> names;
+  forEachCounter(record, [&](std::string_view counter, const FieldInfo&, unsigned) { names.insert(counter); });
+  return names;
+}
+
 std::string detail::noSuchCount(const DataNode& record, std::string_view name, std::int64_t count) {
   std::string reason;
   forEachCounter(record, [&](std::string_view counter, const FieldInfo& counted, unsigned capacity) {

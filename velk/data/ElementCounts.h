@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "velk/data/BlockData.h"
 
 namespace Velk {
@@ -16,6 +18,9 @@ VELK_EXPORT std::vector<ImpossibleCount> impossibleCounts(const BlockView& block
 /// Returns the bytes of a block in which each count that is negative, or above the number of elements that the block
 /// holds, is set to that number. Empty if there is none. The checksum is not updated.
 VELK_EXPORT QByteArray withHeldCounts(const BlockView& block);
+
+/// Returns the names of the members of a record that count the elements in use of others.
+VELK_EXPORT std::set<std::string_view> counterNames(const DataNode& record);
 
 namespace detail {
 /// Returns why a member of a record that counts others cannot be `count`, such as "99 is more than the 26 that values

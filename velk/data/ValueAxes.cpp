@@ -37,8 +37,7 @@ const char* ValueAxis::unit() const {
 
 std::size_t ValueAxis::countOfPoints(std::size_t list) const {
   const std::size_t rows = elementsInUse(bytes_, fields_, 0, list_->usedRows, list_->rows);
-  if (list_->rank < 2 || list_->cols == 1) return rows;
-  if (pair_->axis == Axis::Rows) return rows;
+  if (!isTable() || pair_->axis == Axis::Rows) return rows;
   // Some tables count the points of each row.
   const FieldInfo* const counts = findField(fields_, "counts");
   if (pair_->count != PairCount::EqualByRow || counts == nullptr || list >= counts->rows) {
@@ -48,17 +47,26 @@ std::size_t ValueAxis::countOfPoints(std::size_t list) const {
   return static_cast<std::size_t>(std::clamp<std::int64_t>(count, 0, list_->cols));
 }
 
+std::size_t ValueAxis::listOf(ValuePlace value) const {
+  return pair_->axis == Axis::Columns ? value.row / pair_->rowsPerList : value.column;
+}
+
+std::optional<std::size_t> ValueAxis::valuesInUse(ValuePlace value) const {
+  const bool countsPoints = pair_->count == PairCount::Points || pair_->count == PairCount::EqualByRow;
+  if (!countsPoints || points_ == nullptr || bytes_.empty()) return std::nullopt;
+  return countOfPoints(listOf(value));
+}
+
 std::optional<FieldElement> ValueAxis::point(ValuePlace value) const {
   if (points_ == nullptr || bytes_.empty()) return std::nullopt;
   const std::size_t along = pair_->axis == Axis::Columns ? value.column : value.row;
-  const std::size_t across = pair_->axis == Axis::Columns ? value.row / pair_->rowsPerList : value.column;
-  const bool isTable = list_->rank > 1 && list_->cols > 1;
+  const std::size_t across = listOf(value);
   std::size_t row = along;
   std::size_t column = 0;
-  if (isTable && pair_->axis == Axis::Columns) {
+  if (isTable() && pair_->axis == Axis::Columns) {
     row = across;
     column = along;
-  } else if (isTable) {
+  } else if (isTable()) {
     column = across;
   }
   if (along >= countOfPoints(across) || row >= list_->rows || column >= list_->cols) return std::nullopt;

@@ -27,8 +27,17 @@ class VELK_EXPORT ValueAxis {
   ConstBytes bytes() const { return bytes_; }
   /// Returns the point of a value in those bytes; nothing if the points are not there, or not as many.
   std::optional<FieldElement> point(ValuePlace value) const;
+  /// Returns whether there is one list of points, so that the point of a value depends only on its row, or only on its
+  /// column.
+  bool isShared() const { return !isTable(); }
+  /// Returns how many values of the list of `value` along the axis are in use, as the number of points says; nothing if
+  /// the values have a count of their own, or if the points are not there.
+  std::optional<std::size_t> valuesInUse(ValuePlace value) const;
 
  private:
+  bool isTable() const { return list_ != nullptr && list_->rank > 1 && list_->cols > 1; }
+  /// Returns the index of the list of points that a value belongs to.
+  std::size_t listOf(ValuePlace value) const;
   std::size_t countOfPoints(std::size_t list) const;
 
   const BlockPair* pair_;

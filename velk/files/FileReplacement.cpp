@@ -31,18 +31,16 @@ std::string temporaryName() {
 }  // namespace
 
 FileReplacement::FileReplacement(const FileTarget& target, std::string_view contents, const FileTarget& model)
-    : target_(target), contents_(contents) {
-  if (target.isStream()) return;
-  const bool exists = target.kind != Kind::Missing;
-  if (target.kind == Kind::Folder) {
-    error_ = std::strerror(EISDIR);
-  } else if (folder_ = Descriptor::open(target.folder, O_RDONLY | O_DIRECTORY); !folder_.isOpen()) {
-    fail();
-  } else if (exists && faccessat(folder_.number(), target.name.c_str(), W_OK, AT_EACCESS) != 0) {
-    fail();  // a file that is write-protected is meant to stay
-  } else {
-    stage(model.kind == Kind::Missing ? target : model);
+    : target_(target), model_(model.kind == Kind::Missing ? target : model) {
+  if (target.isStream()) {
+    streamed_ = contents;
+  } else if (begin() && append(contents)) {
+    finish();
   }
+}
+
+FileReplacement::FileReplacement(const FileTarget& target) : target_(target), model_(target) {
+  target.isStream() ? beginStream() : begin();
 }
 
 FileReplacement::~FileReplacement() {
@@ -54,11 +52,34 @@ bool FileReplacement::fail(const char* what) {
   return false;
 }
 
-bool FileReplacement::stage(const FileTarget& model) {
-  const bool hasModel = model.kind != Kind::Missing;
+bool FileReplacement::begin() {
+  const bool exists = target_.kind != Kind::Missing;
+  if (target_.kind == Kind::Folder) {
+    errno = EISDIR;
+    return fail();
+  }
+  folder_ = Descriptor::open(target_.folder, O_RDONLY | O_DIRECTORY);
+  if (!folder_.isOpen()) return fail();
+  // A file that is write-protected is meant to stay.
+  if (exists && faccessat(folder_.number(), target_.name.c_str(), W_OK, AT_EACCESS) != 0) return fail();
+  return createTemporary(model_.kind != Kind::Missing ? privateMode : newFileMode) || fail();
+}
+
+bool FileReplacement::beginStream() {
+  const bool isOurs = target_.kind == Kind::Descriptor;
+  file_ = isOurs ? Descriptor::duplicate(target_.descriptor)
+                 : Descriptor::open(target_.folder + '/' + target_.name, O_WRONLY | O_NOCTTY);
+  return file_.isOpen() || fail();
+}
+
+bool FileReplacement::append(std::string_view contents) { return error_.empty() && (file_.write(contents) || fail()); }
+
+/// Completes the temporary file, unless that is done.
+bool FileReplacement::finish() {
+  if (!error_.empty()) return false;
+  if (!file_.isOpen()) return true;
   struct stat status {};
-  if (!createTemporary(hasModel ? privateMode : newFileMode) || !file_.write(contents_)) return fail();
-  if (hasModel && !takeAttributes(model)) return fail("its owner and permissions cannot be kept: ");
+  if (model_.kind != Kind::Missing && !takeAttributes()) return fail("its owner and permissions cannot be kept: ");
   if (!file_.sync() || fstat(file_.number(), &status) != 0 || !file_.close()) return fail();
   inode_ = status.st_ino;
   return true;
@@ -74,8 +95,8 @@ bool FileReplacement::createTemporary(unsigned mode) {
 }
 
 /// Lets exactly those read the new contents who may read the old ones.
-bool FileReplacement::takeAttributes(const FileTarget& model) {
-  const auto& wanted = model.status;
+bool FileReplacement::takeAttributes() const {
+  const auto& wanted = model_.status;
   return fchown(file_.number(), wanted.st_uid, wanted.st_gid) == 0 &&
          fchmod(file_.number(), wanted.st_mode & permissionBits) == 0;
 }
@@ -87,17 +108,14 @@ bool FileReplacement::isInPlace() const {
 }
 
 WriteOutcome FileReplacement::writeStream() {
-  const bool isOurs = target_.kind == Kind::Descriptor;
-  const Descriptor stream = isOurs ? Descriptor::duplicate(target_.descriptor)
-                                   : Descriptor::open(target_.folder + '/' + target_.name, O_WRONLY | O_NOCTTY);
-  if (stream.isOpen() && stream.write(contents_)) return WriteOutcome::Written;
-  fail();
-  return WriteOutcome::Unchanged;
+  const bool isWritten = (file_.isOpen() || beginStream()) && append(streamed_);
+  return isWritten ? WriteOutcome::Written : WriteOutcome::Unchanged;
 }
 
 WriteOutcome FileReplacement::commit() {
   if (!error_.empty()) return WriteOutcome::Unchanged;
   if (target_.isStream()) return writeStream();
+  if (!finish()) return WriteOutcome::Unchanged;
   const int folder = folder_.number();
   // A network file system may lose the answer and report a failure although the file was renamed.
   while (renameat(folder, temporary_.c_str(), folder, target_.name.c_str()) != 0) {
