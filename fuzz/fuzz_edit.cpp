@@ -5,6 +5,7 @@
 
 #include "../tool/Csv.h"
 #include "../tool/DataJson.h"
+#include "../tool/TidyText.h"
 #include "FuzzSupport.h"
 #include "velk/bytes/ByteArray.h"
 #include "velk/checks/Checks.h"
@@ -111,6 +112,23 @@ void exportBlock(const BlockView& block) {
   }
 }
 
+/// Checks that each line of the values of a block has all columns, and that the text to read stays within bounds.
+void exportTidy(const MemoryImage& image, const ImageAxes& axes, const BlockView& block) {
+  static const std::set<std::string> headings = axisHeadings(VelkTool::Selection{});
+  constexpr std::ptrdiff_t otherColumns = 12;
+  constexpr std::size_t mostText = 1U << 20U;
+  const VelkTool::Input input{"image.bin", {}, image};
+  const ModuleIdentity module = identityOf(image);
+  const ValueTable values(block, 0, axes);
+  const VelkTool::TidyBlock tidy{input, module, block, 1, values};
+  std::string lines;
+  VelkTool::TidyTable({}, headings).write(tidy, [&](std::string_view piece) { lines += piece; });
+  const auto count = std::ranges::count(lines, '\n');  // some may be in quotes
+  FUZZ_EXPECT(separators(lines) % (otherColumns - 1 + std::ssize(headings)) == 0);
+  FUZZ_EXPECT(separators(lines) <= count * (otherColumns - 1 + std::ssize(headings)));
+  FUZZ_EXPECT(tidyText(tidy, 80).size() < mostText);
+}
+
 /// Checks that every doubtful count would be refused as an edit, and that only the last table is cut off.
 void doubt(const BlockView& block) {
   const BlockData data(block, Extent::Capacity);
@@ -151,6 +169,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   if (size > longest) return 0;
   const MemoryImage image(toByteArray({data, size}));
   std::mt19937 random(static_cast<unsigned>(size) + (size == 0 ? 0U : data[size / 2]));
+  const ImageAxes axes(image);
   std::size_t blocks = 0;
   for (const BlockView& found : image) {
     if (++blocks > mostBlocks) break;
@@ -161,6 +180,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       edit(bytes, block, random);
     }
     exportBlock(found);
+    exportTidy(image, axes, found);
     doubt(found);
     redact(found);
   }

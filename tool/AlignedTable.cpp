@@ -6,6 +6,7 @@ namespace VelkTool {
 namespace {
 
 constexpr std::size_t gap = 2;
+constexpr std::size_t mostAligned = 60;  // longer texts stick out, rather than that all others are padded
 
 /// Returns the number of characters of UTF-8.
 std::size_t lengthOf(std::string_view text) {
@@ -28,13 +29,13 @@ void endLine(std::string& line) {
 }  // namespace
 
 void AlignedTable::addColumn(std::string heading, bool isKey) {
-  const std::size_t width = lengthOf(heading);
+  const std::size_t width = std::min(lengthOf(heading), mostAligned);
   columns_.push_back({std::move(heading), isKey, false, width});
 }
 
 void AlignedTable::addCell(std::size_t column, std::string text, bool isNumber) {
   Column& to = columns_[column];
-  to.width = std::max(to.width, lengthOf(text));
+  to.width = std::max(to.width, std::min(lengthOf(text), mostAligned));
   to.isText = to.isText || !isNumber;
   to.cells.push_back(std::move(text));
 }

@@ -104,6 +104,7 @@ bool GrowingFile::flush() {
 
 void GrowingFile::commit() {
   if (flush()) finish(session_, path_, *file_);
+  file_.reset();  // there may be more files than a process can have open
 }
 
 }  // namespace VelkTool

@@ -9,6 +9,7 @@
 
 #include "AlignedTable.h"
 #include "JsonWriter.h"
+#include "Utf8.h"
 #include "ValueText.h"
 #include "velk/data/UnitValue.h"
 #include "velk/image/Findings.h"
@@ -25,6 +26,19 @@ using Velk::ValuePlace;
 std::string withoutBreaks(std::string_view text) {
   const std::string quoted = jsonText(text);
   return quoted.substr(1, quoted.size() - 2);
+}
+
+/// Returns a text of UTF-8 that is cut to some characters: labels are repeated in each piece of a table.
+std::string shortened(std::string text) {
+  constexpr std::size_t most = 32;
+  std::size_t end = 0;
+  const std::string_view whole = text;
+  for (std::size_t count = 0; count < most && end < text.size(); ++count) {
+    const auto character = takeUtf8(whole.substr(end));
+    end += character ? character->length : 1;
+  }
+  if (end < text.size()) text.replace(end, text.npos, "...");
+  return text;
 }
 
 /// A value as a cell.
@@ -62,7 +76,9 @@ class Labels {
     const std::string index = std::to_string(areAcross_ ? place.column : place.row);
     if (axis_ == nullptr) return {index};
     const auto point = axis_->point(place);
-    return point ? cellOf(axis_->bytes(), *point, axis_->quantity()) : Cell{'[' + index + ']'};
+    if (!point) return {'[' + index + ']'};
+    Cell cell = cellOf(axis_->bytes(), *point, axis_->quantity());
+    return {shortened(std::move(cell.text)), cell.isNumber};
   }
 
  private:

@@ -45,6 +45,7 @@ COMMANDS = [
     Command("redact -o OLD", ["redact", "in.bin", "-o", "old.bin"], "old.bin", "old.bin"),
     Command("table import --in-place", TEXT + ["--in-place"], "in.bin", "in.bin"),
     Command("table export -o OLD", ["table", "export", "in.bin", "--id", "15750", "-o", "old.bin"], "old.bin", "old.bin"),
+    Command("export --format tidy -o FOLDER", ["export", "--format", "tidy", "--id", "2", "in.bin", "-o", "."], "Ident.csv", None),
     Command("export -o FOLDER", ["export", "--format", "csv", "--id", "2", "in.bin", "-o", "."], "in.IDENT_2.csv", None),
 ]
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "../../tool/AlignedTable.h"
 #include "ShellSupport.h"
 
 namespace {
@@ -84,9 +85,7 @@ TEST_F(Tidy, OptionsForSpreadsheets) {
       {{"--format", "tidy", "--delimiter", "tab", "--decimal", "comma"}, "cells\t1\t0\t3\t1,29321\t", ""},
       {{"--format", "csv", "--delimiter", semicolon}, "\n0;1.25\n", ""},
       {{"--format", "csv", "--delimiter", "semicolon"}, "\n0;1.25\n", ""},
-      {{"--format", "csv", "--delimiter", "|"},
-       "",
-       "velk: --delimiter: | is not one of comma, semicolon, tab\n"},
+      {{"--format", "csv", "--delimiter", "|"}, "", "velk: --delimiter: | is not one of comma, semicolon, tab\n"},
       {{"--format", "csv", "--decimal", "comma"}, "\n0;1,25\n", ""},
       {{"--format", "tidy", "--decimal", "comma", "--delimiter", ","},
        "",
@@ -148,6 +147,23 @@ TEST_F(Tidy, FilesAreReplacedAsAWholeOrNotAtAll) {
       result.output,
       "velk: out/DacbFrequencyCompAmp.csv: File too large\nexit 3\nDacbFrequencyCompAmp.csv\nIdent.csv\nprecious\n"
       "exit 0\n1561\n640\nexit 3\n");
+}
+
+TEST_F(Tidy, WideTablesAreInPiecesThatBeginWithTheKeys) {
+  VelkTool::AlignedTable table;
+  table.addColumn("row", true);
+  for (const char* const heading : {"first", "t\xC3\xB6ne", "third"}) table.addColumn(heading);
+  const std::string wide(70, 'w');
+  const char* const cells[][4] = {{"1", "-2.5", "\xC3\xA4\xC3\xB6", "3"}, {"12", "100", "x", wide.c_str()}};
+  for (const auto& row : cells) {
+    for (std::size_t column = 0; column < 4; ++column) table.addCell(column, row[column], column < 2);
+  }
+  std::string text;
+  table.write(text, 20);
+  EXPECT_EQ(text,
+            "row  first  t\xC3\xB6ne\n  1   -2.5  \xC3\xA4\xC3\xB6\n 12    100  x\n\n"
+            "row  third\n  1  3\n 12  " +
+                wide + "\n");
 }
 
 TEST_F(Tidy, TablesFitTheTerminal) {

@@ -15,7 +15,7 @@ SKIPPED = 77  # to ctest
 OFFERS = [
     ("velk ex", "explain export"),
     ("velk table ", "export import"),
-    ("velk export --format ", "json jsonl csv"),
+    ("velk export --format ", "json jsonl csv tidy table"),
     ("velk print --page s", "summary"),
     ("velk completion ", "bash zsh fish"),
     ("velk help re", "recover redact"),

@@ -94,7 +94,7 @@ class VELK_EXPORT ValueField {
   unsigned rank() const { return rank_; }
   /// Returns the number of rows; 1 for a single value.
   std::size_t rows() const { return rows_; }
-  /// Returns a row, which views the field.
+  /// Returns a row, which views the field; `index` must be below rows().
   ValueRow row(std::size_t index) const;
   std::optional<FieldElement> at(ValuePlace place) const { return row(place.row).at(place.column); }
   /// Returns the axes, rows before columns.
