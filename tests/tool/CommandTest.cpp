@@ -183,7 +183,7 @@ TEST(Completion, KnowsCommandsOptionsAndTheirValues) {
             .arg(VELK_COMMAND, words);
     return run({"-c", line}, {}, "/bin/bash").output;
   };
-  EXPECT_EQ(completed("velk re"), "redact recover\n");
+  EXPECT_EQ(completed("velk re"), "remove redact recover\n");
   EXPECT_EQ(completed("velk table ''"), "export import\n");
   EXPECT_EQ(completed("velk table import --a"), "--append\n");
   EXPECT_EQ(completed("velk export --format j"), "json jsonl\n");

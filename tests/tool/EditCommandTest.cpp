@@ -134,7 +134,7 @@ TEST_F(EditCommand, WritesWhereItIsTold) {
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1"}).exitCode, 2) << "where to?";
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1", "-o", image}).exitCode, 2);
   EXPECT_EQ(run({"set", image, "--id", "2", "serialNumber=1", "-o", out(), "--in-place"}).exitCode, 2);
-  const Outcome unwritten = run({"set", image, "--id", "2", "serialNumber=1", "-o", "/nowhere/out"});
+  const Outcome unwritten = run({"set", image, "--id", "2", "serialNumber=1", "-o", "/dev/null/out"});
   EXPECT_EQ(unwritten.exitCode, 3);
   EXPECT_EQ(unwritten.output, "") << "nothing was changed";
   EXPECT_EQ(run({"set", image, "--id", "2", "--id", "10", "serialNumber=1", "-o", out()}).exitCode, 2);

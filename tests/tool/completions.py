@@ -18,7 +18,7 @@ OFFERS = [
     ("velk export --format ", "json jsonl csv tidy table"),
     ("velk print --page s", "summary"),
     ("velk completion ", "bash zsh fish"),
-    ("velk help re", "recover redact"),
+    ("velk help re", "recover redact remove"),
     ("velk redact --in", "--in-place --input"),
     ("velk table import --fo", "--force"),
     ("velk list rf", "rf_board.bin rf_board_tables.bin"),
