@@ -20,7 +20,7 @@ void writeText(JsonWriter& json, const char* key, std::string_view text) {
 void writeUnit(JsonWriter& json, std::string_view unit) {
   if (unit.empty()) return;
   const Velk::Quantity quantity = Velk::quantityOf(unit);
-  json.member("unit", unit).member("baseUnit", quantity.unit).member("divisor", quantity.divisor);
+  json.member("unit", unit).member("baseUnit", quantity.unit).member("divisor", quantity.divisor / quantity.factor);
 }
 
 void writeBits(JsonWriter& json, Velk::Bits bits) {

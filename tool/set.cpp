@@ -86,7 +86,7 @@ class Editor {
     }
     const Velk::FieldElement& element = place.value->element();
     const bool isBoth = form == ValueForm::Presented && (element.field->notation != Velk::Notation::Plain ||
-                                                         Velk::quantityOf(*element.field).isDivided());
+                                                         Velk::quantityOf(*element.field).isOfSteps());
     return {place.path, valueText(block.bytes, element, form), isBoth ? fieldText(block.bytes, element, form) : ""};
   }
 

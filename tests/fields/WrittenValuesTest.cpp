@@ -73,6 +73,7 @@ TEST(WrittenValues, NumbersAreInTheirUnitIfTheySaySo) {
   const FieldInfo hundredths = fieldOf<short>().in("1/100 dB");
   const FieldInfo factor = fieldOf<short>().in("1/10000");
   const FieldInfo real = fieldOf<float>().in("1/100 dB");
+  const FieldInfo tens = fieldOf<unsigned int>().in("10 Hz");
   const FieldInfo steps = fieldOf<unsigned char>().in("dB", 1.0 / 128, 15);
   expect({
       {hundredths, "24", "0.24 dB"},
@@ -90,6 +91,8 @@ TEST(WrittenValues, NumbersAreInTheirUnitIfTheySaySo) {
       {factor, "0.24", "0 (1/10000)", NotAValue},
       {real, "24.5", "0.245 dB"},
       {real, "0.245 dB", "0.245 dB"},
+      {tens, "35", "350 Hz"},
+      {tens, "350 Hz", "350 Hz"},
       {steps, "16", "16 dB"},
       {steps, "15.5dB", "15.5 dB"},
       {fieldOf<unsigned int>().in("Hz", 100), "1000000 Hz", "1000000 Hz"},

@@ -34,7 +34,8 @@ void addFields(std::string& table, const std::string& ids, int id, std::span<con
     }
     const Quantity quantity = quantityOf(field);
     std::string base(quantity.unit);
-    if (quantity.isDivided()) base += " / " + std::to_string(static_cast<int>(quantity.divisor));
+    if (quantity.divisor != 1) base += " / " + std::to_string(static_cast<int>(quantity.divisor));
+    if (quantity.factor != 1) base += " * " + std::to_string(static_cast<int>(quantity.factor));
     table += ids;
     for (const std::string& cell : {path, std::string(field.key), std::string(exampleOf(field.notation)),
                                     std::string(field.unit), base, axesText(id, path)}) {

@@ -26,7 +26,7 @@ void withUnitValue(ConstBytes block, const FieldElement& element, const Quantity
   if (isWritten) return act(std::string_view(writtenText(block, element)));
   withValue(block, element, ValueForm::Presented, [&]<class T>(T value) {
     if constexpr (std::is_arithmetic_v<T>) {
-      if (quantity.isDivided()) return withPresented(inUnit(quantity, intendedNumber(value)), act);
+      if (quantity.isOfSteps()) return withPresented(inUnit(quantity, intendedNumber(value)), act);
     }
     act(value);
   });

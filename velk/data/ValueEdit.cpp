@@ -23,14 +23,14 @@ std::string noValue(const FieldInfo& field, ValueForm form) {
   const Quantity quantity = quantityOf(field);
   if (form == ValueForm::Stored) return number;
   if (field.notation != Notation::Plain) return number + ", and nothing like " + exampleOf(field.notation);
-  return quantity.isDivided() && !quantity.unit.empty() ? number + " and has no unit " + std::string(quantity.unit)
+  return quantity.isOfSteps() && !quantity.unit.empty() ? number + " and has no unit " + std::string(quantity.unit)
                                                         : number;
 }
 
 /// Returns the unit of a field's limits if a value was not given as a number of these.
 std::string limitUnit(const FieldInfo& field, std::string_view text) {
-  const bool isDivided = quantityOf(field).isDivided() && text.find_first_not_of("-0123456789") != text.npos;
-  return isDivided ? " (" + std::string(field.unit) + ')' : "";
+  const bool isOfSteps = quantityOf(field).isOfSteps() && text.find_first_not_of("-0123456789") != text.npos;
+  return isOfSteps ? " (" + std::string(field.unit) + ')' : "";
 }
 
 std::string noRoom(std::string_view text, std::size_t bytes, std::size_t room) {

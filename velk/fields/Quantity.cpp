@@ -40,19 +40,21 @@ bool presentsWholeNumbers(const FieldInfo& field) { return !isFloating(field.typ
 
 Quantity quantityOf(std::string_view unit) {
   constexpr std::string_view fraction = "1/";
-  if (!unit.starts_with(fraction)) return {unit};
-  double divisor = 1;
-  const char* const last = unit.data() + unit.size();
-  std::string_view name(std::from_chars(unit.data() + fraction.size(), last, divisor).ptr, last);
+  const bool isFraction = unit.starts_with(fraction);
+  std::string_view name = isFraction ? unit.substr(fraction.size()) : unit;
+  double step = 1;
+  name.remove_prefix(
+      static_cast<std::size_t>(std::from_chars(name.data(), name.data() + name.size(), step).ptr - name.data()));
   if (name.starts_with(' ')) name.remove_prefix(1);
-  return name.empty() ? Quantity{unit} : Quantity{name, divisor};
+  if (name.empty()) return {unit};
+  return isFraction ? Quantity{.unit = name, .divisor = step} : Quantity{.unit = name, .factor = step};
 }
 
 std::string quantityText(ConstBytes block, FieldElement element) {
   const FieldInfo& field = *element.field;
   const Quantity quantity = quantityOf(field);
   std::string text = writtenText(block, element);
-  if (quantity.isDivided()) text = numberText(inUnit(quantity, parseDecimal(text).value_or(0)));
+  if (quantity.isOfSteps()) text = numberText(inUnit(quantity, parseDecimal(text).value_or(0)));
   return field.notation == Notation::Plain ? text + shownUnit(quantity) : text;
 }
 
@@ -64,13 +66,13 @@ FieldResult setQuantityText(MutableBytes block, FieldElement element, std::strin
   const std::string_view end = std::string_view(shown).substr(std::min<std::size_t>(shown.size(), 1));
   const bool hasUnit = field.kind == FieldKind::Number && !end.empty() && text.ends_with(end);
   if (hasUnit) number = withoutBlanks(text.substr(0, text.size() - end.size()));
-  const bool isDivided =
-      quantity.isDivided() && (hasUnit || (presentsWholeNumbers(field) && number.find_first_of(".eE") != number.npos));
+  const bool isInUnit =
+      quantity.isOfSteps() && (hasUnit || (presentsWholeNumbers(field) && number.find_first_of(".eE") != number.npos));
   constexpr double most = 9e15;  // up to here every whole number is a double
-  if (!isDivided) return setWrittenText(block, element, number, ValueForm::Presented);
+  if (!isInUnit) return setWrittenText(block, element, number, ValueForm::Presented);
   const auto value = parseDecimal(number);
   if (!value) return FieldResult::NotAValue;
-  const double presented = *value * quantity.divisor;
+  const double presented = *value * quantity.divisor / quantity.factor;
   if (!presentsWholeNumbers(field)) return setFieldText(block, element, numberText(presented), ValueForm::Presented);
   if (!(std::abs(presented) < most)) return std::isnan(presented) ? FieldResult::NotAValue : FieldResult::OutOfRange;
   return setFieldText(block, element, numberText(std::llround(presented)), ValueForm::Presented);
