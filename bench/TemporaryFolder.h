@@ -12,7 +12,7 @@ namespace VelkBench {
 /// Files that are removed at the end of the run.
 class TemporaryFolder {
  public:
-  /// `name` tells it from the other folders of this process.
+  /// `name` distinguishes it from the other folders of this process.
   explicit TemporaryFolder(const std::string& name)
       : path_(std::filesystem::temp_directory_path() / ("velk_bench_" + name + std::to_string(getpid()))) {
     std::filesystem::create_directories(path_);

@@ -10,10 +10,12 @@
 #include "velk/bytes/ByteArray.h"
 #include "velk/checks/Checks.h"
 #include "velk/data/BlockDiff.h"
+#include "velk/data/BlockPattern.h"
 #include "velk/data/BlockRedaction.h"
 #include "velk/data/BlockSeal.h"
 #include "velk/data/DataLookup.h"
 #include "velk/data/ValueEdit.h"
+#include "velk/fields/Quantity.h"
 
 namespace {
 
@@ -47,16 +49,48 @@ bool canBeSound(const BlockView& block) {
          block.bytes.size() >= sizeof(HwSDatablockHeader);
 }
 
+/// Returns a text in which one character is another one, or missing.
+std::string mutated(std::string text, std::mt19937& random) {
+  constexpr std::string_view characters = "0123456789.:/[]-*?eE xX";
+  if (text.empty()) return text;
+  const std::size_t at = random() % text.size();
+  random() % 4 == 0 ? void(text.erase(at, 1)) : void(text[at] = characters[random() % characters.size()]);
+  return text;
+}
+
+/// Follows a path with a mistake, and looks for blocks by a name with one: both succeed, or say why not.
+void lookUp(const BlockView& block, std::mt19937& random) {
+  const auto values = valuesOf(block);
+  const BlockData data(block);
+  if (!values.empty()) {
+    const std::string path = mutated(values[random() % values.size()].first, random);
+    std::size_t found = 0;
+    const std::string complaint = forEachFound(data.root(), path, [&](const DataPath& here, const FieldElement&) {
+      if (++found < 4) FUZZ_EXPECT(!here.text().empty());
+    });
+    FUZZ_EXPECT(complaint.empty() || found == 0);
+    const DataLookup place = findPlace(data.root(), path);
+    FUZZ_EXPECT(place.value.has_value() == place.complaint.empty());
+  }
+  std::string error;
+  const auto pattern = BlockPattern::parse(mutated(blockName(block), random), error);
+  FUZZ_EXPECT(pattern.has_value() == error.empty());
+}
+
 /// Sets one value, and checks that only the value and the checksums change and that the result is as reported.
 void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
-  constexpr std::string_view texts[] = {"0", "-1", "255", "65535", "1.5", "1e300", "2017-03-15", "", "nan", "abcde"};
+  constexpr std::string_view texts[] = {"0",          "-1",     "255",  "65535", "1.5",          "1e300",
+                                        "2017-03-15", "",       "nan",  "abcde", "1141.1000.2",  "13.00",
+                                        "1/0",        "0.26dB", "1e9V", "nan h", "1141.1000.02", "99999.99999",
+                                        "2 (1/1)",    "1e9 Hz", "00:9"};
   const auto values = valuesOf(block);
   if (values.empty()) return;
   const auto& [path, element] = values[random() % values.size()];
   const ValueForm form = random() % 2 == 0 ? ValueForm::Stored : ValueForm::Presented;
   const std::string shown = fieldText(block.bytes, element, form);
   const bool own = random() % 3 == 0;
-  const std::string text = own ? shown : std::string(texts[random() % std::size(texts)]);
+  std::string text = own ? shown : std::string(texts[random() % std::size(texts)]);
+  if (!own && random() % 2 == 0) text = mutated(quantityText(block.bytes, element), random);
 
   QByteArray edited(bytes.constData(), bytes.size());
   BlockView view = block;
@@ -70,7 +104,9 @@ void edit(QByteArray& bytes, BlockView block, std::mt19937& random) {
   if (canBeSound(block)) FUZZ_EXPECT(walked(edited).isSound());
   for (qsizetype i = 0; i < bytes.size(); ++i) {
     const auto at = static_cast<std::size_t>(i);
-    const bool mayChange = isCheck(block, at) || (at >= element.offset && at < element.offset + element.size);
+    // The variant of a part number follows it.
+    const std::size_t size = element.size + (element.field->notation == Notation::PartNumber ? 1 : 0);
+    const bool mayChange = isCheck(block, at) || (at >= element.offset && at < element.offset + size);
     FUZZ_EXPECT(mayChange || bytes[i] == edited[i]);
   }
   std::size_t differences = 0;
@@ -179,6 +215,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
       block.bytes = mutableBytesOf(bytes);
       edit(bytes, block, random);
     }
+    lookUp(found, random);
     exportBlock(found);
     exportTidy(image, axes, found);
     doubt(found);

@@ -112,9 +112,7 @@ class JsonWriter {
   template <class Fill>
   JsonWriter& row(Fill fill) {
     beginArray(Layout::OneLine);
-    Row row(*this);
-    fill(row);
-    row.handBack();
+    fillRow(fill);
     return endArray();
   }
 
@@ -122,9 +120,7 @@ class JsonWriter {
   template <class Fill>
   JsonWriter& record(Fill fill) {
     beginObject(Layout::OneLine);
-    Row row(*this);
-    fill(row);
-    row.handBack();
+    fillRow(fill);
     return endObject();
   }
 
@@ -144,6 +140,13 @@ class JsonWriter {
     if constexpr (std::is_integral_v<T>) return true;
     const auto narrowed = static_cast<double>(number);
     return narrowed - narrowed == 0;
+  }
+
+  template <class Fill>
+  void fillRow(Fill& fill) {
+    Row row(*this);
+    fill(row);
+    row.handBack();
   }
 
   JsonWriter& begin(char bracket, Layout layout) {
