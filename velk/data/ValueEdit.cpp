@@ -97,11 +97,13 @@ std::string setValue(MutableBytes block, const BlockView& view, std::string_view
   const DataLookup lookup = findValue(root, path);
   if (!lookup.value) return lookup.complaint;
   const FieldElement& element = lookup.value->element();
-  const std::vector<unsigned char> before(block.begin(), block.end());
+  const MutableBytes stored = block.subspan(std::min(element.offset, block.size()));
+  const MutableBytes changing = stored.first(std::min(element.size, stored.size()));
+  const std::vector<unsigned char> before(changing.begin(), changing.end());
   std::string refusal = setSingle(block, element, text, form);
   if (refusal.empty()) refusal = detail::noSuchCount(root, lookup.path, integerValue(block, element));
   if (refusal.empty()) return {};
-  std::ranges::copy(before, block.begin());
+  std::ranges::copy(before, changing.begin());
   return lookup.path + ": " + refusal;
 }
 
