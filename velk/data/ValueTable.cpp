@@ -88,7 +88,7 @@ std::pair<ValueField::Steps, ValueField::Steps> ValueField::splitAt(Step::To to)
 ValueRow ValueField::row(std::size_t index) const {
   ValueRow row(1, blockSize_);
   if (first_) {
-    row.first_ = FieldElement{first_->field, first_->offset + index * first_->field->stride};
+    row.first_ = FieldElement{first_->field, first_->offset + index * distance_};
     return row;
   }
   const auto [toRow, toValue] = splitAt(Step::To::Column);
@@ -112,8 +112,26 @@ void ValueField::findRows() {
   for (const FieldAxis& axis : axes_) {
     if (!axis.isAcross()) rows_ = axis.valuesInUse({}, rows_);
   }
-  const auto run = list && toValue.size() == 1 ? list->run() : std::nullopt;
-  if (run) first_ = run->first;
+  if (list && rank_ == 1) findFirst(*list, toValue);
+}
+
+/// Finds where the values of a list begin: of a plain one, or those of one member of its records.
+void ValueField::findFirst(const DataNode& list, Steps toValue) {
+  const auto run = toValue.size() == 1 ? list.run() : std::nullopt;
+  if (run) {
+    first_ = run->first;
+    distance_ = run->first.field->stride;
+    return;
+  }
+  const FieldInfo* const record = list.field();
+  const auto spacing = list.spacing();
+  const bool isMember = toValue.size() == 2 && toValue[1].to == Step::To::Part && spacing && record != nullptr &&
+                        record->type == ScalarType::Record && list.sample().kind() == DataNode::Kind::Record;
+  if (!isMember) return;
+  const FieldInfo& member = record->members[toValue[1].index];
+  if (member.rank != 0 || member.type == ScalarType::Record) return;
+  first_ = FieldElement{&member, spacing->offset + member.offset};
+  distance_ = spacing->distance;
 }
 
 /// Collects the fields of a block's data.

@@ -111,6 +111,7 @@ class VELK_EXPORT ValueField {
   /// Returns the steps up to a row or column, or all if there is none, and the others.
   std::pair<Steps, Steps> splitAt(Step::To to) const;
   void findRows();
+  void findFirst(const DataNode& list, Steps toValue);
 
   DataNode start_;
   std::size_t blockSize_;
@@ -119,7 +120,8 @@ class VELK_EXPORT ValueField {
   std::string plainPath_{};  ///< without any index
   unsigned rank_ = 0;
   std::size_t rows_ = 1;
-  std::optional<FieldElement> first_{};  ///< of a list of values that are stored one after another
+  std::optional<FieldElement> first_{};  ///< of a list of values that are stored at equal distances
+  std::size_t distance_ = 0;             ///< bytes from one of these to the next
   std::vector<FieldAxis> axes_{};
   std::optional<std::string> text_{};
 };
