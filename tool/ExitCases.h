@@ -27,7 +27,7 @@ inline constexpr ExitMeaning exitCases[] = {
     {Exit::Usage, "--offset is past the end of an image"},
     {Exit::Usage, "the output would overwrite an input"},
     {Exit::Usage, "set: the field does not exist, or cannot have the value; nothing is changed"},
-    {Exit::Usage, "copy, remove: the end block, or an id with another layout; nothing is changed"},
+    {Exit::Usage, "add, copy, remove: the end block, or an id with another layout; nothing is changed"},
     {Exit::Usage, "export: several tables would go to one CSV output"},
     {Exit::Usage, "table: blocks of the id have no text form that can be read back"},
     {Exit::NoAccess, "a file or folder cannot be read; the others are still read"},

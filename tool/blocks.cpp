@@ -76,6 +76,11 @@ std::optional<std::uint64_t> firstEnd(const Velk::MemoryImage& image) {
   return std::nullopt;
 }
 
+/// Refuses to remove the end block, or to add one: it would hide the blocks after it.
+std::nullopt_t refuseEnd(Session& session, const std::string& file, const BlockView& block, const std::string& done) {
+  return refuseChange(session, file, placeText(block) + ": the end block cannot be " + done, Exit::Usage);
+}
+
 struct AddOptions {
   std::string from{};
   std::vector<Velk::BlockPattern> before{};
@@ -112,6 +117,7 @@ void runAdd(Session& session, const Inputs& inputs, const Selection& selection, 
     if (!source.file.error.empty()) return std::nullopt;
     const auto block = chooseBlock(session, source, selection, Unsound::Refused);
     if (!block) return std::nullopt;
+    if (block->kind == Velk::BlockKind::End) return refuseEnd(session, source.name, *block, "added");
     return addBlock(session, input, *block, bytesOf(*block), options);
   });
 }
@@ -145,9 +151,7 @@ void runRemove(Session& session, const Inputs& inputs, const Selection& selectio
   BlockEditor(session, inputs, output).run({}, [&](const Input& input) -> std::optional<BlockChange> {
     const auto block = chooseBlock(session, input, selection, force ? Unsound::Taken : Unsound::NeedsForce);
     if (!block) return std::nullopt;
-    if (block->kind == Velk::BlockKind::End) {
-      return refuseChange(session, input.name, placeText(*block) + ": the end block cannot be removed", Exit::Usage);
-    }
+    if (block->kind == Velk::BlockKind::End) return refuseEnd(session, input.name, *block, "removed");
     return BlockChange{removeBlock(input.image, *block),
                        lineOf(*block, "removed at offset " + offsetText(block->offset))};
   });

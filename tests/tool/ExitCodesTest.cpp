@@ -40,7 +40,7 @@ const std::map<std::string, std::vector<const char*>> scripts = {
      {"$velk remove in.bin --id 77 --in-place", "$velk remove in.bin --id 'IDENT_*' --in-place",
       "$velk add in.bin --from damaged.bin --id 2 --in-place",
       "head -c 114 in.bin >full.bin; $velk copy full.bin --id 2 --as 3 --in-place"}},
-    {"copy, remove: the end block, or an id with another layout; nothing is changed",
+    {"add, copy, remove: the end block, or an id with another layout; nothing is changed",
      {"$velk remove in.bin --id END --in-place", "$velk copy in.bin --id 2 --as 200 --in-place"}},
     {"set: the block is missing or is one of several; nothing is changed",
      {"$velk set in.bin --id 77 a=1 --in-place",
